@@ -1,0 +1,26 @@
+# melodario_test(name SOURCES file... LINKS target... [GUI] [TIMEOUT seconds])
+# One executable per test source. Every test runs on the offscreen platform with a screen wide
+# enough for the main form, one scale, one font resolution and one time zone.
+set(MELODARIO_TEST_SCREEN "${PROJECT_SOURCE_DIR}/tests/support/1366.json")
+
+function(melodario_test name)
+    cmake_parse_arguments(T "GUI" "TIMEOUT" "SOURCES;LINKS;DEFINITIONS" ${ARGN})
+    if(NOT T_SOURCES)
+        set(T_SOURCES ${name}.cpp)
+    endif()
+    add_executable(${name} ${T_SOURCES})
+    target_link_libraries(${name} PRIVATE ${T_LINKS} Qt6::Test melodario_flags)
+    target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+    target_compile_definitions(${name} PRIVATE
+        MELODARIO_SOURCE_DIR="${PROJECT_SOURCE_DIR}" ${T_DEFINITIONS})
+    add_test(NAME ${name} COMMAND ${name})
+    set(env "QT_QPA_PLATFORM=offscreen:configfile=${MELODARIO_TEST_SCREEN}" LC_ALL=C.UTF-8 TZ=UTC
+            QT_SCALE_FACTOR=1 QT_FONT_DPI=96)
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT "${env}")
+    if(T_GUI)
+        set_tests_properties(${name} PROPERTIES LABELS gui)
+    endif()
+    if(T_TIMEOUT)
+        set_tests_properties(${name} PROPERTIES TIMEOUT ${T_TIMEOUT})
+    endif()
+endfunction()

@@ -1,0 +1,1 @@
+#include "chords/Cifra.h"

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "store/Value.h"
+
+#include <QStringList>
+
+#include <memory>
+
+/// The rows of one query, all fetched when it ran (a client-side cursor), and a current row.
+/// A statement that is no query gives a closed recordset. Copies share the rows; each has its own
+/// current row.
+class Recordset
+{
+public:
+    /// The fetched rows; positions of rows and columns count from 0.
+    class Rows;
+
+    /// A closed recordset: any use but IsOpen() is error 3704.
+    Recordset() = default;
+    explicit Recordset(std::shared_ptr<const Rows> rows);
+
+    bool IsOpen() const noexcept { return m_rows != nullptr; }
+
+    /// @return true when there is no current row (behind the last, or no rows at all).
+    /// @throws RuntimeError ObjectClosed
+    bool Eof() const;
+
+    /// @throws RuntimeError ObjectClosed; NoCurrentRecord when already behind the last row
+    void MoveNext();
+
+    /// @return the exact number of rows. @throws RuntimeError ObjectClosed
+    int RecordCount() const;
+
+    /// @param name  a column's name; letter case is ignored
+    /// @throws RuntimeError ObjectClosed, ItemNotFound, NoCurrentRecord
+    Value Fields(QStringView name) const;
+
+    /// @param position  a column's position from 0
+    /// @throws RuntimeError ObjectClosed, ItemNotFound, NoCurrentRecord
+    Value Fields(int position) const;
+
+    /// @return the columns' names in their order. @throws RuntimeError ObjectClosed
+    QStringList FieldNames() const;
+
+    /// @throws RuntimeError ObjectClosed
+    void Close();
+
+private:
+    const Rows& Open() const;
+
+    std::shared_ptr<const Rows> m_rows;
+    int m_row = 0;
+};
