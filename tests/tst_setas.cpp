@@ -1,0 +1,140 @@
+// The arrows of the house: which room may include which, read from the include lines themselves.
+
+#include <QDirIterator>
+#include <QFile>
+#include <QHash>
+#include <QRegularExpression>
+#include <QTest>
+
+namespace {
+
+const QString Source = QStringLiteral(MELODARIO_SOURCE_DIR "/src/");
+
+/// The rooms that each room may include, besides itself.
+const QHash<QString, QStringList>& Arrows()
+{
+    static const QHash<QString, QStringList> arrows = {
+        {u"runtime"_qs, {}},
+        {u"artwork"_qs, {}},
+        {u"chords"_qs, {u"runtime"_qs}},
+        {u"store"_qs, {u"runtime"_qs}},
+        {u"controls"_qs, {u"runtime"_qs, u"store"_qs, u"chords"_qs}},
+        {u"viewer"_qs, {u"runtime"_qs, u"store"_qs, u"chords"_qs, u"controls"_qs}},
+        {u"exchange"_qs, {u"runtime"_qs, u"store"_qs, u"chords"_qs, u"controls"_qs}},
+        {u"main"_qs,
+         {u"runtime"_qs, u"store"_qs, u"chords"_qs, u"controls"_qs, u"viewer"_qs, u"exchange"_qs}},
+        {u"app"_qs, {u"runtime"_qs, u"store"_qs, u"controls"_qs, u"main"_qs}},
+        {u"tools"_qs, {u"runtime"_qs, u"store"_qs, u"chords"_qs}},
+    };
+    return arrows;
+}
+
+struct Include
+{
+    QString file; ///< below src/
+    QString room; ///< of the file
+    QString name; ///< as written
+    bool quoted = false;
+};
+
+QList<Include> Includes()
+{
+    static const QRegularExpression line(QStringLiteral(R"(^\s*#\s*include\s*([<"])([^>"]+))"),
+                                         QRegularExpression::MultilineOption);
+    QList<Include> includes;
+    QDirIterator files(Source, {u"*.h"_qs, u"*.cpp"_qs}, QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        QFile file(files.next());
+        if (!file.open(QIODevice::ReadOnly))
+            continue;
+        const QString path = file.fileName().mid(Source.size());
+        auto matches = line.globalMatch(QString::fromUtf8(file.readAll()));
+        while (matches.hasNext()) {
+            const auto match = matches.next();
+            includes.append(
+                {path, path.section(u'/', 0, 0), match.captured(2), match.captured(1) == u"\""});
+        }
+    }
+    return includes;
+}
+
+} // namespace
+
+class tst_setas : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void everyRoomIsKnown();
+    void noArrowPointsUpward();
+    void enginesSeeNoWidget();
+    void nothingUsesTheSystemDirectly();
+    void noFileIsTooLong();
+};
+
+void tst_setas::everyRoomIsKnown()
+{
+    const QList<Include> includes = Includes();
+    QVERIFY(includes.size() > 50); // else the files were not found and nothing below can fail
+    for (const Include& include : includes)
+        QVERIFY2(Arrows().contains(include.room), qPrintable(include.file));
+}
+
+void tst_setas::noArrowPointsUpward()
+{
+    QStringList wrong;
+    for (const Include& include : Includes()) {
+        const QString target = include.name.section(u'/', 0, 0);
+        if (include.quoted && include.name.contains(u'/') && Arrows().contains(target) &&
+            target != include.room && !Arrows().value(include.room).contains(target))
+            wrong += include.file + u" -> " + include.name;
+    }
+    QCOMPARE(wrong, QStringList());
+}
+
+void tst_setas::enginesSeeNoWidget()
+{
+    static const QRegularExpression visual(QStringLiteral(
+        "^(QtGui|QtWidgets|QtSvg)/|^Q(Widget|Application|GuiApplication|Painter|Font|"
+        "Color|Image|Pixmap|Icon|TextEdit|TextDocument|TextCursor|Palette|Screen|"
+        "Dialog|MessageBox|AbstractItemView|Style|Window)$"));
+    QStringList wrong;
+    for (const Include& include : Includes()) {
+        const bool engine =
+            include.room == u"runtime" || include.room == u"chords" || include.room == u"store";
+        if (engine && visual.match(include.name).hasMatch())
+            wrong += include.file + u" -> " + include.name;
+    }
+    QCOMPARE(wrong, QStringList());
+}
+
+void tst_setas::nothingUsesTheSystemDirectly()
+{
+    static const QRegularExpression system(
+        QStringLiteral("^(unistd|fcntl|dlfcn|pwd|signal|pthread|dirent|termios|poll|windows)\\.h$|^"
+                       "(sys|X11|xcb)/"));
+    QStringList wrong;
+    for (const Include& include : Includes()) {
+        if (system.match(include.name).hasMatch())
+            wrong += include.file + u" -> " + include.name;
+    }
+    QCOMPARE(wrong, QStringList());
+}
+
+void tst_setas::noFileIsTooLong()
+{
+    constexpr qsizetype MostLines = 600;
+    QStringList wrong;
+    QDirIterator files(Source, {u"*.h"_qs, u"*.cpp"_qs}, QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        QFile file(files.next());
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const qsizetype lines = file.readAll().count('\n');
+        if (lines > MostLines)
+            wrong += QStringLiteral("%1: %2 lines").arg(file.fileName()).arg(lines);
+    }
+    QCOMPARE(wrong, QStringList());
+}
+
+QTEST_APPLESS_MAIN(tst_setas)
+#include "tst_setas.moc"
