@@ -1,0 +1,126 @@
+#pragma once
+
+#include <QWidget>
+
+#include <array>
+#include <cstdint>
+#include <memory>
+
+class QTimer;
+class RichTextBox;
+
+namespace Ui {
+class frmVisualizar;
+}
+
+/// The viewer: one song as a chord sheet over the whole screen. Every opening makes a new one with
+/// new, shows it with Show() and forgets it: a viewer belongs to nobody and deletes itself when it
+/// is closed. Several live side by side, each with its own state; only the note arrays, the
+/// statement buffer and the connection are shared.
+///
+/// The procedures keep the names that the rest of the program knows them by. Those that end in
+/// Atualiza_Musica stop the automatic scrolling and put the sheet back to its top.
+class frmVisualizar : public QWidget
+{
+    Q_OBJECT
+
+public:
+    frmVisualizar();
+    ~frmVisualizar() override;
+
+    /// MUSICA.ID of the song to show; 0 when a setlist is opened. Setting it loads nothing.
+    double ID_Musica = 0;
+    /// LISTA.ID of the setlist to play; 0 when a single song is opened. Setting it loads nothing.
+    double ID_Lista = 0;
+
+    /// Loads what the two variables name and shows the form, modeless and without an owner.
+    /// Reads MUSICA, TOM, TEMA and TEMA_MUSICA.
+    /// @throws RuntimeError when loading fails; the form then deletes itself and is never seen
+    void Show();
+
+    // The song and its header.
+    void Carrega_Musica();
+    void Cabecalho_Musica();
+
+    /// The render cycle. @param versao  1, or any other value for version 2
+    void Atualiza_Musica(std::int16_t versao);
+
+    // Key: Deslocamento runs from -12 to 12 semitones, and past either end goes on at 1 or -1.
+    void Sobe_Tom();
+    void Desce_Tom();
+    void Reseta_Tom();
+
+    // Font: Ajuste_Fonte runs from -20 to 16 half points in steps of 4.
+    void Aumenta_Fonte();
+    void Diminui_Fonte();
+
+    void Mostra_Cifra();
+    void Muda_Versao();
+
+    /// Puts the shown version's plain text on the clipboard and says so. No button calls it.
+    void Copia_Musica();
+
+    /// @param inicia  true starts the automatic scrolling, false stops it
+    void Auto_Rolagem(bool inicia = false);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    // Loading and layout.
+    void Form_Load();
+    void Confugura_Posicao();
+    void Posiciona_Faixa();
+    void Posiciona_Moldura();
+    void Posiciona_Linhas();
+    void Carrega_Tons();
+    void Liga_Eventos();
+    RichTextBox& Caixa(std::int16_t versao) const;
+
+    /// Keys reach the form before any control. @return true when the key goes no further
+    bool Form_KeyDown(int tecla, Qt::KeyboardModifiers modificadores);
+    void cmdFechar_Click();
+    void cmdMinimizar_Click();
+
+    // Moving through the song list.
+    void Carrega_Musicas_Lista(int indice);
+    void Proxima_Musica();
+    void Musica_Anterior();
+    void Mostra_Proximo_Anterior();
+    void cmbLista_Click();
+
+    // Scrolling and play count.
+    double Sobe_Rolagem(double quantidade);
+    double Desce_Rolagem(double quantidade);
+    void TimerRolagem_Timer();
+    void tmrContador_Timer();
+    void Conta_Musica(double id);
+
+    // Editing in place.
+    void Muda_Status_Edicao(bool editar);
+    void Descartar_Edicao();
+    bool Salvar();
+    void cmdEditar_Click();
+    void cmdSalvar_Click();
+    void cmdDescartar_Click();
+
+    std::unique_ptr<Ui::frmVisualizar> ui;
+    QTimer* TimerRolagem;
+    QTimer* tmrContador;
+
+    QString Titulo;
+    QString Referencia;
+    std::array<QString, 3> Musica; ///< 1 and 2: the two versions as loaded
+    QString Tom;
+    QString Variacao;
+    QString Temas;
+    std::int16_t Tom_Base = 0;       ///< index 1 to 12 of the stored key; 0 for an unknown one
+    std::int16_t Tom_Atual = 0;      ///< index of the key that is displayed
+    std::int16_t Deslocamento = 0;   ///< semitones, -12 to 12
+    std::int16_t Ajuste_Fonte = 0;   ///< half points, -20 to 16
+    bool Exibe_Cifras = true;        ///< false leaves the chord lines out
+    std::int16_t Versao = 2;         ///< 1 or 2
+    bool Editando = false;           ///< edit mode
+    std::array<double, 3> Posicao{}; ///< 1 and 2: scroll position of either box, in pixels
+    std::int16_t Contagem = 0;       ///< seconds left before the play is counted
+};
