@@ -1,15 +1,30 @@
 #include "controls/Dialogs.h"
 
-#include "store/Connection.h"
+#include "controls/Handler.h"
 
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
+#include <QPointer>
 
 #include <utility>
 
 namespace {
 
-const auto Titulo = QStringLiteral("Melodario");
+QString Titulo()
+{
+    return QStringLiteral("Melodario");
+}
+
+/// Runs a box. It may be destroyed with its parent while it stands open: a viewer that is closed
+/// takes its boxes along.
+/// @return its result; Rejected when it was destroyed
+template <typename Box>
+int Execute(const QPointer<Box>& box)
+{
+    const int result = box->exec();
+    return box ? result : int{QDialog::Rejected};
+}
 
 QMessageBox::Icon IconOf(Icone icon)
 {
@@ -33,32 +48,59 @@ class RealDialogs final : public Dialogs
 public:
     void Message(QWidget* parent, const QString& text, Icone icon, const QString& title) override
     {
-        QMessageBox box(IconOf(icon), title, text, QMessageBox::Ok, parent);
-        box.setTextFormat(Qt::PlainText);
-        box.exec();
+        const QPointer<QMessageBox> box = NewBox(parent, text, icon, title);
+        box->setStandardButtons(QMessageBox::Ok);
+        Execute(box);
+        delete box;
     }
 
     bool Question(QWidget* parent, const QString& text, const QString& title) override
     {
-        QMessageBox box(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No,
-                        parent);
-        box.setTextFormat(Qt::PlainText);
-        box.setDefaultButton(QMessageBox::Yes);
-        box.setEscapeButton(QMessageBox::No);
-        return box.exec() == QMessageBox::Yes;
+        const QPointer<QMessageBox> box = NewBox(parent, text, Icone::Pergunta, title);
+        box->setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+        box->setDefaultButton(QMessageBox::Yes);
+        box->setEscapeButton(QMessageBox::No);
+        const bool yes = Execute(box) == QMessageBox::Yes;
+        delete box;
+        return yes;
     }
 
     QString Input(QWidget* parent, const QString& prompt, const QString& title,
                   const QString& initial, std::optional<QPoint> corner) override
     {
-        QInputDialog box(parent);
-        box.setInputMode(QInputDialog::TextInput);
-        box.setWindowTitle(title);
-        box.setLabelText(prompt);
-        box.setTextValue(initial);
+        const QPointer<QInputDialog> box = new QInputDialog(parent);
+        box->setInputMode(QInputDialog::TextInput);
+        box->setWindowTitle(title);
+        box->setLabelText(prompt);
+        box->setTextValue(initial);
+        const auto labels = box->findChildren<QLabel*>();
+        for (QLabel* label : labels) {
+            label->setTextFormat(Qt::PlainText);
+            label->setWordWrap(true);
+            label->setMinimumWidth(InputWidth);
+        }
         if (corner)
-            box.move(*corner);
-        return box.exec() == QDialog::Accepted ? box.textValue() : QString();
+            box->move(*corner);
+        QString answer;
+        if (Execute(box) == QDialog::Accepted)
+            answer = box->textValue();
+        delete box;
+        return answer;
+    }
+
+private:
+    /// A long prompt wraps at this width in pixels, and a path has room to be read.
+    static constexpr int InputWidth = 440;
+
+    static QMessageBox* NewBox(QWidget* parent, const QString& text, Icone icon,
+                               const QString& title)
+    {
+        auto* box = new QMessageBox(parent);
+        box->setTextFormat(Qt::PlainText);
+        box->setIcon(IconOf(icon));
+        box->setWindowTitle(title);
+        box->setText(text);
+        return box;
     }
 };
 
@@ -81,20 +123,20 @@ namespace Funcoes {
 
 void Mostra_Mensagem(QWidget* parent, const QString& texto, Icone icone)
 {
-    Conexao.CommitBatch();
-    CurrentDialogs().Message(parent, texto, icone, Titulo);
+    const ModalScope scope;
+    CurrentDialogs().Message(parent, texto, icone, Titulo());
 }
 
 bool Pergunta(QWidget* parent, const QString& texto)
 {
-    Conexao.CommitBatch();
-    return CurrentDialogs().Question(parent, texto, Titulo);
+    const ModalScope scope;
+    return CurrentDialogs().Question(parent, texto, Titulo());
 }
 
 QString Caixa_Entrada(QWidget* parent, const QString& pedido, const QString& titulo,
                       const QString& inicial, std::optional<QPoint> canto)
 {
-    Conexao.CommitBatch();
+    const ModalScope scope;
     return CurrentDialogs().Input(parent, pedido, titulo, inicial, canto);
 }
 

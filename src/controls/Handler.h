@@ -5,17 +5,19 @@
 #include <functional>
 #include <memory>
 #include <optional>
-
-class RuntimeError;
+#include <tuple>
+#include <type_traits>
+#include <utility>
 
 /// The general error path. A handler runs inside RunHandler: an exception ends it with one message
 /// box and never crosses a Qt signal; what it changed in the catalogue is committed when the
 /// outermost handler ends, also after an error (what ran stays done).
 ///
 /// While a box of the general error path is open, further errors of the same number end their
-/// handlers silently.
+/// handlers silently. Only what derives from std::exception is an error: anything else that is
+/// thrown is meant for whoever started the handler and passes.
 ///
-/// @return true when the handler ran to its end
+/// @return true when the handler ran to its end and nothing of it failed to be committed
 bool RunHandler(const std::function<void()>& handler);
 
 /// Remembers what an unattended handler (a timer's tick, a text's change: nobody calls it on
@@ -27,16 +29,73 @@ public:
     bool Run(const std::function<void()>& handler);
 
 private:
-    std::optional<int> m_shown;
+    // Shared with a run in progress: its handler may close the form that this belongs to.
+    std::shared_ptr<std::optional<int>> m_shown = std::make_shared<std::optional<int>>();
 };
 
+/// Lives as long as a modal box or form runs its own event loop inside a handler. The changes so
+/// far are committed when it begins, and handlers that run meanwhile count as outermost: a box that
+/// stands open for an hour must not keep their changes in the air.
+class ModalScope
+{
+public:
+    /// @throws RuntimeError StoreFailure when the commit fails
+    ModalScope();
+    ~ModalScope();
+    ModalScope(const ModalScope&) = delete;
+    ModalScope& operator=(const ModalScope&) = delete;
+
+private:
+    int m_depth;
+};
+
+namespace HandlerDetail {
+
+/// Calls handler with the first Count of args, or with as many fewer as it takes.
+template <std::size_t Count, typename Handler, typename Context, typename Args>
+void Call(Handler& handler, Context* context, Args& args)
+{
+    const auto withFirst = [&]<std::size_t... I>(std::index_sequence<I...>)
+    {
+        if constexpr (std::is_invocable_v<Handler&, std::tuple_element_t<I, Args>...>)
+            std::invoke(handler, std::get<I>(args)...);
+        else if constexpr (std::is_invocable_v<Handler&, Context*,
+                                               std::tuple_element_t<I, Args>...>)
+            std::invoke(handler, context, std::get<I>(args)...);
+        else {
+            static_assert(Count > 0, "the handler takes other arguments than the signal gives");
+            if constexpr (Count > 0)
+                Call<Count - 1>(handler, context, args);
+        }
+    };
+    withFirst(std::make_index_sequence<Count>{});
+}
+
+} // namespace HandlerDetail
+
 /// Connects a signal to a handler that somebody calls on purpose: a button, a menu entry, a key.
-/// The handler may take fewer arguments than the signal gives.
+/// The handler is anything that can be called or a member function of context. It may take fewer
+/// arguments than the signal gives.
 template <typename Sender, typename Signal, typename Context, typename Handler>
 QMetaObject::Connection ConnectHandler(const Sender* sender, Signal signal, Context* context,
-                                       Handler handler);
+                                       Handler handler)
+{
+    return QObject::connect(
+        sender, signal, context, [context, handler](const auto&... args) mutable -> void {
+            auto all = std::tie(args...);
+            RunHandler([&] { HandlerDetail::Call<sizeof...(args)>(handler, context, all); });
+        });
+}
 
 /// Connects a signal to an unattended handler.
 template <typename Sender, typename Signal, typename Context, typename Handler>
 QMetaObject::Connection ConnectUnattended(const Sender* sender, Signal signal, Context* context,
-                                          Handler handler);
+                                          Handler handler)
+{
+    return QObject::connect(
+        sender, signal, context,
+        [context, handler, unattended = Unattended()](const auto&... args) mutable -> void {
+            auto all = std::tie(args...);
+            unattended.Run([&] { HandlerDetail::Call<sizeof...(args)>(handler, context, all); });
+        });
+}

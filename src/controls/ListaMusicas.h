@@ -1,0 +1,93 @@
+#pragma once
+
+#include "controls/Handler.h"
+#include "controls/ModeloMusicas.h"
+
+#include <QTreeView>
+
+#include <array>
+#include <optional>
+
+/// A list of songs: report view with the columns "Título", "Referência" and "Temas", or a plain
+/// list of the titles. Several rows can be selected; a row's tag is the song's ID as text
+/// (Qt::UserRole of column 0). Rows come in the order of the query until Ordena_Por sorts them; the
+/// next fill shows its query's order again.
+class ListaMusicas : public QTreeView
+{
+    Q_OBJECT
+    /// ListView or ReportView.
+    Q_PROPERTY(int View READ View WRITE SetView)
+
+public:
+    enum Vista { ListView = 2, ReportView = 3 };
+
+    explicit ListaMusicas(QWidget* parent = nullptr);
+
+    int View() const noexcept { return m_vista; }
+    void SetView(int vista);
+
+    /// Announces a fill; fills announced earlier are overtaken by it.
+    /// @return the number to ask Vale with
+    quint64 Anuncia_Preenchimento() noexcept { return ++m_vez; }
+
+    /// @return true while no later fill was announced.
+    bool Vale(quint64 vez) const noexcept { return vez == m_vez; }
+
+    void Limpa() { Preenche({}); }
+
+    /// Replaces all rows; nothing is selected afterwards.
+    void Preenche(std::vector<LinhaMusica> linhas);
+
+    int ListCount() const;
+
+    /// @param linha  position from 0 in the order shown
+    /// @return the song's ID
+    qint64 Tag(int linha) const;
+
+    /// @return the ID of the selected row: the current one, or else the first of those selected;
+    ///         nothing when no row is selected
+    std::optional<qint64> Item_Selecionado() const;
+
+    /// @return the IDs of all selected rows in the order shown.
+    QList<qint64> Itens_Selecionados() const;
+
+    /// Turns the direction round (it is ascending at first, so the first call sorts descending) and
+    /// sorts by the texts of a column. @param coluna  position from 0
+    void Ordena_Por(int coluna);
+
+signals:
+    /// The left button, twice, on a row.
+    void DblClick();
+    /// Enter or Delete, once however long it is held. @param tecla  a Qt::Key
+    void KeyDown(int tecla);
+    /// The right button was released, or the menu key pressed; the row under the pointer is
+    /// selected.
+    void BotaoDireito();
+    /// A column header was clicked. @param coluna  position from 0
+    void ColumnClick(int coluna);
+
+protected:
+    void keyPressEvent(QKeyEvent* evento) override;
+    void mousePressEvent(QMouseEvent* evento) override;
+    void mouseReleaseEvent(QMouseEvent* evento) override;
+    void mouseDoubleClickEvent(QMouseEvent* evento) override;
+    void contextMenuEvent(QContextMenuEvent* evento) override;
+    void resizeEvent(QResizeEvent* evento) override;
+    bool viewportEvent(QEvent* evento) override;
+
+private:
+    void Arruma_Cabecalho();
+    void Reparte_Colunas();
+    void Guarda_Proporcao(int coluna, int largura);
+    void Relata_Falha(int numero, const QString& oQueFalhou, const QString& descricao);
+
+    ModeloMusicas* m_modelo;
+    Unattended m_leituraTemas;
+    Vista m_vista = ReportView;
+    Qt::SortOrder m_direcao = Qt::AscendingOrder;
+    quint64 m_vez = 0;
+    /// Shares of the width that "Título" and "Referência" take; "Temas" takes the rest.
+    std::array<double, 2> m_proporcoes{0.42, 0.29};
+    bool m_repartindo = false;
+    bool m_ordenando = false;
+};
