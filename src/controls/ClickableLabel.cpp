@@ -1,0 +1,76 @@
+#include "controls/ClickableLabel.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QStyleOptionFocusRect>
+#include <QStylePainter>
+
+#include <utility>
+
+ClickableLabel::ClickableLabel(QWidget* parent)
+    : ClickableLabel(QString(), parent)
+{
+}
+
+ClickableLabel::ClickableLabel(const QString& text, QWidget* parent)
+    : QLabel(text, parent)
+{
+    setTextFormat(Qt::PlainText);
+    setCursor(Qt::PointingHandCursor);
+}
+
+bool ClickableLabel::keyboardReachable() const
+{
+    return focusPolicy() != Qt::NoFocus;
+}
+
+void ClickableLabel::setKeyboardReachable(bool reachable)
+{
+    setFocusPolicy(reachable ? Qt::TabFocus : Qt::NoFocus);
+}
+
+void ClickableLabel::mousePressEvent(QMouseEvent* event)
+{
+    m_pressed = event->button() == Qt::LeftButton;
+    event->accept();
+}
+
+void ClickableLabel::mouseReleaseEvent(QMouseEvent* event)
+{
+    const bool pressed = std::exchange(m_pressed, false);
+    if (pressed && event->button() == Qt::LeftButton &&
+        rect().contains(event->position().toPoint()))
+        emit clicked();
+}
+
+void ClickableLabel::keyPressEvent(QKeyEvent* event)
+{
+    const int key = event->key();
+    if (keyboardReachable() &&
+        (key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter))
+        emit clicked();
+    else
+        QLabel::keyPressEvent(event);
+}
+
+void ClickableLabel::paintEvent(QPaintEvent* event)
+{
+    QLabel::paintEvent(event);
+    if (!hasFocus())
+        return;
+    QStylePainter painter(this);
+    QStyleOptionFocusRect option;
+    option.initFrom(this);
+    painter.drawPrimitive(QStyle::PE_FrameFocusRect, option);
+}
+
+void ClickableLabel::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::EnabledChange) {
+        if (isEnabled())
+            setCursor(Qt::PointingHandCursor);
+        else
+            unsetCursor();
+    }
+    QLabel::changeEvent(event);
+}

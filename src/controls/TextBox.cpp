@@ -1,0 +1,35 @@
+#include "controls/TextBox.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+TextBox::TextBox(QWidget* parent)
+    : QLineEdit(parent)
+{
+    connect(this, &QLineEdit::textChanged, this, [this] { emit Change(); });
+}
+
+void TextBox::keyPressEvent(QKeyEvent* event)
+{
+    emit KeyDown(event->key() == Qt::Key_Enter ? int{Qt::Key_Return} : event->key());
+    QLineEdit::keyPressEvent(event);
+}
+
+void TextBox::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    QLineEdit::mouseDoubleClickEvent(event);
+    if (event->button() == Qt::LeftButton)
+        emit DblClick();
+}
+
+void TextBox::focusInEvent(QFocusEvent* event)
+{
+    QLineEdit::focusInEvent(event);
+    emit GotFocus();
+}
+
+void TextBox::focusOutEvent(QFocusEvent* event)
+{
+    QLineEdit::focusOutEvent(event);
+    emit LostFocus();
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QLineEdit>
+
+/// A one-line text box with the events that forms react to.
+class TextBox : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    explicit TextBox(QWidget* parent = nullptr);
+
+signals:
+    /// The text changed, by typing or by code.
+    void Change();
+    void DblClick();
+    /// Before the box looks at the key. @param key  a Qt::Key; the keypad's Enter is Key_Return too
+    void KeyDown(int key);
+    void GotFocus();
+    void LostFocus();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+};
