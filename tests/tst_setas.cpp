@@ -18,12 +18,13 @@ const QHash<QString, QStringList>& Arrows()
         {u"artwork"_qs, {}},
         {u"chords"_qs, {u"runtime"_qs}},
         {u"store"_qs, {u"runtime"_qs}},
-        {u"controls"_qs, {u"runtime"_qs, u"store"_qs, u"chords"_qs}},
-        {u"viewer"_qs, {u"runtime"_qs, u"store"_qs, u"chords"_qs, u"controls"_qs}},
-        {u"exchange"_qs, {u"runtime"_qs, u"store"_qs, u"chords"_qs, u"controls"_qs}},
+        {u"controls"_qs, {u"runtime"_qs, u"artwork"_qs, u"store"_qs, u"chords"_qs}},
+        {u"viewer"_qs, {u"runtime"_qs, u"artwork"_qs, u"store"_qs, u"chords"_qs, u"controls"_qs}},
+        {u"exchange"_qs, {u"runtime"_qs, u"artwork"_qs, u"store"_qs, u"chords"_qs, u"controls"_qs}},
         {u"main"_qs,
-         {u"runtime"_qs, u"store"_qs, u"chords"_qs, u"controls"_qs, u"viewer"_qs, u"exchange"_qs}},
-        {u"app"_qs, {u"runtime"_qs, u"store"_qs, u"controls"_qs, u"main"_qs}},
+         {u"runtime"_qs, u"artwork"_qs, u"store"_qs, u"chords"_qs, u"controls"_qs, u"viewer"_qs,
+          u"exchange"_qs}},
+        {u"app"_qs, {u"runtime"_qs, u"artwork"_qs, u"store"_qs, u"controls"_qs, u"main"_qs}},
         {u"tools"_qs, {u"runtime"_qs, u"store"_qs, u"chords"_qs}},
     };
     return arrows;
