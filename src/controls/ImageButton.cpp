@@ -108,7 +108,7 @@ QPixmap ImageButton::Draw(bool available)
 
 void ImageButton::paintEvent(QPaintEvent*)
 {
-    const bool available = isEnabled() && !m_inert;
+    const bool available = isEnabled();
     const QSize needed = (QSizeF(size()) * devicePixelRatioF()).toSize();
     if (m_drawn.size() != needed || m_drawnAvailable != available) {
         m_drawn = Draw(available);
@@ -116,7 +116,7 @@ void ImageButton::paintEvent(QPaintEvent*)
     }
 
     QStylePainter painter(this);
-    if (available && underMouse()) {
+    if (available && !m_inert && underMouse()) {
         QColor tint = palette().color(QPalette::Highlight);
         tint.setAlpha(HoverAlpha);
         painter.setRenderHint(QPainter::Antialiasing);

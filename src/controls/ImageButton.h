@@ -21,8 +21,9 @@ public:
     void setImage(const QString& path);
 
     bool inert() const { return m_inert; }
-    /// An inert image takes the place of a button that means nothing at the moment: it looks
-    /// disabled, takes the clicks that go to its place and does nothing with them.
+    /// An inert image takes the place of a button that means nothing at the moment: it takes the
+    /// clicks that go there and does nothing with them. It is drawn as it is: the artwork has
+    /// pictures of their own for the twins.
     void setInert(bool inert);
 
     bool keyboardReachable() const;
