@@ -34,10 +34,8 @@ QString FirstInstalled(std::initializer_list<QString> families, QFontDatabase::S
 QPalette LightPalette()
 {
     using namespace Appearance;
-    QPalette palette(Text, Window, Surface, Border, MutedText, Scroll, Text, Surface, Surface,
-                     Window);
+    QPalette palette(Text, Header, Surface, StrongBorder, Border, Text, Surface, Surface, Window);
     palette.setColor(QPalette::Midlight, Quiet);
-    palette.setColor(QPalette::Button, Header);
     palette.setColor(QPalette::ButtonText, Text);
     palette.setColor(QPalette::AlternateBase, Window);
     palette.setColor(QPalette::Shadow, StrongBorder);
