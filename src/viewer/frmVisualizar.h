@@ -68,17 +68,30 @@ protected:
 
 private:
     // Loading and layout.
+    void Prepara_Aparencia();
+    void Prepara_Caixas();
+    void Prepara_Teclado();
+    void Liga_Eventos();
     void Form_Load();
     void Confugura_Posicao();
     void Posiciona_Faixa();
+    void Posiciona_Lista();
     void Posiciona_Moldura();
     void Posiciona_Linhas();
     void Carrega_Tons();
-    void Liga_Eventos();
+    void Encurta_Cabecalho();
     RichTextBox& Caixa(std::int16_t versao) const;
 
-    /// Keys reach the form before any control. @return true when the key goes no further
-    bool Form_KeyDown(int tecla, Qt::KeyboardModifiers modificadores);
+    /// @param tecla  a Qt::Key
+    /// @return true when the key goes on to the control that has the focus
+    bool Form_KeyDown(int tecla);
+    void cmdSobe_Click();
+    void cmdDesce_Click();
+    void cmdTomOriginal_Click();
+    void cmdLetra_Click();
+    void cmdAumentaFonte_Click();
+    void cmdDiminuiFonte_Click();
+    void lblVersao_Click();
     void cmdFechar_Click();
     void cmdMinimizar_Click();
 

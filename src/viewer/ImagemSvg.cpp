@@ -1,0 +1,21 @@
+#include "viewer/ImagemSvg.h"
+
+#include <QPainter>
+
+ImagemSvg::ImagemSvg(QWidget* parent)
+    : QWidget(parent)
+{
+    m_svg.setAspectRatioMode(Qt::IgnoreAspectRatio);
+}
+
+void ImagemSvg::Mostra_Imagem(const QString& caminho)
+{
+    m_svg.load(caminho);
+    update();
+}
+
+void ImagemSvg::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    m_svg.render(&painter, QRectF(rect()));
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QSvgRenderer>
+#include <QWidget>
+
+/// An SVG picture that fills its widget, stretched when the widget has other proportions: a piece
+/// of the frame around the sheet, or what stands in the place of a hidden button. It reacts to
+/// nothing.
+class ImagemSvg : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit ImagemSvg(QWidget* parent = nullptr);
+
+    /// @param caminho  an SVG file, usually a resource
+    void Mostra_Imagem(const QString& caminho);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QSvgRenderer m_svg;
+};

@@ -1,0 +1,104 @@
+#include "viewer/frmVisualizar.h"
+
+#include "controls/Handler.h"
+#include "ui_frmVisualizar.h"
+
+#include <QTimer>
+
+namespace {
+
+constexpr int IntervaloRolagem = 150;   // ms: the automatic scrolling's period at first
+constexpr int IntervaloContador = 1000; // ms
+
+QTimer* Novo_Timer(QWidget* form, const QString& nome, int intervalo)
+{
+    auto* timer = new QTimer(form);
+    timer->setObjectName(nome);
+    timer->setInterval(intervalo);
+    return timer;
+}
+
+} // namespace
+
+frmVisualizar::frmVisualizar()
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint)
+    , ui(std::make_unique<Ui::frmVisualizar>())
+    , TimerRolagem(Novo_Timer(this, u"TimerRolagem"_qs, IntervaloRolagem))
+    , tmrContador(Novo_Timer(this, u"tmrContador"_qs, IntervaloContador))
+{
+    setAttribute(Qt::WA_DeleteOnClose);
+    ui->setupUi(this);
+    TimerRolagem->setProperty("Tag", QString::number(IntervaloRolagem));
+    Prepara_Aparencia();
+    Prepara_Caixas();
+    Prepara_Teclado();
+    Liga_Eventos();
+}
+
+frmVisualizar::~frmVisualizar() = default;
+
+void frmVisualizar::Show()
+{
+    try {
+        Form_Load();
+    } catch (...) {
+        deleteLater();
+        throw;
+    }
+    show();
+}
+
+void frmVisualizar::Form_Load()
+{
+    tmrContador->start();
+    Versao = 2;
+    Confugura_Posicao();
+
+    if (ID_Musica > 0) {
+        ID_Lista = 0;
+        Carrega_Musicas_Lista(0);
+    } else if (ID_Lista > 0) {
+        Carrega_Musicas_Lista(0);
+        if (ui->cmbLista->ListCount() > 0)
+            ID_Musica = static_cast<double>(ui->cmbLista->ItemData(0));
+        Mostra_Proximo_Anterior();
+    }
+
+    Carrega_Musica();
+    Editando = false;
+    Ajuste_Fonte = 0;
+    Deslocamento = 0;
+    Exibe_Cifras = true;
+    Atualiza_Musica(Versao);
+}
+
+void frmVisualizar::Prepara_Caixas()
+{
+    // Outside edit mode the sheet is to be looked at: no caret, no focus, no typing, no selection.
+    for (RichTextBox* caixa : {ui->RichTextBox_1, ui->RichTextBox_2}) {
+        caixa->setTextInteractionFlags(Qt::NoTextInteraction);
+        caixa->setFocusPolicy(Qt::NoFocus);
+        caixa->viewport()->setCursor(Qt::ArrowCursor);
+    }
+}
+
+void frmVisualizar::Liga_Eventos()
+{
+    using Form = frmVisualizar;
+    constexpr auto click = &QAbstractButton::clicked;
+
+    ConnectHandler(ui->cmdSobe, click, this, &Form::cmdSobe_Click);
+    ConnectHandler(ui->cmdDesce, click, this, &Form::cmdDesce_Click);
+    ConnectHandler(ui->cmdTomOriginal, click, this, &Form::cmdTomOriginal_Click);
+    ConnectHandler(ui->cmdLetra, click, this, &Form::cmdLetra_Click);
+    ConnectHandler(ui->cmdAumentaFonte, click, this, &Form::cmdAumentaFonte_Click);
+    ConnectHandler(ui->cmdDiminuiFonte, click, this, &Form::cmdDiminuiFonte_Click);
+    ConnectHandler(ui->lblVersao, &ClickableLabel::clicked, this, &Form::lblVersao_Click);
+    ConnectHandler(ui->cmdFechar, click, this, &Form::cmdFechar_Click);
+    ConnectHandler(ui->cmdMinimizar, click, this, &Form::cmdMinimizar_Click);
+}
+
+RichTextBox& frmVisualizar::Caixa(std::int16_t versao) const
+{
+    return versao == 1 ? *ui->RichTextBox_1 : *ui->RichTextBox_2;
+}
