@@ -1,0 +1,21 @@
+#include "main/PainelCadastro.h"
+
+#include "ui_PainelCadastro.h"
+
+PainelCadastro::PainelCadastro(QWidget* parent)
+    : Painel(parent)
+    , ui(std::make_unique<Ui::PainelCadastro>())
+{
+    ui->setupUi(this);
+}
+
+PainelCadastro::~PainelCadastro() = default;
+
+void PainelCadastro::Inicializa_Cadastro(double /*id*/) {}
+
+void PainelCadastro::cmdExcluir_Click() {}
+
+void PainelCadastro::Foca_Titulo()
+{
+    ui->txtCadTitulo->setFocus();
+}

@@ -1,0 +1,6 @@
+#pragma once
+
+#include <QString>
+
+/// @return the About box's text: the version and the credits, lines separated by CR LF.
+QString Texto_Sobre();
