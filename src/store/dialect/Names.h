@@ -8,7 +8,7 @@ namespace Names {
 inline constexpr char Collation[] = "db_text";
 
 inline constexpr char Like[] = "db_like";       ///< (text, pattern): 1, 0 or NULL
-inline constexpr char Concat[] = "db_concat";   ///< (a, b): joined texts, NULL counts as empty
+inline constexpr char Concat[] = "db_concat";   ///< (a, b, ...): joined texts, NULL is empty
 inline constexpr char Add[] = "db_add";         ///< (a, b): numbers add, texts join, NULL is NULL
 inline constexpr char Cdate[] = "db_cdate";     ///< (text): yyyy-mm-dd, an error for no date
 inline constexpr char Day[] = "db_day";         ///< (date): number without padding, NULL for NULL
