@@ -19,7 +19,6 @@ ImageButton::ImageButton(QWidget* parent)
 {
     setFocusPolicy(Qt::NoFocus);
     setAttribute(Qt::WA_Hover);
-    m_svg.setAspectRatioMode(Qt::KeepAspectRatio);
     Restyle();
 }
 
@@ -29,6 +28,7 @@ void ImageButton::setImage(const QString& path)
         return;
     m_image = path;
     m_svg.load(path);
+    m_svg.setAspectRatioMode(Qt::KeepAspectRatio); // loading forgets it
     m_drawn = QPixmap();
     updateGeometry();
     update();

@@ -107,7 +107,7 @@ int ItemModel::rowCount(const QModelIndex& parent) const
 
 QVariant ItemModel::data(const QModelIndex& index, int role) const
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+    if (!index.isValid() || index.row() >= m_told)
         return {};
     const Item& item = At(index.row());
     if (role == Qt::DisplayRole || role == Qt::EditRole)
@@ -121,7 +121,7 @@ QVariant ItemModel::data(const QModelIndex& index, int role) const
 
 bool ItemModel::setData(const QModelIndex& index, const QVariant& value, int role)
 {
-    if (role != Qt::CheckStateRole || !m_checkable || !checkIndex(index) || !index.isValid())
+    if (role != Qt::CheckStateRole || !m_checkable || !index.isValid())
         return false;
     SetChecked(index.row(), value.toInt() == Qt::Checked);
     return true;

@@ -1,0 +1,122 @@
+#include "controls/Appearance.h"
+
+#include <QApplication>
+#include <QFontMetrics>
+#include <QPalette>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QTest>
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+double Luminance(const QColor& colour)
+{
+    const auto part = [](double value) {
+        return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) +
+           0.0722 * part(colour.blueF());
+}
+
+double Contrast(const QColor& a, const QColor& b)
+{
+    const double lighter = std::max(Luminance(a), Luminance(b));
+    const double darker = std::min(Luminance(a), Luminance(b));
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+} // namespace
+
+class tst_appearance : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void the_style_sheet_has_no_word_left_and_parses();
+    void texts_stand_out_from_their_ground_data();
+    void texts_stand_out_from_their_ground();
+    void a_dark_desktop_palette_does_not_show_through();
+    void plain_and_bold_of_the_sheet_font_are_equally_wide();
+    void a_pushed_button_shows_the_accent();
+};
+
+void tst_appearance::initTestCase()
+{
+    QPalette dark(Qt::white, Qt::black, Qt::white, Qt::black, Qt::gray, Qt::white, Qt::white,
+                  Qt::black, Qt::black);
+    QApplication::setPalette(dark);
+    Appearance::Apply(*qApp);
+}
+
+void tst_appearance::the_style_sheet_has_no_word_left_and_parses()
+{
+    const QString sheet = qApp->styleSheet();
+    QVERIFY(sheet.contains(Appearance::Accent.name()));
+    static const QRegularExpression wordLeft(u": [^;]*@"_s);
+    QVERIFY(!sheet.contains(wordLeft));
+    QTest::failOnWarning(QRegularExpression(u"parse"_s));
+    QPushButton button(u"&Salvar"_s);
+    button.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&button));
+}
+
+void tst_appearance::texts_stand_out_from_their_ground_data()
+{
+    QTest::addColumn<QPalette::ColorRole>("text");
+    QTest::addColumn<QPalette::ColorRole>("ground");
+    QTest::newRow("form") << QPalette::WindowText << QPalette::Window;
+    QTest::newRow("box") << QPalette::Text << QPalette::Base;
+    QTest::newRow("button") << QPalette::ButtonText << QPalette::Button;
+    QTest::newRow("selection") << QPalette::HighlightedText << QPalette::Highlight;
+    QTest::newRow("tool tip") << QPalette::ToolTipText << QPalette::ToolTipBase;
+    QTest::newRow("placeholder") << QPalette::PlaceholderText << QPalette::Base;
+    QTest::newRow("link") << QPalette::Link << QPalette::Base;
+}
+
+void tst_appearance::texts_stand_out_from_their_ground()
+{
+    QFETCH(QPalette::ColorRole, text);
+    QFETCH(QPalette::ColorRole, ground);
+    const QPalette palette = QApplication::palette();
+    for (const auto group : {QPalette::Active, QPalette::Inactive})
+        QVERIFY(Contrast(palette.color(group, text), palette.color(group, ground)) >= 4.5);
+}
+
+void tst_appearance::a_dark_desktop_palette_does_not_show_through()
+{
+    const QPalette palette = QApplication::palette();
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        QVERIFY(palette.color(group, QPalette::Window).lightness() > 200);
+        QVERIFY(palette.color(group, QPalette::Base).lightness() > 200);
+        QVERIFY(palette.color(group, QPalette::Text).lightness() < 160);
+    }
+}
+
+void tst_appearance::plain_and_bold_of_the_sheet_font_are_equally_wide()
+{
+    QFont plain(Appearance::MonospacedFamily(), 17);
+    QFont bold = plain;
+    bold.setBold(true);
+    const QString line = u"D  A7  Bm  Santo Deus"_s;
+    QCOMPARE(QFontMetrics(plain).horizontalAdvance(line),
+             QFontMetrics(bold).horizontalAdvance(line));
+    QCOMPARE(QFontMetrics(plain).horizontalAdvance(u"iiii"_s),
+             QFontMetrics(plain).horizontalAdvance(u"MMMM"_s));
+}
+
+void tst_appearance::a_pushed_button_shows_the_accent()
+{
+    QPushButton button(u"&Salvar"_s);
+    button.setDefault(true);
+    button.resize(120, 40);
+    QCOMPARE(button.grab().toImage().pixelColor(10, 20), Appearance::Accent);
+}
+
+QTEST_MAIN(tst_appearance)
+#include "tst_appearance.moc"
