@@ -1,5 +1,6 @@
 #include "store/dialect/Dialect.h"
 
+#include "store/dialect/LinkJoin.h"
 #include "store/dialect/Parser.h"
 #include "store/dialect/Resolver.h"
 #include "store/dialect/Writer.h"
@@ -9,5 +10,7 @@ Translation Translate(QStringView sql, const Schema& schema)
     const Complaint complaint(sql);
     Syntax::Statement statement = Parser(sql, complaint).ParseStatement();
     Resolver(schema, complaint).Resolve(statement);
+    if (auto* query = std::get_if<Syntax::Select>(&statement))
+        FoldLinkJoin(*query);
     return Writer::Write(statement);
 }

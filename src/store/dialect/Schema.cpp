@@ -13,6 +13,12 @@ std::optional<int> Table::Find(QStringView column) const
     return static_cast<int>(found - columns.begin());
 }
 
+const Column* Table::Key() const
+{
+    const std::optional<int> key = Find(u"ID");
+    return key ? &columns[static_cast<std::size_t>(*key)] : nullptr;
+}
+
 void Schema::Add(Table table)
 {
     m_tables.push_back(std::move(table));

@@ -21,6 +21,9 @@ struct Table
 
     /// @return the position of a column from 0; letter case is ignored.
     std::optional<int> Find(QStringView column) const;
+
+    /// @return the column ID, by which the rows are told apart; nullptr in a link table.
+    const Column* Key() const;
 };
 
 /// The tables of the open catalogue.

@@ -10,13 +10,6 @@ using Kind = Expression::Kind;
 
 namespace {
 
-/// @return the table's row identifier, or nullptr: link tables have none.
-const Column* KeyOf(const Table& table)
-{
-    const std::optional<int> key = table.Find(u"ID");
-    return key ? &table.columns[static_cast<std::size_t>(*key)] : nullptr;
-}
-
 bool IsColumn(const Expression& expression, const Table& table, const Column& column)
 {
     return expression.kind == Kind::Column && expression.table == &table &&
@@ -183,7 +176,7 @@ QByteArray Writer::TieBreaks(const Select& select) const
     if (select.aggregated)
         return ties;
     for (const Table* table : TablesOf(select)) {
-        const Column* key = KeyOf(*table);
+        const Column* key = table->Key();
         if (select.distinct && !(key && Shows(select, *table, *key)))
             continue;
         if (key && SortsBy(select, *table, *key))
