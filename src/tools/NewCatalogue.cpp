@@ -10,6 +10,7 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <cstring>
 #include <memory>
 
 namespace {
@@ -72,11 +73,22 @@ struct Finalizer
 };
 using Statement = std::unique_ptr<sqlite3_stmt, Finalizer>;
 
+/// @return where the next statement begins: after blanks, line ends and comments
+const char* StatementStart(const char* at)
+{
+    for (;; ++at) {
+        if (at[0] == '-' && at[1] == '-')
+            at += std::strcspn(at, "\n");
+        if (*at != ' ' && *at != '\n' && *at != '\t')
+            return at;
+    }
+}
+
 /// Runs all statements of a script; an error names the line it was found in.
 void RunScript(const Draft& draft, const QString& file)
 {
     const QByteArray script = Seed::ReadLines(file).join(u'\n').toUtf8();
-    const char* at = script.constData();
+    const char* at = StatementStart(script.constData());
     while (*at != '\0') {
         const char* next = nullptr;
         sqlite3_stmt* raw = nullptr;
@@ -93,7 +105,7 @@ void RunScript(const Draft& draft, const QString& file)
             Seed::FailAt(file, static_cast<int>(script.first(read).count('\n')) + 1,
                          QString::fromUtf8(sqlite3_errmsg(draft.Handle())));
         }
-        at = next;
+        at = StatementStart(next);
     }
 }
 
@@ -182,8 +194,13 @@ CatalogueCounts MakeCatalogue(const QString& dataFolder, const QString& output)
         songs.entryList({u"*.txt"_qs}, QDir::Files, QDir::Name); // by code point: the same anywhere
 
     Draft draft(output);
+    // A draft that a power cut spoils is made again: only its last commit must reach the disk, and
+    // that one carries all before it.
+    Run(draft, "PRAGMA journal_mode = MEMORY");
+    Run(draft, "PRAGMA synchronous = OFF");
     // The page size counts only before the first table, outside a transaction.
     RunScript(draft, data.filePath(u"schema.sql"_qs));
+    Run(draft, "PRAGMA synchronous = FULL");
     Run(draft, "BEGIN");
     RunScript(draft, data.filePath(u"fixed.sql"_qs));
     const ThemeIds ids = InsertThemes(draft, themes);
