@@ -1,0 +1,193 @@
+// Makes a picture of every screen: telas DELIVERED_CATALOGUE PICTURE_FOLDER
+// Works on copies in a folder of its own. Real forms, driven by real events; where the platform is
+// a virtual screen, what is saved is what that screen shows.
+
+#include "app/frmSplash.h"
+#include "controls/Appearance.h"
+#include "main/frmPrincipal.h"
+#include "store/Connection.h"
+#include "support/GeneratedSongs.h"
+#include "support/TestCatalogue.h"
+#include "viewer/frmVisualizar.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPixmap>
+#include <QScreen>
+#include <QTest>
+#include <QTextStream>
+
+#include <utility>
+
+namespace {
+
+constexpr int ManySongs = 20000;
+constexpr int PaintMs = 400;   // a window manager maps, paints and raises within this
+constexpr int SearchMs = 1200; // the clock of the search and the search itself
+
+class Pictures
+{
+public:
+    explicit Pictures(QString folder)
+        : m_folder(std::move(folder))
+    {
+    }
+
+    void Save(const QString& name)
+    {
+        QTest::qWait(PaintMs);
+        const QSize size = QApplication::primaryScreen()->size();
+        const QString file = QStringLiteral("%1/%2-%3x%4.png")
+                                 .arg(m_folder, name)
+                                 .arg(size.width())
+                                 .arg(size.height());
+        const bool saved = QApplication::primaryScreen()->grabWindow(0).save(file);
+        QTextStream(stdout) << (saved ? u"  " : u"  NOT SAVED ") << file << Qt::endl;
+    }
+
+private:
+    QString m_folder;
+};
+
+/// The main form on a catalogue of our choice instead of the one that config.ini names.
+class Principal : public frmPrincipal
+{
+public:
+    explicit Principal(QString catalogue)
+        : m_catalogue(std::move(catalogue))
+    {
+    }
+
+protected:
+    void Conecta_Banco() override
+    {
+        Funcoes::Conexao.Open(TestCatalogue::ConnectionString(m_catalogue));
+        Funcoes::Conexao.CursorLocation = ::Connection::UseClient;
+    }
+
+private:
+    QString m_catalogue;
+};
+
+void Type(QWidget& form, const QString& text)
+{
+    auto* box = form.findChild<QLineEdit*>(QStringLiteral("txtTitulo"));
+    box->setFocus();
+    QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(box, Qt::Key_Delete);
+    QTest::keyClicks(box, text);
+    QTest::qWait(SearchMs);
+}
+
+void Click(QWidget& viewer, const QString& name)
+{
+    QTest::mouseClick(viewer.findChild<QWidget*>(name), Qt::LeftButton);
+}
+
+frmVisualizar* Open(qint64 song)
+{
+    auto* viewer = new frmVisualizar; // deletes itself when closed
+    viewer->ID_Musica = static_cast<double>(song);
+    viewer->Show();
+    return viewer;
+}
+
+void ShowViewers(Pictures& pictures, const QList<qint64>& songs)
+{
+    int number = 0;
+    for (const qint64 song : songs) {
+        frmVisualizar* viewer = Open(song);
+        pictures.Save(QStringLiteral("visualizador-%1").arg(++number));
+        if (number == 1) {
+            for (int i = 0; i < 2; ++i)
+                Click(*viewer, QStringLiteral("cmdAumentaFonte"));
+            pictures.Save(QStringLiteral("visualizador-fonte-maior"));
+            for (int i = 0; i < 5; ++i)
+                Click(*viewer, QStringLiteral("cmdDiminuiFonte"));
+            pictures.Save(QStringLiteral("visualizador-fonte-menor"));
+            for (int i = 0; i < 3; ++i)
+                Click(*viewer, QStringLiteral("cmdAumentaFonte"));
+            Click(*viewer, QStringLiteral("cmdLetra"));
+            pictures.Save(QStringLiteral("visualizador-sem-cifras"));
+        }
+        viewer->close();
+        QTest::qWait(PaintMs);
+    }
+}
+
+void ShowDelivered(Pictures& pictures, const QString& catalogue)
+{
+    Principal form(catalogue);
+    auto* splash = new frmSplash(form, [&form] { form.Form_Load(QString()); });
+    splash->Form_Load();
+    splash->show();
+    pictures.Save(QStringLiteral("abertura"));
+    splash->Inicializar();
+    QTest::qWait(SearchMs);
+    pictures.Save(QStringLiteral("principal"));
+    Type(form, QStringLiteral("zzz"));
+    pictures.Save(QStringLiteral("principal-vazio"));
+    Type(form, QStringLiteral("pei"));
+    pictures.Save(QStringLiteral("principal-tres-letras"));
+    ShowViewers(pictures, {1, 2, 3});
+    form.close();
+}
+
+void AddManySongs(const TestCatalogue& catalogue)
+{
+    const qint64 theme = catalogue.AddTheme(QStringLiteral("Louvor"), 1);
+    SongGenerator generator(1);
+    QString insert = QStringLiteral("BEGIN;");
+    for (int id = 1; id <= ManySongs; ++id) {
+        const GeneratedSong song = generator.Next();
+        insert += QStringLiteral("INSERT INTO MUSICA (TITULO, REFERENCIA, MUSICA, TOM, VARIACAO, "
+                                 "CATEGORIA, CONTADOR) VALUES ('%1','%2','%3','%4','%5',%6,%7);"
+                                 "INSERT INTO TEMA_MUSICA VALUES (%8,%9);")
+                      .arg(song.title, song.reference, song.text, song.key, song.variation)
+                      .arg(song.category)
+                      .arg(song.count)
+                      .arg(id)
+                      .arg(theme);
+    }
+    catalogue.Run(insert + u"COMMIT;");
+}
+
+void ShowMany(Pictures& pictures)
+{
+    const TestCatalogue catalogue;
+    AddManySongs(catalogue);
+    Principal form(catalogue.Path());
+    form.Form_Load(QString());
+    form.show();
+    QTest::qWait(SearchMs);
+    pictures.Save(QStringLiteral("principal-20000"));
+    form.close();
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QApplication application(argc, argv);
+    if (argc != 3) {
+        QTextStream(stderr) << "telas DELIVERED_CATALOGUE PICTURE_FOLDER" << Qt::endl;
+        return 2;
+    }
+    QApplication::setQuitOnLastWindowClosed(false);
+    QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
+    Appearance::Apply(application);
+
+    const QTemporaryDir folder;
+    const QString copy = folder.filePath(QStringLiteral("Melodario.mdb"));
+    if (!QFile::copy(application.arguments().at(1), copy) ||
+        !QDir().mkpath(application.arguments().at(2))) {
+        QTextStream(stderr) << "no such catalogue, or no place for the pictures" << Qt::endl;
+        return 2;
+    }
+    Pictures pictures(application.arguments().at(2));
+    ShowDelivered(pictures, copy);
+    ShowMany(pictures);
+    return 0;
+}
