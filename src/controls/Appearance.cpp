@@ -14,6 +14,7 @@ namespace {
 constexpr QColor AccentDark(0, 82, 168);
 constexpr QColor Selection(214, 232, 250); // rows: the accent, thinned so that texts stay dark
 constexpr QColor Hover(238, 244, 251);
+constexpr QColor QuietSelection(224, 235, 247); // the same while another window is in use
 constexpr QColor Quiet(228, 232, 237);
 constexpr QColor Header(240, 242, 245);
 constexpr QColor StrongBorder(158, 168, 179);
@@ -56,8 +57,9 @@ QPalette LightPalette()
 QString StyleSheet()
 {
     using namespace Appearance;
-    static constexpr std::array<std::pair<const char16_t*, QColor>, 14> colours{{
-        {u"@accentDark", AccentDark}, // before its own beginning
+    static constexpr std::array<std::pair<const char16_t*, QColor>, 15> colours{{
+        {u"@quietSelection", QuietSelection}, // longer words before their own beginnings
+        {u"@accentDark", AccentDark},
         {u"@accent", Accent},
         {u"@text", Text},
         {u"@muted", MutedText},

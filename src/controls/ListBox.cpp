@@ -152,6 +152,15 @@ void ListBox::TurnOver(int index)
     emit Click();
 }
 
+bool ListBox::event(QEvent* event)
+{
+    const bool done = QListView::event(event);
+    // Forms fill their lists before they are shown; until now rows had the height of another style.
+    if (event->type() == QEvent::Polish)
+        scheduleDelayedItemsLayout();
+    return done;
+}
+
 void ListBox::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton) {

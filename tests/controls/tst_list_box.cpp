@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QFontMetrics>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalSpy>
@@ -44,6 +45,7 @@ private slots:
     void items_carry_text_data_and_check_state_for_others();
     void a_handler_may_keep_a_key_from_the_list();
     void choosing_inside_a_fill_raises_at_once();
+    void rows_chosen_before_the_form_is_shown_get_the_height_of_its_style();
     void twenty_thousand_items_are_cheap();
 
 private:
@@ -406,6 +408,20 @@ void tst_list_box::choosing_inside_a_fill_raises_at_once()
     m_list->EndFill();
     QCOMPARE(m_list->ListIndex(), 1);
     QCOMPARE(m_clicks->size(), 2);
+}
+
+void tst_list_box::rows_chosen_before_the_form_is_shown_get_the_height_of_its_style()
+{
+    qApp->setStyleSheet(u"QListView::item { padding: 9px; }"_s);
+    ListBox list;
+    list.AddItem(u"a"_s);
+    list.SetListIndex(0);
+    list.visualRect(list.model()->index(0, 0));
+    list.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&list));
+    QTRY_COMPARE(list.visualRect(list.model()->index(0, 0)).height(), list.sizeHintForRow(0));
+    QVERIFY(list.sizeHintForRow(0) > QFontMetrics(list.font()).height() + 17);
+    qApp->setStyleSheet({});
 }
 
 void tst_list_box::twenty_thousand_items_are_cheap()
