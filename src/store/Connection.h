@@ -58,6 +58,10 @@ public:
 
 private:
     class Database;
+
+    /// @throws RuntimeError ObjectClosed
+    Database& Opened() const;
+
     std::unique_ptr<Database> m_database;
     StatementHook m_hook;
 };

@@ -9,6 +9,8 @@
 class Value
 {
 public:
+    using Content = std::variant<std::monostate, qint64, double, QString, QDate>;
+
     Value() = default;
     Value(qint64 number)
         : m_data(number)
@@ -34,6 +36,9 @@ public:
     bool IsNull() const noexcept { return std::holds_alternative<std::monostate>(m_data); }
     bool IsNumber() const noexcept;
 
+    /// @return what the field holds; NULL is std::monostate.
+    const Content& Get() const noexcept { return m_data; }
+
     /// @return the field joined to an empty text: NULL gives "", a date dd/mm/yyyy.
     QString ToText() const;
 
@@ -44,5 +49,5 @@ public:
     bool operator==(const Value&) const = default;
 
 private:
-    std::variant<std::monostate, qint64, double, QString, QDate> m_data;
+    Content m_data;
 };

@@ -1,0 +1,177 @@
+#include "store/CatalogueFile.h"
+
+#include "runtime/RuntimeError.h"
+#include "store/dialect/Schema.h"
+#include "store/sqlite/Statement.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <array>
+
+namespace {
+
+struct NeededTable
+{
+    const char* name;
+    std::vector<const char*> columns;
+};
+
+const std::array<NeededTable, 7>& NeededTables()
+{
+    static const std::array<NeededTable, 7> tables = {{
+        {"MUSICA",
+         {"ID", "TITULO", "REFERENCIA", "MUSICA", "MUSICA2", "TOM", "VARIACAO", "CATEGORIA",
+          "CONTADOR"}},
+        {"TEMA", {"ID", "DESCRICAO", "ORDEM", "COR"}},
+        {"TEMA_MUSICA", {"ID_MUSICA", "ID_TEMA"}},
+        {"LISTA", {"ID", "NOME", "DATA"}},
+        {"LISTA_MUSICA", {"ID_LISTA", "ID_MUSICA", "ORDEM"}},
+        {"TOM", {"ID", "NOTA", "ORDEM", "MAIS"}},
+        {"VARIACAO", {"ID", "NOMENCLATURA"}},
+    }};
+    return tables;
+}
+
+/// A Jet file names its format behind four bytes.
+constexpr qsizetype JetNameAt = 4;
+const QByteArray JetNames[] = {QByteArrayLiteral("Standard Jet DB"),
+                               QByteArrayLiteral("Standard ACE DB")};
+constexpr qint64 HeaderLength = 100;
+
+[[noreturn]] void Refuse(const QString& whatFailed, const QString& description)
+{
+    throw RuntimeError(RuntimeError::StoreFailure, whatFailed, description);
+}
+
+ColumnType TypeOf(std::string_view declared)
+{
+    // The types that the catalogue is created with; another tool may have changed letter case.
+    const QByteArray type = QByteArray(declared.data(), static_cast<qsizetype>(declared.size()));
+    if (type.compare("INTEGER", Qt::CaseInsensitive) == 0)
+        return ColumnType::Long;
+    if (type.compare("SMALLINT", Qt::CaseInsensitive) == 0)
+        return ColumnType::Integer;
+    if (type.compare("TEXT", Qt::CaseInsensitive) == 0)
+        return ColumnType::Text;
+    if (type.compare("DATE", Qt::CaseInsensitive) == 0)
+        return ColumnType::Date;
+    return ColumnType::Other;
+}
+
+QString ToQString(std::string_view utf8)
+{
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+qint64 ReadNumber(sqlite3* database, const QByteArray& pragma)
+{
+    Statement statement(database, pragma);
+    return statement.Step() ? statement.Whole(0) : 0;
+}
+
+void ReadEdge(sqlite3* database, const QByteArray& table, const QByteArray& order)
+{
+    Statement statement(database,
+                        "SELECT * FROM \"" + table + "\" ORDER BY rowid " + order + " LIMIT 1");
+    while (statement.Step()) {
+        // A long text is read when it is asked for, not before.
+        for (int column = 0; column < statement.ColumnCount(); ++column)
+            statement.Text(column);
+    }
+}
+
+} // namespace
+
+QString CatalogueFile::PathFrom(const QString& connectionString)
+{
+    const QString source = QStringLiteral("Data Source=");
+    const qsizetype found = connectionString.indexOf(source, 0, Qt::CaseInsensitive);
+    if (found < 0)
+        Refuse(QStringLiteral("Falta o endereço do banco de dados."),
+               QStringLiteral("no Data Source"));
+    const qsizetype start = found + source.size();
+    qsizetype end =
+        connectionString.lastIndexOf(QStringLiteral(";User Id="), -1, Qt::CaseInsensitive);
+    if (end < start)
+        end = connectionString.size();
+    const QString path = connectionString.mid(start, end - start);
+    if (path.isEmpty())
+        Refuse(QStringLiteral("Falta o endereço do banco de dados."),
+               QStringLiteral("empty Data Source"));
+    return path;
+}
+
+void CatalogueFile::CheckHeader(const QString& path)
+{
+    if (!QFileInfo(path).isFile())
+        Refuse(QStringLiteral("O arquivo do banco de dados não existe."), path);
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        Refuse(QStringLiteral("O arquivo do banco de dados não pode ser lido."),
+               file.errorString());
+    const QByteArray header = file.read(HeaderLength);
+    if (header.isEmpty())
+        Refuse(QStringLiteral("O arquivo do banco de dados está vazio."), path);
+    for (const QByteArray& name : JetNames) {
+        if (header.mid(JetNameAt, name.size()) == name)
+            Refuse(QStringLiteral("O banco de dados está no formato antigo e precisa ser "
+                                  "convertido antes."),
+                   QString::fromLatin1(name));
+    }
+    // The name ends with the NUL of the literal.
+    static constexpr char format[] = "SQLite format 3";
+    if (header.size() < HeaderLength || !header.startsWith(QByteArray(format, sizeof format)))
+        Refuse(QStringLiteral("O arquivo não é um banco de dados do Melodario."), path);
+}
+
+void CatalogueFile::CheckLength(sqlite3* database, const QString& path)
+{
+    const qint64 length =
+        ReadNumber(database, "PRAGMA page_count") * ReadNumber(database, "PRAGMA page_size");
+    const qint64 found = QFileInfo(path).size();
+    if (found < length)
+        Refuse(QStringLiteral("O arquivo do banco de dados está danificado."),
+               QStringLiteral("%1 bytes of %2").arg(found).arg(length));
+}
+
+Schema CatalogueFile::ReadSchema(sqlite3* database)
+{
+    Statement statement(database, "SELECT m.name, c.name, c.type FROM sqlite_master AS m "
+                                  "JOIN pragma_table_info(m.name) AS c "
+                                  "WHERE m.type = 'table' ORDER BY m.rowid, c.cid");
+    Schema schema;
+    Table table;
+    while (statement.Step()) {
+        const QString name = ToQString(statement.Text(0));
+        if (name != table.name) {
+            if (!table.columns.empty())
+                schema.Add(std::move(table));
+            table = Table{name, {}};
+        }
+        table.columns.push_back({ToQString(statement.Text(1)), TypeOf(statement.Text(2))});
+    }
+    if (!table.columns.empty())
+        schema.Add(std::move(table));
+    return schema;
+}
+
+void CatalogueFile::CheckTables(sqlite3* database, const Schema& schema)
+{
+    for (const NeededTable& needed : NeededTables()) {
+        const Table* table = schema.Find(QString::fromLatin1(needed.name));
+        if (!table)
+            Refuse(QStringLiteral("O arquivo não é um banco de dados do Melodario."),
+                   QStringLiteral("no table ") + QString::fromLatin1(needed.name));
+        for (const char* column : needed.columns) {
+            if (!table->Find(QString::fromLatin1(column)))
+                Refuse(QStringLiteral("O arquivo não é um banco de dados do Melodario."),
+                       QStringLiteral("no column %1.%2")
+                           .arg(QString::fromLatin1(needed.name), QString::fromLatin1(column)));
+        }
+        // Both ends of a table lie on different ways through it; the middle would cost a start
+        // with a large catalogue too much.
+        ReadEdge(database, needed.name, "ASC");
+        ReadEdge(database, needed.name, "DESC");
+    }
+}

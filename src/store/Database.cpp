@@ -1,0 +1,204 @@
+#include "store/Database.h"
+
+#include "runtime/RuntimeError.h"
+#include "store/CatalogueFile.h"
+#include "store/RecordsetRows.h"
+#include "store/StoredDate.h"
+#include "store/dialect/Dialect.h"
+#include "store/sqlite/Failure.h"
+#include "store/sqlite/SqlFunctions.h"
+
+#include <QFileInfo>
+
+#include <sqlite3.h>
+
+namespace {
+
+/// How long another program may hold the file before a statement fails; the window does not answer
+/// meanwhile.
+constexpr int LockPatience = 1000; // ms
+
+void RunSimple(sqlite3* database, const QByteArray& sql)
+{
+    Statement statement(database, sql);
+    while (statement.Step()) {
+    }
+}
+
+void AddField(Recordset::Rows& rows, const Statement& statement, int column, bool isDate)
+{
+    switch (statement.ColumnKind(column)) {
+    case Statement::Kind::Null:
+        rows.AddNull();
+        return;
+    case Statement::Kind::Whole:
+        rows.AddNumber(statement.Whole(column));
+        return;
+    case Statement::Kind::Real:
+        rows.AddNumber(statement.Real(column));
+        return;
+    case Statement::Kind::Text:
+        break;
+    }
+    const std::string_view text = statement.Text(column);
+    // A date that another tool wrote in a way of its own is shown as it wrote it.
+    if (const auto date = isDate ? StoredDate::FromText(text) : std::nullopt)
+        rows.AddDate(*date);
+    else
+        rows.AddText(text);
+}
+
+std::shared_ptr<const Recordset::Rows> Fetch(Statement& statement)
+{
+    auto rows = std::make_shared<Recordset::Rows>(statement.ColumnNames());
+    const int columns = statement.ColumnCount();
+    std::vector<bool> isDate;
+    for (int column = 0; column < columns; ++column)
+        isDate.push_back(statement.IsDateColumn(column));
+    while (statement.Step()) {
+        for (int column = 0; column < columns; ++column)
+            AddField(*rows, statement, column, isDate[static_cast<std::size_t>(column)]);
+    }
+    return rows;
+}
+
+} // namespace
+
+void Connection::Database::CloseHandle::operator()(sqlite3* handle) const noexcept
+{
+    sqlite3_close_v2(handle);
+}
+
+Connection::Database::Database(const QString& path)
+{
+    CatalogueFile::CheckHeader(path);
+    OpenHandle(path);
+    Configure();
+    UseRollbackJournal();
+    SqlFunctions::AddAll(m_handle.get());
+    m_statements = std::make_unique<StatementCache>(m_handle.get());
+    ReloadSchema();
+    CatalogueFile::CheckLength(m_handle.get(), path);
+    CatalogueFile::CheckTables(m_handle.get(), m_schema);
+}
+
+Connection::Database::~Database()
+{
+    try {
+        if (m_statements)
+            Commit();
+    } catch (const RuntimeError&) {
+        // Nobody is left to be told; SQLite undoes the batch when it closes.
+    }
+}
+
+void Connection::Database::OpenHandle(const QString& path)
+{
+    // An absolute path is never taken for one of SQLite's special names.
+    const QByteArray name = QFileInfo(path).absoluteFilePath().toUtf8();
+    sqlite3* handle = nullptr;
+    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
+    const int result = sqlite3_open_v2(name.constData(), &handle, flags, nullptr);
+    m_handle.reset(handle);
+    if (!handle)
+        Failure::Throw(SQLITE_NOMEM, QString::fromUtf8(sqlite3_errstr(SQLITE_NOMEM)));
+    if (result != SQLITE_OK)
+        Failure::ThrowLast(handle);
+}
+
+void Connection::Database::Configure()
+{
+    sqlite3* const handle = m_handle.get();
+    sqlite3_busy_timeout(handle, LockPatience);
+    // A name in double quotes is never taken for a text, and nothing in a file from elsewhere can
+    // do more than hold data.
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+    sqlite3_limit(handle, SQLITE_LIMIT_ATTACHED, 0);
+    RunSimple(handle, "PRAGMA cell_size_check = ON");
+    // FULL leaves open whether the journal's removal, which is what commits, survives a power cut.
+    RunSimple(handle, "PRAGMA synchronous = EXTRA");
+    // Room for the songs of a large catalogue, so that a search per key press reads no file.
+    RunSimple(handle, "PRAGMA cache_size = -131072"); // KiB
+}
+
+/// A catalogue is one file that can be copied. Where another tool has switched it to a write-ahead
+/// log it is switched back; while that tool still has it open this fails, and so does opening.
+void Connection::Database::UseRollbackJournal()
+{
+    Statement statement(m_handle.get(), "PRAGMA journal_mode = DELETE");
+    if (statement.Step() && statement.Text(0) != "delete")
+        Failure::Throw(SQLITE_BUSY, QStringLiteral("the database uses a write-ahead log"));
+}
+
+qint64 Connection::Database::SchemaVersion()
+{
+    Statement statement(m_handle.get(), "PRAGMA schema_version");
+    return statement.Step() ? statement.Whole(0) : 0;
+}
+
+/// @return whether another tool has changed tables since they were read last
+bool Connection::Database::ReloadSchema()
+{
+    const qint64 version = SchemaVersion();
+    if (version == m_schemaVersion && m_schemaVersion != 0)
+        return false;
+    m_schema = CatalogueFile::ReadSchema(m_handle.get());
+    m_schemaVersion = version;
+    return true;
+}
+
+Translation Connection::Database::TranslateAnew(const QString& sql)
+{
+    try {
+        return Translate(sql, m_schema);
+    } catch (const RuntimeError&) {
+        // The name it complains about may be newer than the schema that is known.
+        if (!ReloadSchema())
+            throw;
+    }
+    return Translate(sql, m_schema);
+}
+
+bool Connection::Database::InBatch() const
+{
+    return sqlite3_get_autocommit(m_handle.get()) == 0;
+}
+
+Recordset Connection::Database::Execute(const QString& sql)
+{
+    const Translation translation = TranslateAnew(sql);
+    if (!translation.isQuery && !InBatch())
+        RunSimple(m_handle.get(), "BEGIN IMMEDIATE");
+    if (translation.cacheable)
+        return Run(m_statements->Get(translation.sql), translation);
+    Statement statement(m_handle.get(), translation.sql);
+    return Run(statement, translation);
+}
+
+Recordset Connection::Database::Run(Statement& statement, const Translation& translation)
+{
+    const StatementRun run(statement);
+    statement.Bind(translation.values);
+    if (translation.isQuery)
+        return Recordset(Fetch(statement));
+    while (statement.Step()) {
+    }
+    return {};
+}
+
+void Connection::Database::Commit()
+{
+    if (!InBatch())
+        return;
+    try {
+        RunSimple(m_handle.get(), "COMMIT");
+    } catch (const RuntimeError&) {
+        if (InBatch())
+            sqlite3_exec(m_handle.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+        throw;
+    }
+}

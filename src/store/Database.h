@@ -1,0 +1,45 @@
+#pragma once
+
+#include "store/Connection.h"
+#include "store/dialect/Schema.h"
+#include "store/sqlite/StatementCache.h"
+
+#include <memory>
+
+struct Translation;
+
+/// An open catalogue.
+class Connection::Database
+{
+public:
+    /// @throws RuntimeError StoreFailure as Connection::Open tells
+    explicit Database(const QString& path);
+
+    /// Commits what is open as far as that is possible: what a handler did stays done.
+    ~Database();
+    Database(const Database&) = delete;
+    Database& operator=(const Database&) = delete;
+
+    Recordset Execute(const QString& sql);
+    void Commit();
+
+private:
+    struct CloseHandle
+    {
+        void operator()(sqlite3* handle) const noexcept;
+    };
+
+    void OpenHandle(const QString& path);
+    void Configure();
+    void UseRollbackJournal();
+    Translation TranslateAnew(const QString& sql);
+    bool ReloadSchema();
+    qint64 SchemaVersion();
+    bool InBatch() const;
+    Recordset Run(Statement& statement, const Translation& translation);
+
+    std::unique_ptr<sqlite3, CloseHandle> m_handle;
+    std::unique_ptr<StatementCache> m_statements;
+    Schema m_schema;
+    qint64 m_schemaVersion = 0;
+};

@@ -1,0 +1,25 @@
+#pragma once
+
+struct sqlite3;
+
+class QString;
+
+/// Failures of SQLite as errors of the program.
+namespace Failure {
+
+/// What SQL functions of ours fail with; Throw makes errors of the program's own numbers of them.
+inline constexpr char Overflow[] = "Overflow";
+inline constexpr char TypeMismatch[] = "Type mismatch";
+inline constexpr char DateMismatch[] = "Type mismatch: not a date";
+
+/// @param code    the extended result code
+/// @param words   SQLite's own words
+/// @param undone  whether SQLite has undone the whole batch
+/// @throws RuntimeError Overflow, TypeMismatch, or StoreFailure with the words and the code
+[[noreturn]] void Throw(int code, const QString& words, bool undone = false);
+
+/// Throws what the last call on the connection failed with.
+/// @param inBatch  a batch was open before that call
+[[noreturn]] void ThrowLast(sqlite3* database, bool inBatch = false);
+
+} // namespace Failure

@@ -1,0 +1,100 @@
+#include "store/text/Collation.h"
+
+#include "runtime/RuntimeError.h"
+
+#include <QString>
+
+#include <unicode/ucol.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+constexpr unsigned char AsciiEnd = 0x80;
+
+void Require(UErrorCode status)
+{
+    if (U_FAILURE(status))
+        throw RuntimeError(RuntimeError::StoreFailure,
+                           QStringLiteral("A ordem alfabética não está disponível."),
+                           QString::fromLatin1(u_errorName(status)));
+}
+
+} // namespace
+
+Collation::Collation()
+{
+    UErrorCode status = U_ZERO_ERROR;
+    m_collator = ucol_open("pt_BR", &status);
+    Require(status);
+    ucol_setStrength(m_collator, UCOL_SECONDARY);
+    ucol_setAttribute(m_collator, UCOL_NORMALIZATION_MODE, UCOL_ON, &status);
+    Require(status);
+    RankAscii();
+}
+
+Collation::~Collation()
+{
+    ucol_close(m_collator);
+}
+
+/// Ranks the ASCII characters by asking ICU for the order of each two. Those that ICU ignores (most
+/// control characters) get no rank.
+void Collation::RankAscii()
+{
+    std::vector<char> order;
+    for (unsigned char code = 0; code < AsciiEnd; ++code) {
+        const char letter = static_cast<char>(code);
+        if (CompareInIcu({&letter, 1}, {}) != 0)
+            order.push_back(letter);
+    }
+    const auto compare = [this](const char& a, const char& b) {
+        return CompareInIcu({&a, 1}, {&b, 1});
+    };
+    std::stable_sort(order.begin(), order.end(),
+                     [&compare](const char& a, const char& b) { return compare(a, b) < 0; });
+    unsigned char rank = NoRank;
+    for (std::size_t i = 0; i < order.size(); ++i) {
+        if (i == 0 || compare(order[i - 1], order[i]) != 0)
+            ++rank;
+        m_ranks[static_cast<unsigned char>(order[i])] = rank;
+    }
+}
+
+int Collation::Compare(std::string_view a, std::string_view b) const
+{
+    const auto rankAt = [this](std::string_view text, std::size_t at) {
+        return m_ranks[static_cast<unsigned char>(text[at])];
+    };
+    // Ranks decide as long as only ranked characters are involved: those have one primary weight
+    // each, and no two of them are ordered as one. A letter in front of anything else might be.
+    const auto isSafe = [&rankAt](std::string_view text, std::size_t at) {
+        return at >= text.size() || rankAt(text, at) != NoRank;
+    };
+    const std::size_t common = std::min(a.size(), b.size());
+    for (std::size_t at = 0; at < common; ++at) {
+        const unsigned char rankA = rankAt(a, at);
+        const unsigned char rankB = rankAt(b, at);
+        if (rankA == NoRank || rankB == NoRank)
+            return CompareInIcu(a, b);
+        if (rankA != rankB) {
+            if (isSafe(a, at + 1) && isSafe(b, at + 1))
+                return rankA < rankB ? -1 : 1;
+            return CompareInIcu(a, b);
+        }
+    }
+    if (a.size() == b.size())
+        return 0;
+    const std::string_view longer = a.size() > common ? a : b;
+    if (!isSafe(longer, common) || !isSafe(longer, common + 1))
+        return CompareInIcu(a, b);
+    return a.size() < b.size() ? -1 : 1;
+}
+
+int Collation::CompareInIcu(std::string_view a, std::string_view b) const
+{
+    UErrorCode status = U_ZERO_ERROR;
+    return ucol_strcollUTF8(m_collator, a.data(), static_cast<int32_t>(a.size()), b.data(),
+                            static_cast<int32_t>(b.size()), &status);
+}

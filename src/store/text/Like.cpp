@@ -1,0 +1,197 @@
+#include "store/text/Like.h"
+
+#include <algorithm>
+
+namespace {
+
+bool IsSign(const Fold::Letter& letter, char32_t sign)
+{
+    return letter.base == sign && letter.accents == 0;
+}
+
+bool LetterMatches(const Fold::Letter& pattern, const Fold::Letter& letter)
+{
+    return pattern.base == letter.base &&
+           (pattern.accents == 0 || pattern.accents == letter.accents);
+}
+
+/// The texts of a table are matched one after the other: their memory is kept in between.
+std::string& ScratchBases()
+{
+    thread_local std::string bases;
+    bases.clear();
+    return bases;
+}
+
+} // namespace
+
+Like::Like(std::string_view pattern)
+{
+    Compile(Fold::Letters(pattern));
+    ChooseNeedle();
+}
+
+void Like::Compile(const std::vector<Fold::Letter>& pattern)
+{
+    // Looked for once: a pattern of thousands of unclosed brackets is not searched for each.
+    const auto isClose = [](const Fold::Letter& letter) { return IsSign(letter, U']'); };
+    const auto lastClose = static_cast<std::size_t>(
+        std::find_if(pattern.rbegin(), pattern.rend(), isClose).base() - pattern.begin());
+    for (std::size_t at = 0; at < pattern.size(); ++at) {
+        const Fold::Letter& letter = pattern[at];
+        if (IsSign(letter, U'%')) {
+            // Several in a row are one: an empty part would only cost time.
+            if (m_parts.size() == 1 || !m_parts.back().empty())
+                m_parts.emplace_back();
+        } else if (IsSign(letter, U'_')) {
+            m_parts.back().push_back({Item::One, {}, 0, 0});
+        } else if (IsSign(letter, U'[') && at < lastClose) {
+            at = CompileSet(pattern, at);
+        } else {
+            m_parts.back().push_back({Item::Exact, letter, 0, 0});
+        }
+    }
+}
+
+/// @param at  position of a `[` that a `]` follows somewhere
+/// @return the position of that `]`
+std::size_t Like::CompileSet(const std::vector<Fold::Letter>& pattern, std::size_t at)
+{
+    std::size_t end = at;
+    while (end < pattern.size() && !IsSign(pattern[end], U']'))
+        ++end;
+    std::size_t member = at + 1;
+    if (member == end)
+        return end;
+    Item item{Item::Set, {}, m_ranges.size(), 0};
+    if (IsSign(pattern[member], U'!') && member + 1 < end) {
+        item.kind = Item::NotSet;
+        ++member;
+    }
+    while (member < end) {
+        const bool isRange = member + 2 < end && IsSign(pattern[member + 1], U'-');
+        m_ranges.emplace_back(pattern[member], pattern[isRange ? member + 2 : member]);
+        member += isRange ? 3 : 1;
+    }
+    item.rangeCount = m_ranges.size() - item.firstRange;
+    m_parts.back().push_back(item);
+    return end;
+}
+
+/// The needle is the longest run of letters; it decides alone in `%letters%` without accents.
+void Like::ChooseNeedle()
+{
+    std::string longest;
+    for (const Part& part : m_parts) {
+        std::string run;
+        for (const Item& item : part) {
+            if (item.kind == Item::Exact)
+                Fold::AppendBase(run, item.letter);
+            else
+                run.clear();
+            if (run.size() > longest.size())
+                longest = run;
+        }
+    }
+    const auto isPlain = [](const Item& item) {
+        return item.kind == Item::Exact && item.letter.accents == 0;
+    };
+    m_needleDecides =
+        m_parts.size() <= 3 && m_parts.size() > 1 && m_parts.front().empty() &&
+        m_parts.back().empty() &&
+        (m_parts.size() == 2 || std::all_of(m_parts[1].begin(), m_parts[1].end(), isPlain));
+    m_needle = ByteSearch(std::move(longest));
+}
+
+bool Like::InSet(const Item& item, const Fold::Letter& letter) const
+{
+    const auto first = m_ranges.begin() + static_cast<std::ptrdiff_t>(item.firstRange);
+    return std::any_of(
+        first, first + static_cast<std::ptrdiff_t>(item.rangeCount), [&letter](const Range& range) {
+            if (range.first == range.second)
+                return LetterMatches(range.first, letter);
+            return range.first.base <= letter.base && letter.base <= range.second.base;
+        });
+}
+
+bool Like::MatchesItem(const Item& item, const Fold::Letter& letter) const
+{
+    switch (item.kind) {
+    case Item::One:
+        return true;
+    case Item::Exact:
+        return LetterMatches(item.letter, letter);
+    case Item::Set:
+        return InSet(item, letter);
+    case Item::NotSet:
+        return !InSet(item, letter);
+    }
+    return false;
+}
+
+bool Like::MatchesAt(const Part& part, const Fold::Letter* letters) const
+{
+    return std::equal(
+        part.begin(), part.end(), letters,
+        [this](const Item& item, const Fold::Letter& letter) { return MatchesItem(item, letter); });
+}
+
+/// Matches the part in front of the first `%`, reading no further than it has to.
+bool Like::MatchesStart(Fold::Reader& reader) const
+{
+    return std::all_of(m_parts.front().begin(), m_parts.front().end(), [&](const Item& item) {
+        Fold::Letter letter;
+        return reader.Next(letter) && MatchesItem(item, letter);
+    });
+}
+
+/// Matches the parts behind the first `%`: each at the first place it fits, the last at the end.
+/// Taking the first place is never wrong, because a later one leaves less text for the others.
+bool Like::MatchesRest(const std::vector<Fold::Letter>& letters) const
+{
+    const Part& last = m_parts.back();
+    if (letters.size() < last.size())
+        return false;
+    const std::size_t end = letters.size() - last.size();
+    std::size_t at = 0;
+    for (std::size_t i = 1; i + 1 < m_parts.size(); ++i) {
+        const Part& part = m_parts[i];
+        while (at + part.size() <= end && !MatchesAt(part, letters.data() + at))
+            ++at;
+        if (at + part.size() > end)
+            return false;
+        at += part.size();
+    }
+    return MatchesAt(last, letters.data() + end);
+}
+
+bool Like::MatchesFully(std::string_view text) const
+{
+    Fold::Reader reader(text);
+    if (!MatchesStart(reader))
+        return false;
+    if (m_parts.size() == 1)
+        return reader.Position() == text.size();
+    if (m_parts.size() == 2 && m_parts.back().empty())
+        return true;
+    return MatchesRest(Fold::Letters(text.substr(reader.Position())));
+}
+
+bool Like::Matches(std::string_view text) const
+{
+    // A start to compare with is cheaper than the bases of a long text.
+    if (!m_parts.front().empty())
+        return MatchesFully(text);
+    if (m_needle.Needle().empty())
+        return m_needleDecides || MatchesFully(text);
+    std::string& bases = ScratchBases();
+    Fold::AppendBases(bases, text);
+    return Matches(text, bases);
+}
+
+bool Like::Matches(std::string_view text, std::string_view bases) const
+{
+    if (!m_needle.FoundIn(bases))
+        return false;
+    return m_needleDecides || MatchesFully(text);
+}

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "store/text/ByteSearch.h"
+#include "store/text/Fold.h"
+
+#include <string_view>
+#include <utility>
+#include <vector>
+
+/// One pattern of LIKE, compiled once and matched against many texts.
+///
+/// `%` stands for any run, `_` for one character, `[abc]`, `[a-z]` and `[!abc]` for one character
+/// of a set or outside it, `[%]` for the sign itself; `[]` stands for nothing and an unclosed `[`
+/// for itself. Letter case never counts. A letter without an accent matches it with any accent, a
+/// letter with one matches only that. A range goes by the letters without their accents. Blanks
+/// count everywhere.
+///
+/// Matching takes time in proportion to text times the longest part between two `%`, whatever the
+/// pattern; nothing is tried twice.
+class Like
+{
+public:
+    /// @param pattern  UTF-8 of any length
+    explicit Like(std::string_view pattern);
+
+    bool Matches(std::string_view text) const;
+
+    /// As Matches, for a text whose Fold::Bases are at hand: the text itself is only looked at when
+    /// they do not decide.
+    bool Matches(std::string_view text, std::string_view bases) const;
+
+private:
+    /// What one character of a text is compared with.
+    struct Item
+    {
+        enum Kind { One, Exact, Set, NotSet };
+
+        Kind kind = One;
+        Fold::Letter letter;        ///< of Exact
+        std::size_t firstRange = 0; ///< of sets: its part of m_ranges
+        std::size_t rangeCount = 0;
+    };
+
+    /// A member of a set: from letter to letter, or one letter twice.
+    using Range = std::pair<Fold::Letter, Fold::Letter>;
+
+    /// The items between two `%`.
+    using Part = std::vector<Item>;
+
+    void Compile(const std::vector<Fold::Letter>& pattern);
+    std::size_t CompileSet(const std::vector<Fold::Letter>& pattern, std::size_t at);
+    void ChooseNeedle();
+
+    bool MatchesItem(const Item& item, const Fold::Letter& letter) const;
+    bool InSet(const Item& item, const Fold::Letter& letter) const;
+    bool MatchesAt(const Part& part, const Fold::Letter* letters) const;
+    bool MatchesStart(Fold::Reader& reader) const;
+    bool MatchesRest(const std::vector<Fold::Letter>& letters) const;
+    bool MatchesFully(std::string_view text) const;
+
+    std::vector<Part> m_parts{Part()};
+    std::vector<Range> m_ranges;
+    ByteSearch m_needle{{}};      ///< bases that every match contains
+    bool m_needleDecides = false; ///< every text that contains them matches
+};
