@@ -33,7 +33,7 @@ public:
         boxes.append({text, Icone::Pergunta, title});
         if (whileOpen)
             whileOpen();
-        return true;
+        return answer;
     }
 
     QString Input(QWidget*, const QString& prompt, const QString& title, const QString& initial,
@@ -44,5 +44,6 @@ public:
     }
 
     QList<Box> boxes;
+    bool answer = true;              ///< to every question
     std::function<void()> whileOpen; ///< what happens while a box stands open
 };
