@@ -7,6 +7,7 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScopedValueRollback>
 #include <QStyledItemDelegate>
 #include <QTextDocument>
@@ -27,6 +28,13 @@ public:
     {
         constexpr int Ar = 11;
         return {opcao.fontMetrics.averageCharWidth() * 20, opcao.fontMetrics.height() + Ar};
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* opcao, const QModelIndex& indice) const override
+    {
+        QStyledItemDelegate::initStyleOption(opcao, indice);
+        opcao->state &= ~QStyle::State_HasFocus; // it is the row that has it, see drawRow
     }
 };
 
@@ -51,7 +59,6 @@ ListaMusicas::ListaMusicas(QWidget* parent)
     setItemsExpandable(false);
     setExpandsOnDoubleClick(false);
     setUniformRowHeights(true);
-    setAllColumnsShowFocus(true);
     setAlternatingRowColors(true);
     setSelectionBehavior(SelectRows);
     setSelectionMode(ExtendedSelection);
@@ -217,6 +224,19 @@ bool ListaMusicas::viewportEvent(QEvent* evento)
     else
         QToolTip::showText(ajuda->globalPos(), Dica_Literal(texto), viewport(), visualRect(indice));
     return true;
+}
+
+void ListaMusicas::drawRow(QPainter* pintor, const QStyleOptionViewItem& opcao,
+                           const QModelIndex& indice) const
+{
+    QTreeView::drawRow(pintor, opcao, indice);
+    if (!hasFocus() || indice.row() != currentIndex().row())
+        return;
+    pintor->save();
+    pintor->setPen(palette().color(QPalette::Highlight));
+    pintor->setBrush(Qt::NoBrush);
+    pintor->drawRect(opcao.rect.adjusted(0, 0, -1, -1));
+    pintor->restore();
 }
 
 void ListaMusicas::Reparte_Colunas()

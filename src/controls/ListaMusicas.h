@@ -74,6 +74,8 @@ protected:
     void contextMenuEvent(QContextMenuEvent* evento) override;
     void resizeEvent(QResizeEvent* evento) override;
     bool viewportEvent(QEvent* evento) override;
+    void drawRow(QPainter* pintor, const QStyleOptionViewItem& opcao,
+                 const QModelIndex& indice) const override;
 
 private:
     void Arruma_Cabecalho();

@@ -8,18 +8,23 @@
 
 namespace {
 
-constexpr char Marcada[] = "marcada";
+// Dynamic properties that the style sheet looks at.
+constexpr char Marcada[] = "marcada"; ///< the listed songs begin with it
+constexpr char Atual[] = "atual";     ///< the arrow keys are here
 
 } // namespace
 
 FaixaAlfabeto::FaixaAlfabeto(QWidget* parent)
     : QWidget(parent)
 {
+    setFocusPolicy(Qt::TabFocus);
     setStyleSheet(QStringLiteral(
-        "ClickableLabel { color: palette(highlight); padding: 4px 0px; border-radius: 4px; }"
-        "ClickableLabel:hover { background: #dbe8f8; }"
-        "ClickableLabel[marcada=\"true\"] { background: palette(highlight); "
-        "color: palette(highlighted-text); }"));
+        "ClickableLabel { color: palette(highlight); padding: 3px 0px; border-radius: 4px;"
+        " border: 1px solid transparent; }"
+        "ClickableLabel:hover { background: palette(midlight); }"
+        "ClickableLabel[marcada=\"true\"] { background: palette(highlight);"
+        " color: palette(highlighted-text); }"
+        "ClickableLabel[atual=\"true\"] { border-color: palette(highlight); }"));
     auto* fila = new QHBoxLayout(this);
     fila->setContentsMargins(0, 0, 0, 0);
     fila->setSpacing(2);
@@ -29,53 +34,70 @@ FaixaAlfabeto::FaixaAlfabeto(QWidget* parent)
         auto* letra = new ClickableLabel(texto, this);
         letra->setObjectName(u"lblAlfa_" % QString::number(i));
         letra->setAlignment(Qt::AlignCenter);
-        letra->setProperty(Marcada, false);
         connect(letra, &ClickableLabel::clicked, this, [this, i] { emit Click(i); });
         fila->addWidget(letra, i == Tudo ? 2 : 1);
         m_letras[static_cast<std::size_t>(i)] = letra;
     }
-    Torna_Alcancavel(0);
+    Vai_Para(0);
 }
 
 void FaixaAlfabeto::Marca(int indice)
 {
-    for (int i = 0; i < Tudo; ++i) {
-        ClickableLabel* letra = m_letras[static_cast<std::size_t>(i)];
-        if (letra->property(Marcada).toBool() == (i == indice))
-            continue;
-        letra->setProperty(Marcada, i == indice);
-        letra->style()->unpolish(letra);
-        letra->style()->polish(letra);
-    }
+    for (int i = 0; i < Tudo; ++i)
+        Realca(i, Marcada, i == indice);
 }
 
-void FaixaAlfabeto::Torna_Alcancavel(int indice)
+void FaixaAlfabeto::Realca(int indice, const char* propriedade, bool realca)
 {
-    m_letras[static_cast<std::size_t>(m_alcancavel)]->setKeyboardReachable(false);
-    m_alcancavel = indice;
-    m_letras[static_cast<std::size_t>(indice)]->setKeyboardReachable(true);
+    ClickableLabel* letra = m_letras[static_cast<std::size_t>(indice)];
+    if (letra->property(propriedade).toBool() == realca)
+        return;
+    letra->setProperty(propriedade, realca);
+    letra->style()->unpolish(letra);
+    letra->style()->polish(letra);
+}
+
+void FaixaAlfabeto::Vai_Para(int indice)
+{
+    Realca(m_atual, Atual, false);
+    m_atual = qBound(0, indice, Tudo);
+    Realca(m_atual, Atual, hasFocus());
+    setAccessibleName(m_letras[static_cast<std::size_t>(m_atual)]->text());
 }
 
 void FaixaAlfabeto::keyPressEvent(QKeyEvent* evento)
 {
-    int indice = m_alcancavel;
     switch (evento->key()) {
     case Qt::Key_Left:
-        indice = qMax(0, indice - 1);
+        Vai_Para(m_atual - 1);
         break;
     case Qt::Key_Right:
-        indice = qMin(Tudo, indice + 1);
+        Vai_Para(m_atual + 1);
         break;
     case Qt::Key_Home:
-        indice = 0;
+        Vai_Para(0);
         break;
     case Qt::Key_End:
-        indice = Tudo;
+        Vai_Para(Tudo);
+        break;
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        emit Click(m_atual);
         break;
     default:
         QWidget::keyPressEvent(evento);
-        return;
     }
-    Torna_Alcancavel(indice);
-    m_letras[static_cast<std::size_t>(indice)]->setFocus(Qt::TabFocusReason);
+}
+
+void FaixaAlfabeto::focusInEvent(QFocusEvent* evento)
+{
+    QWidget::focusInEvent(evento);
+    Vai_Para(m_atual);
+}
+
+void FaixaAlfabeto::focusOutEvent(QFocusEvent* evento)
+{
+    QWidget::focusOutEvent(evento);
+    Vai_Para(m_atual);
 }

@@ -6,8 +6,8 @@
 
 class ClickableLabel;
 
-/// The row of letters "A" to "Z" and "Tudo" (lblAlfa_0 to lblAlfa_26). Tab reaches one of them, the
-/// arrow keys go on from there.
+/// The row of letters "A" to "Z" and "Tudo" (lblAlfa_0 to lblAlfa_26). Tab reaches the row, the
+/// arrow keys go along it, Space and Enter click; the labels themselves never take the focus.
 class FaixaAlfabeto : public QWidget
 {
     Q_OBJECT
@@ -27,10 +27,13 @@ signals:
 
 protected:
     void keyPressEvent(QKeyEvent* evento) override;
+    void focusInEvent(QFocusEvent* evento) override;
+    void focusOutEvent(QFocusEvent* evento) override;
 
 private:
-    void Torna_Alcancavel(int indice);
+    void Realca(int indice, const char* propriedade, bool realca);
+    void Vai_Para(int indice);
 
     std::array<ClickableLabel*, Tudo + 1> m_letras{};
-    int m_alcancavel = 0;
+    int m_atual = 0; ///< where the arrow keys are
 };

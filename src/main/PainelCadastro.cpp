@@ -7,6 +7,7 @@ PainelCadastro::PainelCadastro(QWidget* parent)
     , ui(std::make_unique<Ui::PainelCadastro>())
 {
     ui->setupUi(this);
+    ui->lblEmBreve->setForegroundRole(QPalette::PlaceholderText);
 }
 
 PainelCadastro::~PainelCadastro() = default;

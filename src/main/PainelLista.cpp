@@ -7,6 +7,7 @@ PainelLista::PainelLista(QWidget* parent)
     , ui(std::make_unique<Ui::PainelLista>())
 {
     ui->setupUi(this);
+    ui->lblEmBreve->setForegroundRole(QPalette::PlaceholderText);
 }
 
 PainelLista::~PainelLista() = default;

@@ -57,6 +57,7 @@ PainelPesquisa::PainelPesquisa(QWidget* parent)
     , ui(std::make_unique<Ui::PainelPesquisa>())
 {
     ui->setupUi(this);
+    ui->Label3->setForegroundRole(QPalette::PlaceholderText);
     ui->lstTema->setMode(ListBox::CheckBoxes);
     ui->lblResultado->setKeyboardReachable(true);
 }
