@@ -4,12 +4,14 @@
 #include "store/dialect/Syntax.h"
 
 /// Reads one statement into its tree, by recursive descent with one token of lookahead. Nesting is
-/// bounded, so that no text whatever can exhaust the stack.
+/// bounded, so that no text whatever can exhaust our stack or SQLite's, which ends at 100 symbols.
 class Parser
 {
 public:
     /// Parentheses, function calls, sub-queries and prefixed operators inside one another.
     static constexpr int DeepestNesting = 12;
+    /// What a sub-query counts among them: it fills SQLite's stack faster.
+    static constexpr int SubQueryNesting = 3;
     /// Operators in a row, such as 1 + 1 + 1 (& AND and OR, which gather theirs, apart).
     static constexpr int LongestChain = 100;
 

@@ -14,20 +14,22 @@ using Kind = Expression::Kind;
 class Parser::Nesting
 {
 public:
-    explicit Nesting(Parser& parser)
+    explicit Nesting(Parser& parser, int levels = 1)
         : m_parser(parser)
+        , m_levels(levels)
     {
-        if (m_parser.m_nesting == DeepestNesting)
+        if (m_parser.m_nesting + m_levels > DeepestNesting)
             m_parser.Fail(u"at most " + QString::number(DeepestNesting) +
                           u" parentheses and operators inside one another");
-        ++m_parser.m_nesting;
+        m_parser.m_nesting += m_levels;
     }
-    ~Nesting() { --m_parser.m_nesting; }
+    ~Nesting() { m_parser.m_nesting -= m_levels; }
     Nesting(const Nesting&) = delete;
     Nesting& operator=(const Nesting&) = delete;
 
 private:
     Parser& m_parser;
+    int m_levels;
 };
 
 Expression Parser::ParseExpression(Precedence loosest)
@@ -226,6 +228,7 @@ Expression Parser::ParseIn(Expression value)
     Adopt(in, std::move(value));
     Expect(u"(");
     if (m_token.Is(u"SELECT")) {
+        const Nesting queryNesting(*this, SubQueryNesting - 1);
         in.kind = Kind::InQuery;
         in.query = std::make_unique<Select>(ParseSelect());
         Expect(u")");
