@@ -142,17 +142,18 @@ TOOLBAR = {
     "pesquisa": [line("M23 13A10 10 0 1 1 3 13A10 10 0 1 1 23 13Z"), line("M21 21L28.5 28.5", INK, 3),
                  moved(6.6, 6.6, 0.56, eighth(ACCENT, 3))],
     "cadastro": [line("M17 29H6A2 2 0 0 1 4 27V5A2 2 0 0 1 6 3H17L24 10V16"), line("M17 3V10H24"),
-                 line("M9 12H13M9 17H18M9 22H14"), accent("M25 20V30M20 25H30", 3)],
+                 line("M9 12H13M9 17H18M9 22H14"), accent("M24.5 20V29M20 24.5H29", 3)],
     "lista": [line("M12 7H29M12 16H29M12 25H29")] + [ellipse(5, y, 2.6, 2.6, ACCENT)
                                                      for y in (7, 16, 25)],
-    "exportar": [line("M4 18V26A2 2 0 0 0 6 28H26A2 2 0 0 0 28 26V18"),
-                 accent("M16 21V4M9 11L16 4L23 11", 3)],
-    "importar": [line("M4 18V26A2 2 0 0 0 6 28H26A2 2 0 0 0 28 26V18"),
-                 accent("M16 4V21M9 14L16 21L23 14", 3)],
-    "sobre": [line("M29 16A13 13 0 1 1 3 16A13 13 0 1 1 29 16Z"), ellipse(16, 9.6, 2, 2, ACCENT),
-              accent("M13 15H16V23M12.5 23H19.5", 3)],
-    "sair": [line("M18 9V5A2 2 0 0 0 16 3H6A2 2 0 0 0 4 5V27A2 2 0 0 0 6 29H16A2 2 0 0 0 18 27V23"),
-             accent("M11 16H29M23 10L29 16L23 22", 3)],
+    "exportar": [line("M4 18V26A2 2 0 0 0 6 28H27A2 2 0 0 0 29 26V18"),
+                 accent("M16.5 21V4M9.5 11L16.5 4L23.5 11", 3)],
+    "importar": [line("M4 18V26A2 2 0 0 0 6 28H27A2 2 0 0 0 29 26V18"),
+                 accent("M16.5 4V21M9.5 14L16.5 21L23.5 14", 3)],
+    "sobre": [line("M29.5 16.5A13 13 0 1 1 3.5 16.5A13 13 0 1 1 29.5 16.5Z"),
+              ellipse(16.5, 9.5, 2, 2, ACCENT),
+              accent("M13.5 15.5H16.5V23.5M13 23.5H20", 3)],
+    "sair": [line("M18 9V5A2 2 0 0 0 16 3H6A2 2 0 0 0 4 5V28A2 2 0 0 0 6 30H16A2 2 0 0 0 18 28V24"),
+             accent("M11 16.5H29M23 10.5L29 16.5L23 22.5", 3)],
 }
 
 
