@@ -51,24 +51,30 @@ private:
 
 namespace HandlerDetail {
 
-/// Calls handler with the first Count of args, or with as many fewer as it takes.
-template <std::size_t Count, typename Handler, typename Context, typename Args>
-void Call(Handler& handler, Context* context, Args& args)
+template <typename>
+constexpr bool Never = false;
+
+/// Calls handler with args of the places I, or with as many fewer as it takes.
+/// @param context  comes first where the handler is a member function of it
+template <typename Handler, typename Context, typename Args, std::size_t... I>
+void CallWith(Handler& handler, Context* context, Args& args, std::index_sequence<I...>)
 {
-    const auto withFirst = [&]<std::size_t... I>(std::index_sequence<I...>)
-    {
-        if constexpr (std::is_invocable_v<Handler&, std::tuple_element_t<I, Args>...>)
-            std::invoke(handler, std::get<I>(args)...);
-        else if constexpr (std::is_invocable_v<Handler&, Context*,
-                                               std::tuple_element_t<I, Args>...>)
-            std::invoke(handler, context, std::get<I>(args)...);
-        else {
-            static_assert(Count > 0, "the handler takes other arguments than the signal gives");
-            if constexpr (Count > 0)
-                Call<Count - 1>(handler, context, args);
-        }
-    };
-    withFirst(std::make_index_sequence<Count>{});
+    if constexpr (std::is_invocable_v<Handler&, std::tuple_element_t<I, Args>...>)
+        std::invoke(handler, std::get<I>(args)...);
+    else if constexpr (std::is_invocable_v<Handler&, Context*, std::tuple_element_t<I, Args>...>)
+        std::invoke(handler, context, std::get<I>(args)...);
+    else if constexpr (sizeof...(I) > 0)
+        CallWith(handler, context, args, std::make_index_sequence<sizeof...(I) - 1>());
+    else
+        static_assert(Never<Handler>, "the handler takes other arguments than the signal gives");
+}
+
+/// Calls handler with args, or with as many fewer as it takes.
+template <typename Handler, typename Context, typename... Args>
+void Call(Handler& handler, Context* context, const Args&... args)
+{
+    auto all = std::tie(args...);
+    CallWith(handler, context, all, std::index_sequence_for<Args...>());
 }
 
 } // namespace HandlerDetail
@@ -80,11 +86,10 @@ template <typename Sender, typename Signal, typename Context, typename Handler>
 QMetaObject::Connection ConnectHandler(const Sender* sender, Signal signal, Context* context,
                                        Handler handler)
 {
-    return QObject::connect(
-        sender, signal, context, [context, handler](const auto&... args) mutable -> void {
-            auto all = std::tie(args...);
-            RunHandler([&] { HandlerDetail::Call<sizeof...(args)>(handler, context, all); });
-        });
+    return QObject::connect(sender, signal, context,
+                            [context, handler](const auto&... args) mutable -> void {
+                                RunHandler([&] { HandlerDetail::Call(handler, context, args...); });
+                            });
 }
 
 /// Connects a signal to an unattended handler.
@@ -95,7 +100,6 @@ QMetaObject::Connection ConnectUnattended(const Sender* sender, Signal signal, C
     return QObject::connect(
         sender, signal, context,
         [context, handler, unattended = Unattended()](const auto&... args) mutable -> void {
-            auto all = std::tie(args...);
-            unattended.Run([&] { HandlerDetail::Call<sizeof...(args)>(handler, context, all); });
+            unattended.Run([&] { HandlerDetail::Call(handler, context, args...); });
         });
 }

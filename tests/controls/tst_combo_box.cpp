@@ -122,7 +122,7 @@ void tst_combo_box::a_bad_index_is_error_381()
         }
     }
     QCOMPARE(errors, 2);
-    QVERIFY_EXCEPTION_THROWN(m_box->ItemData(-1), RuntimeError);
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, m_box->ItemData(-1));
 }
 
 void tst_combo_box::the_user_chooses_from_the_list()
