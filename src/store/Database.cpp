@@ -163,6 +163,13 @@ Translation Connection::Database::TranslateAnew(const QString& sql)
     return Translate(sql, m_schema);
 }
 
+void Connection::Database::RunKept(const QByteArray& sql)
+{
+    Statement& statement = m_statements->Get(sql);
+    const StatementRun run(statement);
+    statement.Step();
+}
+
 bool Connection::Database::InBatch() const
 {
     return sqlite3_get_autocommit(m_handle.get()) == 0;
@@ -171,8 +178,9 @@ bool Connection::Database::InBatch() const
 Recordset Connection::Database::Execute(const QString& sql)
 {
     const Translation translation = TranslateAnew(sql);
+    // Immediate: a batch that cannot write fails before anything of it has run.
     if (!translation.isQuery && !InBatch())
-        RunSimple(m_handle.get(), "BEGIN IMMEDIATE");
+        RunKept("BEGIN IMMEDIATE");
     if (translation.cacheable)
         return Run(m_statements->Get(translation.sql), translation);
     Statement statement(m_handle.get(), translation.sql);
@@ -195,7 +203,7 @@ void Connection::Database::Commit()
     if (!InBatch())
         return;
     try {
-        RunSimple(m_handle.get(), "COMMIT");
+        RunKept("COMMIT");
     } catch (const RuntimeError&) {
         if (InBatch())
             sqlite3_exec(m_handle.get(), "ROLLBACK", nullptr, nullptr, nullptr);

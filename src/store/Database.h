@@ -36,6 +36,7 @@ private:
     bool ReloadSchema();
     qint64 SchemaVersion();
     bool InBatch() const;
+    void RunKept(const QByteArray& sql);
     Recordset Run(Statement& statement, const Translation& translation);
 
     std::unique_ptr<sqlite3, CloseHandle> m_handle;

@@ -1,33 +1,12 @@
-#include "runtime/RuntimeError.h"
 #include "store/Connection.h"
+#include "store/Failed.h"
 #include "support/PlainSqlite.h"
 #include "support/TestCatalogue.h"
 
 #include <QFile>
 #include <QTest>
 
-#include <functional>
-
 namespace {
-
-/// @return the number of the error that happens, 0 for none; keeps its texts.
-struct Failed
-{
-    explicit Failed(const std::function<void()>& action)
-    {
-        try {
-            action();
-        } catch (const RuntimeError& error) {
-            number = error.Number();
-            whatFailed = error.WhatFailed();
-            description = error.Description();
-        }
-    }
-
-    int number = 0;
-    QString whatFailed;
-    QString description;
-};
 
 Failed Opening(const QString& connectionString)
 {

@@ -6,6 +6,7 @@
 #include <unicode/uchar.h>
 #include <unicode/unorm2.h>
 
+#include <algorithm>
 #include <vector>
 
 namespace {
@@ -16,8 +17,8 @@ constexpr char32_t FirstEnd = 0x0370;
 constexpr char32_t SecondStart = 0x1E00;
 constexpr char32_t SecondEnd = 0x2070;
 
-/// The longest canonical decomposition has four code points.
-constexpr int MaxDecomposition = 8;
+/// In UTF-16: two code points.
+constexpr int MaxDecomposition = 4;
 
 const UNormalizer2* Normalizer()
 {
@@ -28,19 +29,26 @@ const UNormalizer2* Normalizer()
     return normalizer;
 }
 
-/// @return the code points that code decomposes to, all the way down; code alone when to none.
+/// @return the one or two code points that code decomposes to in one step; none when to none.
 std::vector<char32_t> Decompose(char32_t code)
 {
     UChar units[MaxDecomposition] = {};
     UErrorCode status = U_ZERO_ERROR;
-    const int32_t length = unorm2_getDecomposition(Normalizer(), static_cast<UChar32>(code), units,
-                                                   MaxDecomposition, &status);
-    if (length <= 0 || U_FAILURE(status))
-        return {code};
-    std::vector<char32_t> codes;
-    for (const uint part : QStringView(units, length).toUcs4())
-        codes.push_back(part);
-    return codes;
+    const int32_t length = unorm2_getRawDecomposition(Normalizer(), static_cast<UChar32>(code),
+                                                      units, MaxDecomposition, &status);
+    std::vector<char32_t> parts;
+    if (length > 0 && U_SUCCESS(status)) {
+        for (const uint part : QStringView(units, length).toUcs4())
+            parts.push_back(part);
+    }
+    return parts;
+}
+
+void AddAccent(FoldedCode& folded, char32_t accent)
+{
+    const auto place = std::find(folded.accents.begin(), folded.accents.end(), U'\0');
+    if (place != folded.accents.end())
+        *place = accent;
 }
 
 char32_t LowerCase(char32_t code)
@@ -62,20 +70,21 @@ std::vector<FoldedCode> Range(char32_t start, char32_t end)
 FoldedCode FoldTable::LookupInIcu(char32_t code)
 {
     const std::vector<char32_t> parts = Decompose(code);
-    FoldedCode folded;
-    std::size_t accents = 0;
-    for (const char32_t part : parts) {
-        if (CombiningClass(part) != 0) {
-            if (accents < folded.accents.size())
-                folded.accents[accents++] = part;
-        } else if (folded.base == 0) {
-            folded.base = LowerCase(part);
-        } else {
-            // Two letters in one code point (a Hangul syllable) are one to their reader; where
-            // they come apart, ComposeLetters puts them together. None of them has letter case.
-            return {code, {}};
-        }
+    if (parts.empty()) {
+        FoldedCode folded;
+        if (CombiningClass(code) != 0)
+            AddAccent(folded, code);
+        else
+            folded.base = LowerCase(code);
+        return folded;
     }
+    // Two letters in one code point (a Hangul syllable) are one to their reader; where they come
+    // apart, ComposeLetters puts them together. None of them has letter case.
+    if (parts.size() > 1 && CombiningClass(parts[1]) == 0)
+        return {code, {}};
+    FoldedCode folded = LookupInIcu(parts[0]);
+    if (parts.size() > 1)
+        AddAccent(folded, parts[1]);
     return folded;
 }
 
