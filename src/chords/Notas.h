@@ -20,6 +20,11 @@ extern QString Tabela_Nota; ///< where the last lookup found its name: "1" Notas
 /// @return the index 1 to 12 of the name in Notas, else in Notas_Mais, else 0
 std::int16_t Procura_Nota(QStringView nome, QString& tabela);
 
+/// @param indice  the sum of an index and an offset in semitones
+/// @return indice brought back by one octave at most: 1 to 12 for every index 1 to 12 and offset
+///         -12 to +12, anything for others
+int Corrige_Oitava(int indice) noexcept;
+
 /// @param indice        0 to 12
 /// @param deslocamento  semitones, -12 to +12
 /// @return the name that many semitones further in the array that Tabela_Nota tells; "" when the
