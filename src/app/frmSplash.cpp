@@ -1,0 +1,125 @@
+#include "app/frmSplash.h"
+
+#include "ui_frmSplash.h"
+
+#include "artwork/Artwork.h"
+#include "controls/Appearance.h"
+#include "controls/Handler.h"
+#include "runtime/Version.h"
+
+#include <QCloseEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScreen>
+#include <QSvgRenderer>
+#include <QTimer>
+
+#include <utility>
+
+namespace {
+
+constexpr int EsperaMs = 2500;
+
+} // namespace
+
+frmSplash::frmSplash(QWidget& principal, std::function<void()> carrega)
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint)
+    , ui(std::make_unique<Ui::frmSplash>())
+    , m_principal(principal)
+    , m_carrega(std::move(carrega))
+    , Timer1(new QTimer(this))
+{
+    ui->setupUi(this);
+    setAttribute(Qt::WA_DeleteOnClose);
+    setFocusPolicy(Qt::StrongFocus);
+    setFixedSize(size());
+    Timer1->setObjectName(QStringLiteral("Timer1"));
+    QPalette apagado = palette();
+    apagado.setColor(QPalette::WindowText, Appearance::MutedText);
+    for (QLabel* rotulo : {ui->lblVersion, ui->lblCompanyProduct, ui->lblWarning})
+        rotulo->setPalette(apagado);
+    ConnectUnattended(Timer1, &QTimer::timeout, this, &frmSplash::Inicializar);
+    Mostra_Logotipo();
+}
+
+frmSplash::~frmSplash() = default;
+
+void frmSplash::Form_Load()
+{
+    ui->lblVersion->setText(u"Versão " % Version::ToText());
+    m_principal.setVisible(false);
+    RunHandler(m_carrega);
+    Centraliza();
+    Timer1->setInterval(EsperaMs);
+    Timer1->start();
+}
+
+void frmSplash::Inicializar()
+{
+    if (std::exchange(m_iniciado, true))
+        return;
+    Timer1->stop();
+    m_principal.show();
+    m_principal.activateWindow();
+    close();
+}
+
+void frmSplash::Mostra_Logotipo()
+{
+    const qreal escala = devicePixelRatio();
+    QPixmap imagem(ui->imgLogo->minimumSize() * escala);
+    imagem.fill(Qt::transparent);
+    QPainter pintor(&imagem);
+    QSvgRenderer(Artwork::Path(QStringLiteral("logo"))).render(&pintor);
+    pintor.end();
+    imagem.setDevicePixelRatio(escala);
+    ui->imgLogo->setPixmap(imagem);
+}
+
+void frmSplash::Centraliza()
+{
+    QRect lugar = rect();
+    lugar.moveCenter(screen()->availableGeometry().center());
+    move(lugar.topLeft());
+}
+
+void frmSplash::keyPressEvent(QKeyEvent* /*evento*/)
+{
+    RunHandler([this] { Inicializar(); });
+}
+
+void frmSplash::mousePressEvent(QMouseEvent* evento)
+{
+    evento->accept(); // else the release that makes it a click would not come here
+}
+
+void frmSplash::mouseReleaseEvent(QMouseEvent* evento)
+{
+    // The frame covers the whole form; it, the logo and the labels leave their clicks to the form.
+    if (evento->button() == Qt::LeftButton && rect().contains(evento->position().toPoint()))
+        RunHandler([this] { Inicializar(); });
+}
+
+void frmSplash::closeEvent(QCloseEvent* evento)
+{
+    // Closed from outside: without the main form the program would run on unseen.
+    RunHandler([this] { Inicializar(); });
+    evento->accept();
+}
+
+void frmSplash::paintEvent(QPaintEvent* /*evento*/)
+{
+    QPainter pintor(this);
+    pintor.fillRect(rect(), Appearance::Surface);
+    QSvgRenderer arte(Artwork::Path(QStringLiteral("splash")));
+    const QSizeF tamanho =
+        QSizeF(arte.defaultSize()).scaled(width(), height(), Qt::KeepAspectRatio);
+    arte.render(&pintor, QRectF(QPointF(), tamanho));
+    pintor.setPen(Appearance::Border);
+    pintor.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+bool frmSplash::focusNextPrevChild(bool /*proximo*/)
+{
+    return false; // Tab is a key press like any other
+}

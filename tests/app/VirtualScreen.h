@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QString>
+
+/// An X server of its own with a window manager, and the hands of a user on it: programs that a
+/// test starts there show real windows and get real keys. Needs Xvfb, openbox and xdotool.
+class VirtualScreen
+{
+public:
+    /// Starts the server; ErrorText() tells when that failed.
+    VirtualScreen();
+    ~VirtualScreen();
+    VirtualScreen(const VirtualScreen&) = delete;
+    VirtualScreen& operator=(const VirtualScreen&) = delete;
+
+    QString ErrorText() const { return m_error; }
+
+    /// @return the environment that programs need to show their windows here.
+    QProcessEnvironment Environment() const { return m_environment; }
+
+    /// Waits until a window whose title matches the regular expression is visible.
+    /// @return its number; "" when that took too long
+    QString WaitForWindow(const QString& title) const;
+
+    /// Waits until such a window has the keyboard. @return as WaitForWindow
+    QString WaitForFocus(const QString& title) const;
+
+    bool IsVisible(const QString& title) const;
+
+    /// Presses keys one after the other, in the words of xdotool ("Return", "ctrl+a").
+    void Press(const QStringList& keys) const;
+
+    /// Types a text of ASCII characters.
+    void Type(const QString& text) const;
+
+    /// Clicks into a window, near its upper-left corner.
+    void Click(const QString& window) const;
+
+    /// How long a wait lasts at most, in ms: long, since it ends as soon as it may.
+    static constexpr int Patience = 60000;
+
+private:
+    QString Xdotool(const QStringList& arguments) const;
+    QStringList Windows(const QString& title) const;
+
+    QProcess m_server;
+    QProcess m_manager;
+    QProcessEnvironment m_environment;
+    QString m_error;
+};
