@@ -44,7 +44,7 @@ public:
                                  .arg(size.width())
                                  .arg(size.height());
         const bool saved = QApplication::primaryScreen()->grabWindow(0).save(file);
-        QTextStream(stdout) << (saved ? u"  " : u"  NOT SAVED ") << file << Qt::endl;
+        QTextStream(stdout) << (saved ? "  " : "  NOT SAVED ") << file << Qt::endl;
     }
 
 private:
