@@ -17,6 +17,7 @@ ClickableLabel::ClickableLabel(const QString& text, QWidget* parent)
 {
     setTextFormat(Qt::PlainText);
     setCursor(Qt::PointingHandCursor);
+    setAttribute(Qt::WA_Hover); // the style sheet marks it under the pointer
 }
 
 bool ClickableLabel::keyboardReachable() const

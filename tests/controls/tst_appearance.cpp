@@ -1,11 +1,14 @@
 #include "controls/Appearance.h"
 
+#include "controls/ClickableLabel.h"
+
 #include <QApplication>
 #include <QFontMetrics>
 #include <QPalette>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTest>
+#include <QWindow>
 
 #include <algorithm>
 #include <cmath>
@@ -43,7 +46,8 @@ private slots:
     void texts_stand_out_from_their_ground();
     void a_dark_desktop_palette_does_not_show_through();
     void plain_and_bold_of_the_sheet_font_are_equally_wide();
-    void a_pushed_button_shows_the_accent();
+    void a_default_button_shows_the_accent();
+    void a_label_under_the_pointer_shows_the_accent();
 };
 
 void tst_appearance::initTestCase()
@@ -110,12 +114,34 @@ void tst_appearance::plain_and_bold_of_the_sheet_font_are_equally_wide()
              QFontMetrics(plain).horizontalAdvance(u"MMMM"_s));
 }
 
-void tst_appearance::a_pushed_button_shows_the_accent()
+void tst_appearance::a_default_button_shows_the_accent()
 {
     QPushButton button(u"&Salvar"_s);
     button.setDefault(true);
     button.resize(120, 40);
     QCOMPARE(button.grab().toImage().pixelColor(10, 20), Appearance::Accent);
+}
+
+void tst_appearance::a_label_under_the_pointer_shows_the_accent()
+{
+    const auto accented = [](const QImage& image) {
+        int count = 0;
+        for (int x = 0; x < image.width(); ++x) {
+            for (int y = 0; y < image.height(); ++y)
+                count += image.pixelColor(x, y) == Appearance::Accent;
+        }
+        return count;
+    };
+    QWidget form;
+    form.resize(300, 200);
+    ClickableLabel label(u"MELODARIO"_s, &form);
+    label.setGeometry(100, 100, 120, 30);
+    form.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&form));
+    QTest::mouseMove(form.windowHandle(), QPoint(10, 10));
+    QTRY_COMPARE(accented(label.grab().toImage()), 0);
+    QTest::mouseMove(form.windowHandle(), QPoint(120, 115));
+    QTRY_VERIFY(accented(label.grab().toImage()) > 0);
 }
 
 QTEST_MAIN(tst_appearance)
