@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QTest>
 
+#include <algorithm>
+#include <limits>
 #include <memory>
 
 namespace {
@@ -102,10 +104,10 @@ void tst_Partida::New(const QString& subfolder)
     m_program = std::make_unique<Installation>(subfolder);
 }
 
-/// Dismisses the splash and waits for the main form.
+/// Dismisses the splash, if it is not gone by itself, and waits for the main form.
 void tst_Partida::ExpectTheMainForm()
 {
-    QVERIFY(!m_screen->WaitForFocus(Box()).isEmpty());
+    QVERIFY(!m_screen->WaitForFocus(Box() + u'|' + MainForm()).isEmpty());
     m_screen->Press({u"space"_qs});
     QVERIFY(!m_screen->WaitForFocus(MainForm()).isEmpty());
     QVERIFY(m_program->IsRunning());
@@ -224,21 +226,26 @@ void tst_Partida::theSplashGoesAtOnce_data()
 void tst_Partida::theSplashGoesAtOnce()
 {
     QFETCH(QString, key);
-    New();
-    QVERIFY(m_program->AddCatalogue());
-    Start();
-    const QString splash = m_screen->WaitForFocus(Box());
-    QVERIFY(!splash.isEmpty());
-    QElapsedTimer time;
-    time.start();
-    if (key.isEmpty())
-        m_screen->Click(splash);
-    else
-        m_screen->Press({key});
-    QVERIFY(!m_screen->WaitForWindow(MainForm()).isEmpty());
-    QVERIFY2(time.elapsed() < 2000, "the main form came no sooner than by itself");
-    QTRY_VERIFY(!m_screen->IsVisible(Box()));
-    CloseTheMainForm();
+    // A busy machine may be slow once; a key without effect would be slow every time.
+    qint64 fastest = std::numeric_limits<qint64>::max();
+    for (int attempt = 0; attempt < 3 && fastest > 1500; ++attempt) {
+        New();
+        QVERIFY(m_program->AddCatalogue());
+        Start();
+        const QString splash = m_screen->WaitForFocus(Box());
+        QVERIFY(!splash.isEmpty());
+        QElapsedTimer time;
+        time.start();
+        if (key.isEmpty())
+            m_screen->Click(splash);
+        else
+            m_screen->Press({key});
+        QVERIFY(!m_screen->WaitForWindow(MainForm()).isEmpty());
+        fastest = std::min(fastest, time.elapsed());
+        QTRY_VERIFY(!m_screen->IsVisible(Box()));
+        CloseTheMainForm();
+    }
+    QVERIFY2(fastest <= 1500, "the main form came no sooner than by itself");
 }
 
 void tst_Partida::aFileThatIsNoCatalogueEndsTheProgram_data()
