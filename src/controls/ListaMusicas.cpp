@@ -195,8 +195,14 @@ void ListaMusicas::mouseReleaseEvent(QMouseEvent* evento)
 
 void ListaMusicas::mouseDoubleClickEvent(QMouseEvent* evento)
 {
-    if (evento->button() == Qt::LeftButton && indexAt(evento->position().toPoint()).isValid())
-        emit DblClick();
+    const QModelIndex sobPonteiro = indexAt(evento->position().toPoint());
+    if (evento->button() != Qt::LeftButton || !sobPonteiro.isValid())
+        return;
+    // The first press may have met the row next to it.
+    if (sobPonteiro.row() != currentIndex().row())
+        selectionModel()->setCurrentIndex(sobPonteiro, QItemSelectionModel::ClearAndSelect |
+                                                           QItemSelectionModel::Rows);
+    emit DblClick();
 }
 
 void ListaMusicas::contextMenuEvent(QContextMenuEvent* evento)

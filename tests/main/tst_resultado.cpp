@@ -1,0 +1,236 @@
+#include "PesquisaTeste.h"
+
+#include <QHeaderView>
+
+class tst_resultado : public PesquisaTeste
+{
+    Q_OBJECT
+
+private slots:
+    void enterInABoxOpensTheFirstRow_data();
+    void enterInABoxOpensTheFirstRow();
+    void enterFollowsTheSortOfTheList();
+    void enterOnAnEmptyListDoesNothing();
+    void enterBeforeThePendingSearchOpensTheOldList();
+    void doubleClickOpensASong();
+    void enterOpensTheSelectedSong();
+    void everyOpeningIsOneMoreViewer();
+    void openingASongThatIsGoneTellsNothing();
+    void nothingSelectedDoesNothing();
+    void deleteLoadsAndDeletes();
+    void deleteGoesOnAfterARefusedSwitch();
+    void rightButtonLoadsForEditing();
+    void rightButtonGoesOnAfterARefusedSwitch();
+    void rowIsReadBeforeTheQuestion();
+    void countLineTogglesTheView();
+    void headersSortAndANewSearchDoesNot();
+};
+
+void tst_resultado::enterInABoxOpensTheFirstRow_data()
+{
+    QTest::addColumn<QByteArray>("caixa");
+    QTest::addColumn<int>("tecla");
+    for (const char* caixa : {"txtTitulo", "txtReferencia", "txtLetra"}) {
+        QTest::addRow("Enter in %s", caixa) << QByteArray(caixa) << int{Qt::Key_Return};
+        QTest::addRow("keypad Enter in %s", caixa) << QByteArray(caixa) << int{Qt::Key_Enter};
+    }
+}
+
+void tst_resultado::enterInABoxOpensTheFirstRow()
+{
+    QFETCH(QByteArray, caixa);
+    QFETCH(int, tecla);
+    Musica(u"Luz"_qs);
+    Musica(u"Bossa"_qs);
+    Carrega();
+    QTest::keyClick(Acha<QWidget>(caixa.constData()), static_cast<Qt::Key>(tecla));
+    QCOMPARE(Abertas(), QStringList(u"Bossa"_qs));
+    QCOMPARE(m_form->chamadas, QStringList(u"Oculta_Teclado"_qs));
+    QVERIFY(m_pesquisas.isEmpty());
+}
+
+void tst_resultado::enterFollowsTheSortOfTheList()
+{
+    Musica(u"Bossa"_qs);
+    Musica(u"Luz"_qs);
+    Musica(u"Zelo"_qs);
+    Carrega();
+    QTest::mouseClick(m_lista->header()->viewport(), Qt::LeftButton, {}, QPoint(40, 12));
+    QTest::keyClick(Acha<QWidget>("txtTitulo"), Qt::Key_Return);
+    QCOMPARE(Abertas(), QStringList(u"Zelo"_qs));
+}
+
+void tst_resultado::enterOnAnEmptyListDoesNothing()
+{
+    Carrega();
+    QCOMPARE(m_lista->ListCount(), 0);
+    QTest::keyClick(Acha<QWidget>("txtTitulo"), Qt::Key_Return);
+    QVERIFY(Visualizadores().isEmpty());
+    QVERIFY(m_form->chamadas.isEmpty());
+    QVERIFY(m_caixas->boxes.isEmpty());
+}
+
+void tst_resultado::enterBeforeThePendingSearchOpensTheOldList()
+{
+    Musica(u"Bossa"_qs);
+    Musica(u"Luz"_qs);
+    Carrega();
+    QTest::keyClicks(Acha<QWidget>("txtTitulo"), u"luz"_qs);
+    QTest::keyClick(Acha<QWidget>("txtTitulo"), Qt::Key_Return);
+    QCOMPARE(Abertas(), QStringList(u"Bossa"_qs));
+    Espera_Pesquisa();
+    QCOMPARE(Titulos(), QStringList(u"Luz"_qs));
+}
+
+void tst_resultado::doubleClickOpensASong()
+{
+    Musica(u"Bossa"_qs);
+    Musica(u"Luz"_qs);
+    Carrega();
+    const QPoint segunda = m_lista->visualRect(m_lista->model()->index(1, 0)).center();
+    QTest::mouseClick(m_lista->viewport(), Qt::LeftButton, {}, segunda);
+    QVERIFY(Visualizadores().isEmpty());
+    QTest::mouseDClick(m_lista->viewport(), Qt::LeftButton, {}, segunda);
+    QCOMPARE(Abertas(), QStringList(u"Luz"_qs));
+    QVERIFY(Visualizadores().first()->isWindow());
+    QVERIFY(!Visualizadores().first()->isModal());
+    QCOMPARE(m_form->chamadas, QStringList(u"Oculta_Teclado"_qs));
+}
+
+void tst_resultado::enterOpensTheSelectedSong()
+{
+    Musica(u"Bossa"_qs);
+    Musica(u"Luz"_qs);
+    Carrega();
+    Clica_Linha(1);
+    QTest::keyClick(m_lista, Qt::Key_Return);
+    QCOMPARE(Abertas(), QStringList(u"Luz"_qs));
+}
+
+void tst_resultado::everyOpeningIsOneMoreViewer()
+{
+    Musica(u"Luz"_qs);
+    Carrega();
+    Clica_Linha(0);
+    QTest::keyClick(m_lista, Qt::Key_Return);
+    QTest::keyClick(m_lista, Qt::Key_Enter);
+    QCOMPARE(Abertas(), QStringList({u"Luz"_qs, u"Luz"_qs}));
+}
+
+void tst_resultado::openingASongThatIsGoneTellsNothing()
+{
+    const qint64 id = Musica(u"Luz"_qs);
+    Carrega();
+    m_catalogo->Run(u"DELETE FROM MUSICA WHERE ID = %1"_qs.arg(id));
+    Clica_Linha(0);
+    QTest::keyClick(m_lista, Qt::Key_Return);
+    QVERIFY(m_caixas->boxes.isEmpty());
+    QCOMPARE(m_form->chamadas, QStringList(u"Oculta_Teclado"_qs));
+}
+
+void tst_resultado::nothingSelectedDoesNothing()
+{
+    Musica(u"Luz"_qs);
+    Carrega();
+    m_lista->setFocus();
+    QTest::keyClick(m_lista, Qt::Key_Return);
+    QTest::keyClick(m_lista, Qt::Key_Delete);
+    const QPoint vazio(30, m_lista->viewport()->height() - 6);
+    QTest::mouseClick(m_lista->viewport(), Qt::RightButton, {}, vazio);
+    QTest::mouseDClick(m_lista->viewport(), Qt::LeftButton, {}, vazio);
+    QVERIFY(m_form->chamadas.isEmpty());
+    QVERIFY(Visualizadores().isEmpty());
+    QVERIFY(m_caixas->boxes.isEmpty());
+}
+
+void tst_resultado::deleteLoadsAndDeletes()
+{
+    const qint64 id = Musica(u"Luz"_qs);
+    Carrega();
+    Clica_Linha(0);
+    QTest::keyClick(m_lista, Qt::Key_Delete);
+    QCOMPARE(m_form->chamadas,
+             QStringList({u"Verifica_Modificacoes"_qs, u"Inicializa_Cadastro 0"_qs,
+                          u"Inicializa_Cadastro %1"_qs.arg(id), u"cmdExcluir_Click"_qs}));
+    QVERIFY(Acha<QWidget>("pctFrame_2")->isVisible());
+    QVERIFY(!Acha<QWidget>("pctFrame_0")->isVisible());
+}
+
+void tst_resultado::deleteGoesOnAfterARefusedSwitch()
+{
+    const qint64 id = Musica(u"Luz"_qs);
+    Carrega();
+    m_form->aceita = false;
+    Clica_Linha(0);
+    QTest::keyClick(m_lista, Qt::Key_Delete);
+    QCOMPARE(m_form->chamadas,
+             QStringList({u"Verifica_Modificacoes"_qs, u"Inicializa_Cadastro %1"_qs.arg(id),
+                          u"cmdExcluir_Click"_qs}));
+    QVERIFY(Acha<QWidget>("pctFrame_0")->isVisible());
+}
+
+void tst_resultado::rightButtonLoadsForEditing()
+{
+    Musica(u"Bossa"_qs);
+    const qint64 id = Musica(u"Luz"_qs);
+    Carrega();
+    Clica_Linha(0);
+    Clica_Linha(1, Qt::RightButton);
+    QCOMPARE(m_form->chamadas,
+             QStringList({u"Verifica_Modificacoes"_qs, u"Inicializa_Cadastro 0"_qs,
+                          u"Inicializa_Cadastro %1"_qs.arg(id)}));
+    QVERIFY(Acha<QWidget>("pctFrame_2")->isVisible());
+}
+
+void tst_resultado::rightButtonGoesOnAfterARefusedSwitch()
+{
+    const qint64 id = Musica(u"Luz"_qs);
+    Carrega();
+    m_form->aceita = false;
+    Clica_Linha(0, Qt::RightButton);
+    QCOMPARE(m_form->chamadas,
+             QStringList({u"Verifica_Modificacoes"_qs, u"Inicializa_Cadastro %1"_qs.arg(id)}));
+    QVERIFY(Acha<QWidget>("pctFrame_0")->isVisible());
+}
+
+void tst_resultado::rowIsReadBeforeTheQuestion()
+{
+    Musica(u"Bossa"_qs);
+    const qint64 id = Musica(u"Luz"_qs);
+    Carrega();
+    // While the setlist's question stands open, a search empties the list.
+    m_form->enquantoPergunta = [this] { Clica_Letra(25); };
+    Clica_Linha(1, Qt::RightButton);
+    QCOMPARE(m_lista->ListCount(), 0);
+    QCOMPARE(m_form->chamadas.last(), u"Inicializa_Cadastro %1"_qs.arg(id));
+}
+
+void tst_resultado::countLineTogglesTheView()
+{
+    Carrega();
+    QCOMPARE(m_lista->View(), 3);
+    Clica("lblResultado");
+    QCOMPARE(m_lista->View(), 2);
+    Clica("lblResultado");
+    QCOMPARE(m_lista->View(), 3);
+}
+
+void tst_resultado::headersSortAndANewSearchDoesNot()
+{
+    Musica(u"Bossa"_qs, {}, {.count = 5});
+    Musica(u"Aboio"_qs, {}, {.count = 1});
+    Musica(u"Luz"_qs, {}, {.count = 3});
+    Carrega();
+    const auto titulo = [this] {
+        QTest::mouseClick(m_lista->header()->viewport(), Qt::LeftButton, {}, QPoint(40, 12));
+    };
+    titulo();
+    QCOMPARE(Titulos(), QStringList({u"Luz"_qs, u"Bossa"_qs, u"Aboio"_qs}));
+    Clica("chkOrdenar");
+    QCOMPARE(Titulos(), QStringList({u"Bossa"_qs, u"Luz"_qs, u"Aboio"_qs}));
+    titulo();
+    QCOMPARE(Titulos(), QStringList({u"Aboio"_qs, u"Bossa"_qs, u"Luz"_qs}));
+}
+
+QTEST_MAIN(tst_resultado)
+#include "tst_resultado.moc"
