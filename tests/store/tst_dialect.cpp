@@ -454,8 +454,8 @@ void tst_dialect::deepNestingIsRefused()
                        behind.repeated(depth));
     };
     Translated(sql(most));
-    QVERIFY_EXCEPTION_THROWN(Translated(sql(most + 1)), RuntimeError);
-    QVERIFY_EXCEPTION_THROWN(Translated(sql(1'000'000)), RuntimeError);
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, Translated(sql(most + 1)));
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, Translated(sql(1'000'000)));
 }
 
 /// A musician's whole catalogue marked for export, a long song, a wall of conditions.

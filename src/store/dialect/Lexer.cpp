@@ -35,10 +35,16 @@ bool ContinuesWord(QChar c)
     return BeginsWord(c) || c.isDigit() || c.isMark();
 }
 
+/// Lengths first: most words that are compared have another one.
+bool IsWord(QStringView a, QStringView b)
+{
+    return a.size() == b.size() && a.compare(b, Qt::CaseInsensitive) == 0;
+}
+
 bool IsKeyword(QStringView word)
 {
     return std::any_of(Keywords.begin(), Keywords.end(), [word](std::u16string_view keyword) {
-        return word.compare(keyword, Qt::CaseInsensitive) == 0;
+        return IsWord(word, QStringView(keyword));
     });
 }
 
@@ -46,8 +52,7 @@ bool IsKeyword(QStringView word)
 
 bool Token::Is(QStringView word) const noexcept
 {
-    return (kind == Kind::Keyword || kind == Kind::Symbol) &&
-           text.compare(word, Qt::CaseInsensitive) == 0;
+    return (kind == Kind::Keyword || kind == Kind::Symbol) && IsWord(text, word);
 }
 
 QString Token::Value() const

@@ -64,8 +64,7 @@ QString TableNames(const std::vector<const Source*>& sources)
     return names.join(u" or ");
 }
 
-/// A column keeps its own name; a computed one is called after its place, as the program's store
-/// always did.
+/// A column keeps its own name; a computed one is called after its place.
 QString ResultName(const ResultColumn& column, std::size_t position)
 {
     if (!column.name.isEmpty())
