@@ -33,6 +33,10 @@ VirtualScreen::VirtualScreen()
     m_environment.insert(u"DISPLAY"_qs, u":"_qs + QString::fromLatin1(number));
     m_environment.insert(u"QT_QPA_PLATFORM"_qs, u"xcb"_qs);
     m_environment.remove(u"WAYLAND_DISPLAY"_qs);
+    // This screen has no desktop around it, so no message bus either: one that the toolkit would
+    // start for it stays behind.
+    m_environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_qs, u"disabled:"_qs);
+    m_environment.insert(u"DBUS_SYSTEM_BUS_ADDRESS"_qs, u"disabled:"_qs);
     m_manager.setProcessEnvironment(m_environment);
     m_manager.setStandardErrorFile(QProcess::nullDevice());
     m_manager.start(u"openbox"_qs, QStringList());
