@@ -1,6 +1,6 @@
 #pragma once
 
-#include <array>
+#include <cstddef>
 #include <string_view>
 
 /// The characters that a chord line may hold beside note names. With them chords carry their
@@ -20,15 +20,5 @@ constexpr bool IsAccidental(char16_t letter) noexcept
 {
     return letter == u'#' || letter == u'b';
 }
-
-constexpr std::array<bool, TableSize> MarkCharacters() noexcept
-{
-    std::array<bool, TableSize> marks{};
-    for (const char16_t letter : Characters)
-        marks[letter] = true;
-    return marks;
-}
-
-constexpr std::array<bool, TableSize> IsCharacter = MarkCharacters();
 
 } // namespace Chords

@@ -3,6 +3,7 @@
 #include "chords/ChordCharacters.h"
 #include "chords/Notas.h"
 
+#include <array>
 #include <cstdint>
 
 /// The note arrays laid out for one scan of a song, where looking a name up is one step instead of

@@ -2,71 +2,79 @@
 
 #include "controls/Appearance.h"
 #include "controls/RtfReader.h"
+#include "controls/RtfWriter.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QCoreApplication>
+#include <QFontDatabase>
+#include <QKeyEvent>
+#include <QPalette>
 #include <QResizeEvent>
 #include <QScrollBar>
 #include <QTextBlock>
-#include <QTextCursor>
 
-#include <algorithm>
+#include <cmath>
+#include <utility>
 
 namespace {
 
-constexpr int SongHalfPoints = 34; // as a chord sheet at its normal size
+constexpr int UsualSize = 34; // half points
+constexpr int Margin = 8;     // pixels around the text
 
-QTextCharFormat PlainFormat(int halfPoints)
+/// @return name where it is installed, else the family of chord sheets. Sheets name one font over
+/// and over, and looking it up asks the system for all of its fonts.
+QString InstalledFamily(const QString& name)
 {
-    QTextCharFormat format;
-    format.setFontFamilies({Appearance::MonospacedFamily()});
-    format.setFontFixedPitch(true);
-    format.setFontPointSize(halfPoints / 2.0);
-    return format;
-}
-
-QTextCharFormat FormatOf(const RtfDocument::Run& run)
-{
-    QTextCharFormat format = PlainFormat(run.halfPoints);
-    if (run.bold)
-        format.setFontWeight(QFont::Bold);
-    if (run.colour != 0)
-        format.setForeground(QColor(run.colour));
-    return format;
-}
-
-/// The format of most of the text: the one that need not be applied stretch by stretch.
-RtfDocument::Run UsualFormat(const RtfDocument& sheet)
-{
-    RtfDocument::Run usual;
-    usual.halfPoints = sheet.halfPoints;
-    return usual;
-}
-
-/// Replaces a document in one edit that undo does not know.
-void Replace(QTextEdit& box, const RtfDocument& sheet)
-{
-    QTextDocument& document = *box.document();
-    document.setUndoRedoEnabled(false);
-    const RtfDocument::Run usual = UsualFormat(sheet);
-    QTextCursor cursor(&document);
-    cursor.beginEditBlock();
-    cursor.select(QTextCursor::Document);
-    cursor.insertText(sheet.text, FormatOf(usual));
-    for (const RtfDocument::Run& run : sheet.runs) {
-        if (run.SameFormat(usual))
-            continue;
-        cursor.setPosition(static_cast<int>(run.from));
-        cursor.setPosition(static_cast<int>(run.from + run.length), QTextCursor::KeepAnchor);
-        cursor.setCharFormat(FormatOf(run));
+    static std::pair<QString, QString> last;
+    if (last.second.isEmpty() || last.first != name) {
+        const bool installed = !name.isEmpty() && QFontDatabase::hasFamily(name);
+        last = {name, installed ? name : Appearance::MonospacedFamily()};
     }
-    cursor.endEditBlock();
-    document.setUndoRedoEnabled(true);
-    document.setModified(false);
-    box.moveCursor(QTextCursor::Start);
+    return last.second;
 }
 
-/// A widget that was never shown has not been told its size yet.
-void DeliverPendingResize(QWidget& widget)
+QPalette WhiteSheet(QPalette palette)
+{
+    palette.setColor(QPalette::Base, Appearance::Surface);
+    palette.setColor(QPalette::Text, Appearance::Text);
+    palette.setColor(QPalette::Highlight, Appearance::Accent);
+    palette.setColor(QPalette::HighlightedText, Appearance::Surface);
+    return palette;
+}
+
+/// @return how text of a format looks. The size is always told, so that it can be read from any
+/// character.
+QTextCharFormat Look(const Rtf::Format& format)
+{
+    QTextCharFormat look;
+    look.setFontPointSize(format.halfPoints / 2.0);
+    if (format.bold)
+        look.setFontWeight(QFont::Bold);
+    if (format.colour)
+        look.setForeground(QColor(QRgb(*format.colour)));
+    return look;
+}
+
+Rtf::Format FormatOf(const QTextCharFormat& look, int sheetSize)
+{
+    Rtf::Format format;
+    format.bold = look.fontWeight() > QFont::Normal;
+    if (look.hasProperty(QTextFormat::ForegroundBrush))
+        format.colour = look.foreground().color().rgb() & 0xFFFFFF;
+    format.halfPoints = look.hasProperty(QTextFormat::FontPointSize)
+                            ? static_cast<int>(std::lround(look.fontPointSize() * 2))
+                            : sheetSize;
+    return format;
+}
+
+int HalfPoints(const QFont& font)
+{
+    return static_cast<int>(std::lround(font.pointSizeF() * 2));
+}
+
+/// Gives a widget that is not shown yet the inner layout that its size asks for: it would put that
+/// off until it is.
+void Settle(QWidget& widget)
 {
     if (!widget.testAttribute(Qt::WA_PendingResizeEvent))
         return;
@@ -80,55 +88,134 @@ void DeliverPendingResize(QWidget& widget)
 RichTextBox::RichTextBox(QWidget* parent)
     : QTextEdit(parent)
 {
-    setAcceptRichText(false); // what is pasted takes the sheet's looks
-    setLineWrapMode(NoWrap);
-    setFrameShape(NoFrame);
+    setAcceptRichText(false);
+    setLineWrapMode(QTextEdit::NoWrap);
+    setWordWrapMode(QTextOption::NoWrap);
+    setFrameShape(QFrame::NoFrame);
     setTabChangesFocus(true);
-    document()->setDocumentMargin(8);
-    document()->setDefaultFont(PlainFormat(SongHalfPoints).font());
-
-    // Paper is white, whatever the desktop's palette is.
-    QPalette paper = palette();
-    paper.setColor(QPalette::Base, Qt::white);
-    paper.setColor(QPalette::Text, Appearance::Text);
-    setPalette(paper);
+    setPalette(WhiteSheet(palette()));
+    document()->setDocumentMargin(Margin);
+    UseFont(Appearance::MonospacedFamily(), UsualSize);
 }
 
-void RichTextBox::SetTextRTF(QStringView rtf)
+void RichTextBox::SetTextRTF(const QString& rtf)
 {
-    const RtfDocument sheet = ReadRtf(rtf);
-    document()->setDefaultFont(PlainFormat(sheet.halfPoints).font());
-    Replace(*this, sheet);
+    Fill(Rtf::Read(rtf));
+    m_rtf = rtf;
+    m_revision = document()->revision();
 }
 
-void RichTextBox::SetText(const QString& text)
+QString RichTextBox::TextRTF() const
 {
-    RtfDocument sheet;
-    sheet.text = text;
-    sheet.text.replace(u"\r\n"_qs, u"\n"_qs).replace(u'\r', u'\n');
-    sheet.halfPoints = static_cast<int>(document()->defaultFont().pointSizeF() * 2);
-    Replace(*this, sheet);
+    return m_revision == document()->revision() ? m_rtf : Rtf::Write(Sheet());
 }
 
 QString RichTextBox::Text() const
 {
-    QString text;
-    text.reserve(document()->characterCount() + document()->blockCount());
+    // toPlainText would turn every no-break space into a blank.
+    return document()->toRawText().replace(QChar::ParagraphSeparator, u"\r\n"_qs);
+}
+
+void RichTextBox::SetText(const QString& text)
+{
+    Rtf::Document sheet;
+    sheet.halfPoints = HalfPoints(font());
+    sheet.fontName = font().family();
+    Rtf::Format plain;
+    plain.halfPoints = sheet.halfPoints;
+    QString lines = text;
+    lines.replace(u"\r\n"_qs, u"\n"_qs).replace(u'\r', u'\n');
+    sheet.Append(lines, plain);
+    Fill(sheet);
+    m_revision = -1;
+}
+
+void RichTextBox::keyPressEvent(QKeyEvent* event)
+{
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!enter || event->modifiers() != Qt::ShiftModifier || isReadOnly()) {
+        QTextEdit::keyPressEvent(event);
+        return;
+    }
+    // Shift+Enter would put a line separator, which no chord sheet knows, into the line.
+    textCursor().insertBlock();
+    ensureCursorVisible();
+    event->accept();
+}
+
+/// Replaces the content in one edit, so that it is laid out once, and formats only what differs
+/// from plain text.
+void RichTextBox::Fill(const Rtf::Document& sheet)
+{
+    Rtf::Format plain;
+    plain.halfPoints = sheet.halfPoints;
+    const QTextCharFormat plainLook = Look(plain);
+    document()->setUndoRedoEnabled(false);
+    QTextCursor cursor(document());
+    cursor.beginEditBlock();
+    cursor.select(QTextCursor::Document);
+    cursor.removeSelectedText();
+    cursor.setBlockFormat(QTextBlockFormat());
+    cursor.setBlockCharFormat(plainLook);
+    UseFont(InstalledFamily(sheet.fontName), sheet.halfPoints);
+    cursor.insertText(sheet.text, plainLook);
+    qsizetype from = 0;
+    for (const Rtf::Run& run : sheet.runs) {
+        const qsizetype to = from + run.length;
+        if (run.format != plain) {
+            cursor.setPosition(static_cast<int>(from));
+            cursor.setPosition(static_cast<int>(to), QTextCursor::KeepAnchor);
+            cursor.setCharFormat(Look(run.format));
+        }
+        from = to;
+    }
+    cursor.endEditBlock();
+    document()->setUndoRedoEnabled(true);
+    document()->setModified(false);
+
+    cursor.movePosition(QTextCursor::Start);
+    setTextCursor(cursor);
+    verticalScrollBar()->setValue(0);
+    horizontalScrollBar()->setValue(0);
+}
+
+/// Sets the document's own font, which holds where nothing was typed yet.
+void RichTextBox::UseFont(const QString& family, int halfPoints)
+{
+    QFont wanted(family);
+    wanted.setPointSizeF(halfPoints / 2.0);
+    wanted.setStyleHint(QFont::Monospace);
+    wanted.setFixedPitch(true);
+    if (wanted != font())
+        setFont(wanted);
+}
+
+/// @return the content with its formats, as a document of its own.
+Rtf::Document RichTextBox::Sheet() const
+{
+    Rtf::Document sheet;
+    sheet.halfPoints = HalfPoints(font());
+    sheet.fontName = font().family();
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
         if (block != document()->begin())
-            text += u"\r\n"_qs;
-        text += block.text().replace(QChar::LineSeparator, u"\r\n"_qs);
+            sheet.Append(u"\n", FormatOf(block.charFormat(), HalfPoints(font())));
+        for (auto part = block.begin(); !part.atEnd(); ++part) {
+            const QTextFragment fragment = part.fragment();
+            sheet.Append(fragment.text(), FormatOf(fragment.charFormat(), HalfPoints(font())));
+        }
     }
-    return text;
+    return sheet;
 }
 
 void RichTextBox::FinishLayout()
 {
     ensurePolished();
-    DeliverPendingResize(*this);
-    DeliverPendingResize(*viewport());
-    document()->pageCount();           // asks for the last page, so the layout goes to the end
-    DeliverPendingResize(*viewport()); // a horizontal scroll bar may have come
+    Settle(*this);
+    Settle(*viewport());
+    // Asking for the size of the document finishes its layout, which a text document otherwise does
+    // in portions, while idle. A bar that appears by that takes its share of the height.
+    document()->documentLayout()->documentSize();
+    Settle(*viewport());
 }
 
 int Funcoes::Calcula_Limite_Rolagem(RichTextBox& caixa)
