@@ -2,6 +2,7 @@
 #include "store/text/FoldTable.h"
 #include "store/text/Utf8.h"
 
+#include <QRandomGenerator>
 #include <QTest>
 
 namespace {
@@ -60,6 +61,7 @@ private slots:
     void doesNotTellCompositionEverywhere();
     void ignoresLetterCaseEverywhere();
     void hasTheSameBasesBothWays();
+    void hasTheSameBasesBothWaysInAnyMixture();
 };
 
 void tst_fold::showsTheBases_data()
@@ -195,6 +197,21 @@ void tst_fold::hasTheSameBasesBothWays()
         }
         if (Fold::Bases(text) != BasesOfLetters(text))
             QFAIL(qPrintable(QString::number(code, 16)));
+    }
+}
+
+void tst_fold::hasTheSameBasesBothWaysInAnyMixture()
+{
+    const std::vector<std::string> pieces = {"a",      "Z",      "[",    " ",    "á",       "Ç",
+                                             "\u0301", "\u0327", "Ⱥ",    "ạ",    "Ω",       "가",
+                                             "ᄀ",     "\u1161", "\xff", "\xc3", "\xe2\x82"};
+    QRandomGenerator random(20);
+    for (int i = 0; i < 20000; ++i) {
+        std::string text;
+        for (int length = random.bounded(40); length > 0; --length)
+            text += pieces[random.bounded(static_cast<quint32>(pieces.size()))];
+        if (Fold::Bases(text) != BasesOfLetters(text))
+            QFAIL(text.c_str());
     }
 }
 
