@@ -2,6 +2,7 @@
 
 #include "ViewerBench.h"
 
+#include "controls/ComboBox.h"
 #include "runtime/RuntimeError.h"
 
 #include <QTimer>
@@ -24,6 +25,7 @@ private slots:
     void minimise();
     void keysDoNotTouchTheText_data();
     void keysDoNotTouchTheText();
+    void keysDoNotMoveTheSongList();
     void clickingIntoTheTextLeavesNoCaret();
     void severalViewersKeepTheirOwnState();
     void closingOneViewerLeavesTheOthers();
@@ -133,6 +135,18 @@ void tst_viewer_life::keysDoNotTouchTheText()
     QVERIFY(!Box(viewer, 2)->toPlainText().contains(u"xyz"));
 }
 
+void tst_viewer_life::keysDoNotMoveTheSongList()
+{
+    const auto viewer = bench->Open(TestSong{});
+    auto* list = In<ComboBox>(viewer, "cmbLista");
+    for (const QString& song : {u"Amazônia"_qs, u"Bendita"_qs, u"Ciranda"_qs})
+        list->AddItem(song);
+    list->SetListIndex(1);
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Home, Qt::Key_End, Qt::Key_C})
+        QTest::keyClick(list, key);
+    QCOMPARE(list->ListIndex(), 1);
+}
+
 void tst_viewer_life::clickingIntoTheTextLeavesNoCaret()
 {
     const auto viewer = bench->Open(TestSong{});
@@ -182,7 +196,7 @@ void tst_viewer_life::anOpenViewerOutlivesTheConnection()
     QCOMPARE(Caption(viewer, "lblTom"), u"(C#)"_qs);
     Click(viewer, "lblVersao");
     QCOMPARE(Box(viewer, 1)->Text(), u"C#  G#7\r\nSanto Deus"_qs);
-    QVERIFY_EXCEPTION_THROWN(viewer->Carrega_Musica(), RuntimeError);
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, viewer->Carrega_Musica());
     Click(viewer, "cmdFechar");
     QVERIFY(Gone(viewer));
 }
