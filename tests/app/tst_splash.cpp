@@ -251,7 +251,7 @@ void tst_Splash::aFailingLoadIsToldAndTheSplashStillComes()
 void tst_Splash::theEndOfTheProgramPasses()
 {
     m_load = [] { throw Fim_Programa(); };
-    QVERIFY_EXCEPTION_THROWN(m_splash->Form_Load(), Fim_Programa);
+    QVERIFY_THROWS_EXCEPTION(Fim_Programa, m_splash->Form_Load());
     QVERIFY(!Clock()->isActive());
     QVERIFY(!m_splash->isVisible());
     QCOMPARE(m_principal->shown, 0);

@@ -122,7 +122,7 @@ bool tst_Conecta_Banco::Configure(const QString& path)
 
 void tst_Conecta_Banco::ExpectTheFailure(qsizetype boxes)
 {
-    QVERIFY_EXCEPTION_THROWN(Funcoes::Conecta_Banco(), Fim_Programa);
+    QVERIFY_THROWS_EXCEPTION(Fim_Programa, Funcoes::Conecta_Banco());
     QVERIFY(!Funcoes::Conexao.IsOpen());
     QCOMPARE(m_dialogs->boxes.size(), boxes);
     const auto& box = m_dialogs->boxes.last();
