@@ -60,6 +60,10 @@ PainelPesquisa::PainelPesquisa(QWidget* parent)
     ui->Label3->setForegroundRole(QPalette::PlaceholderText);
     ui->lstTema->setMode(ListBox::CheckBoxes);
     ui->lblResultado->setKeyboardReachable(true);
+    // Room for any count: the line below the list must not be laid out anew at every search.
+    ui->lblResultado->ensurePolished();
+    ui->lblResultado->setMinimumWidth(
+        ui->lblResultado->fontMetrics().horizontalAdvance(Texto_Contagem(88888)));
 }
 
 PainelPesquisa::~PainelPesquisa() = default;

@@ -175,7 +175,7 @@ void tst_principal::anErrorInTheImportLeavesALoadedForm()
             throw RuntimeError(RuntimeError::FileFailure, u"Arquivo."_qs, QString());
         }
     } form;
-    QVERIFY_EXCEPTION_THROWN(form.Form_Load(u"x.mld"_qs), RuntimeError);
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, form.Form_Load(u"x.mld"_qs));
     QVERIFY(form.findChild<QTimer*>(u"Timer1"_qs)->isActive());
     form.findChild<QTimer*>(u"Timer1"_qs)->stop();
 }
