@@ -67,6 +67,7 @@ private slots:
     void readsTheNotesInTheirOrder();
     void takesFortyThousandNumbersInAList();
     void neverGivesAnIdentifierTwice();
+    void runsMoreStatementsThanItKeeps();
 };
 
 void tst_connection::opensTheDeliveredCatalogue()
@@ -462,6 +463,23 @@ void tst_connection::neverGivesAnIdentifierTwice()
           u"DELETE FROM MUSICA WHERE ID = 02", u"INSERT INTO MUSICA (TITULO) VALUES ('c')"})
         connection.Execute(QString::fromUtf16(sql));
     QCOMPARE(connection.Execute(u"SELECT MAX(ID) AS ID FROM MUSICA"_qs).Fields(u"ID"), Value(3));
+}
+
+void tst_connection::runsMoreStatementsThanItKeeps()
+{
+    const TestCatalogue catalogue;
+    Connection connection;
+    connection.Open(catalogue.ConnectionString());
+    for (int round = 0; round < 2; ++round) {
+        for (int i = 0; i < 200; ++i) {
+            // Another text each, with another name for the column.
+            const QString name = u"N%1"_qs.arg(i);
+            const Recordset rows = connection.Execute(
+                u"SELECT NOTA AS %1 FROM TOM WHERE ORDEM = %2"_qs.arg(name).arg(i % 12 + 1));
+            QCOMPARE(rows.FieldNames(), QStringList(name));
+            QCOMPARE(rows.RecordCount(), 1);
+        }
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_connection)
