@@ -42,7 +42,7 @@ QByteArray ContentToKeep(const QString& path)
         return QByteArray();
     if (!file.open(QIODevice::ReadOnly))
         ThrowFileFailure(path, file.errorString());
-    const QByteArray content = file.readAll();
+    QByteArray content = file.readAll();
     if (file.error() != QFileDevice::NoError)
         ThrowFileFailure(path, file.errorString());
     return content;
