@@ -56,7 +56,7 @@ void tst_number::textsThatAreNumbers()
     if (isNumber)
         QCOMPARE(Number::ToDouble(text), number);
     else
-        QVERIFY_EXCEPTION_THROWN(Number::ToDouble(text), RuntimeError);
+        QVERIFY_THROWS_EXCEPTION(RuntimeError, Number::ToDouble(text));
 }
 
 void tst_number::roundsHalfToEven_data()
@@ -82,14 +82,14 @@ void tst_number::roundsHalfToEven()
 void tst_number::sumsAndProductsAreChecked()
 {
     QCOMPARE(Number::AddInteger(32766, 1), std::int16_t{32767});
-    QVERIFY_EXCEPTION_THROWN(Number::AddInteger(32767, 1), RuntimeError);
-    QVERIFY_EXCEPTION_THROWN(Number::AddInteger(-32768, -1), RuntimeError);
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, Number::AddInteger(32767, 1));
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, Number::AddInteger(-32768, -1));
     QCOMPARE(Number::AddLong(2147483646, 1), 2147483647);
-    QVERIFY_EXCEPTION_THROWN(Number::AddLong(2147483647, 1), RuntimeError);
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, Number::AddLong(2147483647, 1));
     QCOMPARE(Number::MultiplyLong(32767, 65536), 2147418112);
-    QVERIFY_EXCEPTION_THROWN(Number::MultiplyLong(32768, 65536), RuntimeError);
-    QVERIFY_EXCEPTION_THROWN(Number::ToInteger(32767.5), RuntimeError);
-    QVERIFY_EXCEPTION_THROWN(Number::ToLong(qQNaN()), RuntimeError);
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, Number::MultiplyLong(32768, 65536));
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, Number::ToInteger(32767.5));
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, Number::ToLong(qQNaN()));
 }
 
 QTEST_APPLESS_MAIN(tst_number)
