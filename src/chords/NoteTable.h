@@ -23,7 +23,7 @@ constexpr NoteCode PlainCharacter = 0xFF; ///< no note name is asked for: a chor
 /// @return the index 1 to 12 of a code in its array, or 0.
 constexpr std::int16_t IndexOf(NoteCode code) noexcept
 {
-    return code > OneArray ? static_cast<std::int16_t>(code - OneArray) : code;
+    return static_cast<std::int16_t>(code > OneArray ? code - OneArray : code);
 }
 
 /// @return what Tabela_Nota holds after a lookup with this outcome.

@@ -51,6 +51,8 @@ void SelectListed(ListControl& list, const QString& selecionados)
 
 } // namespace
 
+// The query comes by value: a handler that runs inside the fill writes the shared buffer.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void Funcoes::Preenche_Combo(ListControl& controle, QString consulta, const Value& selecao,
                              bool seleciona_unico, const QString& primeiro_item)
 {
@@ -78,6 +80,8 @@ void Funcoes::Preenche_Combo(ListControl& controle, QString consulta, const Valu
     }
 }
 
+// The query comes by value: a handler that runs inside the fill writes the shared buffer.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void Funcoes::Preenche_ListBox(ListControl& controle, QString consulta, const QString& selecionados,
                                bool seleciona_unico)
 {
