@@ -228,6 +228,7 @@ void ListBox::keyPressEvent(QKeyEvent* event)
 void ListBox::focusInEvent(QFocusEvent* event)
 {
     // Not QListView's: it makes the first item current when there is none.
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call)
     QAbstractScrollArea::focusInEvent(event);
     viewport()->update();
     emit GotFocus();

@@ -149,6 +149,8 @@ void PainelPesquisa::Pesquisa(const QString& inicial)
     Preenche_Musicas(Funcoes::SQL, *ui->lstMusicas);
 }
 
+// The text comes by value: whatever runs while events are let through writes the shared buffer.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void PainelPesquisa::Preenche_Musicas(QString sql, ListaMusicas& lista)
 {
     const QPointer<ListaMusicas> viva(&lista); // a form may close while events run

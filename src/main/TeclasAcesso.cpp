@@ -9,6 +9,8 @@
 #include <QShortcut>
 #include <QShortcutEvent>
 
+#include <algorithm>
+
 TeclasAcesso::TeclasAcesso(QMainWindow& formulario, QMenuBar& menu)
     : QObject(&formulario)
     , m_formulario(formulario)
@@ -46,14 +48,14 @@ bool TeclasAcesso::Entrega_Ao_Painel(const QKeySequence& tecla)
         }
     }
     const QList<QLabel*> rotulos = m_formulario.findChildren<QLabel*>();
-    for (const QLabel* rotulo : rotulos) {
-        if (rotulo->isVisible() && rotulo->buddy() && rotulo->buddy()->isEnabled() &&
-            QKeySequence::mnemonic(rotulo->text()) == tecla) {
-            rotulo->buddy()->setFocus(Qt::ShortcutFocusReason);
-            return true;
-        }
-    }
-    return false;
+    const auto rotulo = std::find_if(rotulos.cbegin(), rotulos.cend(), [&](const QLabel* um) {
+        return um->isVisible() && um->buddy() && um->buddy()->isEnabled() &&
+               QKeySequence::mnemonic(um->text()) == tecla;
+    });
+    if (rotulo == rotulos.cend())
+        return false;
+    (*rotulo)->buddy()->setFocus(Qt::ShortcutFocusReason);
+    return true;
 }
 
 void TeclasAcesso::Entra_Ou_Sai_Do_Menu()

@@ -95,7 +95,7 @@ QString CatalogueFile::PathFrom(const QString& connectionString)
         connectionString.lastIndexOf(QStringLiteral(";User Id="), -1, Qt::CaseInsensitive);
     if (end < start)
         end = connectionString.size();
-    const QString path = connectionString.mid(start, end - start);
+    QString path = connectionString.mid(start, end - start);
     if (path.isEmpty())
         Refuse(QStringLiteral("Falta o endereço do banco de dados."),
                QStringLiteral("empty Data Source"));
