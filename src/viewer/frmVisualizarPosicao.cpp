@@ -28,7 +28,7 @@ constexpr int TopoLine1 = 1200;
 constexpr int TopoLine2 = TopoLine1 - 660;
 constexpr int BaseCabecalho = 1005; // what the letters of the header row stand on
 constexpr int BordaForm = 20;       // from the form's edge to its border
-constexpr QColor CinzaEscuro(40, 40, 40);
+constexpr QColor CinzaEscuro(0x40, 0x40, 0x40);
 
 int Largura(const QWidget* controle)
 {

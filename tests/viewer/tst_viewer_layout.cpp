@@ -173,7 +173,7 @@ void tst_viewer_layout::linesDrawTheBorderAndTheBand()
     QVERIFY(Of("lnDir").right() >= width - 3 && Of("lnDir").right() < width - 1);
 
     const QImage picture = viewer->grab().toImage();
-    const QRgb darkGrey = qRgb(40, 40, 40);
+    const QRgb darkGrey = qRgb(0x40, 0x40, 0x40);
     QCOMPARE(picture.pixel(Of("lnSup").center()), darkGrey);
     QCOMPARE(picture.pixel(Of("lnEsq").center()), darkGrey);
     QCOMPARE(picture.pixel(Of("lnInf").center()), darkGrey);
