@@ -123,16 +123,18 @@ void tst_viewer_life::keysDoNotTouchTheText()
 {
     QFETCH(QByteArray, receiver);
     const auto viewer = bench->Open(TestSong{});
+    // The form keeps the keys away, also from a sheet that would take them.
+    Box(viewer, 2)->setTextInteractionFlags(Qt::TextEditorInteraction);
     QWidget* widget = receiver.isEmpty() ? viewer.data() : In(viewer, receiver.constData());
     if (!receiver.isEmpty())
         widget->setFocus();
     QTest::keyClicks(widget, u"xyz"_qs);
-    for (const Qt::Key key : {Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_F1})
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Tab, Qt::Key_Delete,
+                              Qt::Key_Backspace, Qt::Key_F1})
         QTest::keyClick(widget, key);
     QTest::keyClick(widget, Qt::Key_V, Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
     QVERIFY(viewer);
-    QCOMPARE(Box(viewer, 2)->toPlainText().contains(u"Santo Deus"), true);
-    QVERIFY(!Box(viewer, 2)->toPlainText().contains(u"xyz"));
+    QCOMPARE(Box(viewer, 2)->Text(), u"D  A7\r\nSanto Deus"_qs);
 }
 
 void tst_viewer_life::keysDoNotMoveTheSongList()
