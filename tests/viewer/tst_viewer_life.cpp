@@ -29,6 +29,7 @@ private slots:
     void clickingIntoTheTextLeavesNoCaret();
     void severalViewersKeepTheirOwnState();
     void closingOneViewerLeavesTheOthers();
+    void aSongOpenedAgainStartsAnew();
     void anOpenViewerOutlivesTheConnection();
     void openingWithoutAConnectionFailsAndTheFormGoes();
 
@@ -188,6 +189,28 @@ void tst_viewer_life::closingOneViewerLeavesTheOthers()
     QVERIFY(second);
     Click(second, "cmdSobe");
     QCOMPARE(Caption(second, "lblTom"), u"(C#)"_qs);
+}
+
+void tst_viewer_life::aSongOpenedAgainStartsAnew()
+{
+    const qint64 song = bench->catalogue.AddSong(TestSong{});
+    const auto first = bench->Open(song);
+    const QString sheet = Box(first, 2)->TextRTF();
+    for (const char* control : {"cmdSobe", "cmdAumentaFonte", "cmdLetra", "lblVersao"})
+        Click(first, control);
+    QCOMPARE(Caption(first, "lblTom"), u"(C#)"_qs);
+    QCOMPARE(Caption(first, "lblVersao"), u"v.1"_qs);
+    Click(first, "cmdFechar");
+    QVERIFY(Gone(first));
+
+    const auto second = bench->Open(song);
+    QCOMPARE(Caption(second, "lblTom"), u"(C)"_qs);
+    QCOMPARE(Caption(second, "lblVersao"), u"v.2"_qs);
+    QCOMPARE(Box(second, 2)->Text(), u"D  A7\r\nSanto Deus"_qs);
+    QCOMPARE(Box(second, 2)->TextRTF(), sheet); // the letters' size, too
+    QVERIFY(Box(second, 2)->isVisible());
+    QVERIFY(!Box(second, 1)->isVisible());
+    QCOMPARE(Box(second, 1)->Text(), QString());
 }
 
 void tst_viewer_life::anOpenViewerOutlivesTheConnection()
