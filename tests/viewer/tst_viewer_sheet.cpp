@@ -29,6 +29,14 @@ QString FirstLine(const RichTextBox* box)
     return box->Text().section(u"\r\n"_qs, 0, 0);
 }
 
+void ControlsThatRender()
+{
+    QTest::addColumn<QByteArray>("control");
+    for (const char* control : {"cmdSobe", "cmdDesce", "cmdTomOriginal", "cmdLetra",
+                                "cmdAumentaFonte", "cmdDiminuiFonte", "lblVersao"})
+        QTest::newRow(control) << QByteArray(control);
+}
+
 QString LongSong(int verses)
 {
     QString text;
@@ -59,12 +67,16 @@ private slots:
     void theFontComesBackFromItsSmallest();
     void chordsHideAndComeBack();
     void theVersionSwitchKeepsKeyFontAndChords();
+    void everyVersionButOneIsTheSecond_data();
+    void everyVersionButOneIsTheSecond();
     void aVersionThatWasNotShownIsNotRendered();
     void everyRenderStartsFromTheStoredText();
     void theScrollLimitIsRightOnceShown_data();
     void theScrollLimitIsRightOnceShown();
     void theScrollLimitFollowsTheSheet();
     void aShortSongDoesNotScroll();
+    void everyChangeGoesBackToTheTop_data();
+    void everyChangeGoesBackToTheTop();
     void everyChangeStopsTheAutomaticScrolling_data();
     void everyChangeStopsTheAutomaticScrolling();
     void copyTakesWhatIsShown();
@@ -204,6 +216,30 @@ void tst_viewer_sheet::theVersionSwitchKeepsKeyFontAndChords()
     QCOMPARE(Points(Box(viewer, 2)), 19.0);
 }
 
+void tst_viewer_sheet::everyVersionButOneIsTheSecond_data()
+{
+    QTest::addColumn<int>("version");
+    QTest::addColumn<int>("box");
+    QTest::newRow("0") << 0 << 2;
+    QTest::newRow("1") << 1 << 1;
+    QTest::newRow("2") << 2 << 2;
+    QTest::newRow("3") << 3 << 2;
+    QTest::newRow("below zero") << -1 << 2;
+}
+
+void tst_viewer_sheet::everyVersionButOneIsTheSecond()
+{
+    QFETCH(int, version);
+    QFETCH(int, box);
+    const auto viewer = bench->Open({.text = u"C\r\nPrimeira"_qs, .text2 = u"D\r\nSegunda"_qs});
+    viewer->Atualiza_Musica(box == 1 ? 2 : 1); // from the other one
+    viewer->Atualiza_Musica(static_cast<std::int16_t>(version));
+    QCOMPARE(Caption(viewer, "lblVersao"), u"v.%1"_qs.arg(version));
+    QVERIFY(Box(viewer, box)->isVisible());
+    QVERIFY(!Box(viewer, 3 - box)->isVisible());
+    QCOMPARE(Box(viewer, box)->Text(), box == 1 ? u"C\r\nPrimeira"_qs : u"D\r\nSegunda"_qs);
+}
+
 void tst_viewer_sheet::aVersionThatWasNotShownIsNotRendered()
 {
     const auto viewer = bench->Open(TestSong{});
@@ -270,12 +306,30 @@ void tst_viewer_sheet::aShortSongDoesNotScroll()
     QCOMPARE(Box(viewer, 2)->property("Tag").toString(), u"0"_qs);
 }
 
+void tst_viewer_sheet::everyChangeGoesBackToTheTop_data()
+{
+    ControlsThatRender();
+}
+
+void tst_viewer_sheet::everyChangeGoesBackToTheTop()
+{
+    QFETCH(QByteArray, control);
+    const auto viewer = bench->Open({.text = LongSong(60), .text2 = LongSong(60)});
+    viewer->Muda_Versao(); // both sheets are rendered
+    viewer->Muda_Versao();
+    for (const int version : {1, 2}) {
+        Box(viewer, version)->verticalScrollBar()->setValue(300);
+        QCOMPARE(Box(viewer, version)->verticalScrollBar()->value(), 300);
+    }
+    Click(viewer, control.constData());
+    const int shown = Box(viewer, 1)->isVisible() ? 1 : 2;
+    QCOMPARE(shown, control == "lblVersao" ? 1 : 2);
+    QCOMPARE(Box(viewer, shown)->verticalScrollBar()->value(), 0);
+}
+
 void tst_viewer_sheet::everyChangeStopsTheAutomaticScrolling_data()
 {
-    QTest::addColumn<QByteArray>("control");
-    for (const char* control : {"cmdSobe", "cmdDesce", "cmdTomOriginal", "cmdLetra",
-                                "cmdAumentaFonte", "cmdDiminuiFonte", "lblVersao"})
-        QTest::newRow(control) << QByteArray(control);
+    ControlsThatRender();
 }
 
 void tst_viewer_sheet::everyChangeStopsTheAutomaticScrolling()
