@@ -34,7 +34,8 @@ void frmVisualizar::Carrega_Musica()
         Variacao = Consulta.Fields(u"VARIACAO").ToText();
         Temas = Busca_Temas_Musica(ID_Musica);
         Contagem = SegundosAteContar;
-        tmrContador->start();
+        if (!tmrContador->isActive()) // enabling it anew must not restart a second under way
+            tmrContador->start();
     }
     Consulta.Close();
 

@@ -32,7 +32,10 @@ private slots:
     void unknownKeyOfAFreshViewer();
     void unknownKeyKeepsTheIndexOfTheSongBefore();
     void thirteenNotesAreAnErrorAndTheFormGoes();
-    void theCountdownStartsAtTen();
+    void anOpenViewerShowsTenAndTicksEverySecond();
+    void aSongThatIsFoundStartsTheCountdown();
+    void aSongThatIsGoneLeavesTheCountdownStopped();
+    void loadingAgainKeepsTheSecondUnderWay();
 
 private:
     std::unique_ptr<ViewerBench> bench;
@@ -256,14 +259,44 @@ void tst_viewer_song::thirteenNotesAreAnErrorAndTheFormGoes()
     QVERIFY(Gone(viewer));
 }
 
-void tst_viewer_song::theCountdownStartsAtTen()
+void tst_viewer_song::anOpenViewerShowsTenAndTicksEverySecond()
 {
     const auto viewer = bench->Open(TestSong{});
-    const auto* timer = In<QObject>(viewer, "tmrContador");
-    QVERIFY(qobject_cast<const QTimer*>(timer)->isActive());
-    QCOMPARE(qobject_cast<const QTimer*>(timer)->interval(), 1000);
+    const auto* timer = In<QTimer>(viewer, "tmrContador");
+    QVERIFY(timer->isActive());
+    QCOMPARE(timer->interval(), 1000);
     QCOMPARE(Caption(viewer, "lblCont"), u"10"_qs);
     QVERIFY(In(viewer, "lblCont")->isVisible());
+}
+
+void tst_viewer_song::aSongThatIsFoundStartsTheCountdown()
+{
+    const auto viewer = bench->Open(TestSong{});
+    auto* timer = In<QTimer>(viewer, "tmrContador");
+    timer->stop();
+    viewer->Carrega_Musica();
+    QVERIFY(timer->isActive());
+}
+
+void tst_viewer_song::aSongThatIsGoneLeavesTheCountdownStopped()
+{
+    const auto viewer = bench->Open(TestSong{});
+    auto* timer = In<QTimer>(viewer, "tmrContador");
+    timer->stop();
+    viewer->ID_Musica = 999;
+    viewer->Carrega_Musica();
+    QVERIFY(!timer->isActive());
+}
+
+void tst_viewer_song::loadingAgainKeepsTheSecondUnderWay()
+{
+    const auto viewer = bench->Open(TestSong{});
+    const auto* timer = In<QTimer>(viewer, "tmrContador");
+    QTest::qWait(200);
+    const int left = timer->remainingTime();
+    viewer->Carrega_Musica();
+    QVERIFY(timer->isActive());
+    QVERIFY2(timer->remainingTime() <= left, qPrintable(QString::number(left)));
 }
 
 QTEST_MAIN(tst_viewer_song)
