@@ -132,7 +132,10 @@ void RichTextBox::SetText(const QString& text)
 void RichTextBox::keyPressEvent(QKeyEvent* event)
 {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!enter || event->modifiers() != Qt::ShiftModifier || isReadOnly()) {
+    // These two tell where on the keyboard a key lies, not what is held down with it.
+    const Qt::KeyboardModifiers held =
+        event->modifiers() & ~(Qt::KeypadModifier | Qt::GroupSwitchModifier);
+    if (!enter || held != Qt::ShiftModifier || isReadOnly()) {
         QTextEdit::keyPressEvent(event);
         return;
     }

@@ -87,6 +87,7 @@ private slots:
     void typedTextCanBeUndone();
     void aNewSheetStartsAtItsTop();
     void darkTextOnAWhiteSheet();
+    void shiftEnterBreaksTheLine_data();
     void shiftEnterBreaksTheLine();
     void pastedTextTakesTheLookOfTheSheet();
     void plainTextIsShown_data();
@@ -351,19 +352,32 @@ void tst_rich_text_box::darkTextOnAWhiteSheet()
     QApplication::setPalette(usual);
 }
 
+void tst_rich_text_box::shiftEnterBreaksTheLine_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+    const Qt::KeyboardModifiers shift = Qt::ShiftModifier;
+    QTest::newRow("Enter") << Qt::Key_Return << shift;
+    QTest::newRow("Enter of the keypad") << Qt::Key_Enter << (shift | Qt::KeypadModifier);
+    QTest::newRow("Enter in the other group of a keyboard")
+        << Qt::Key_Return << (shift | Qt::GroupSwitchModifier);
+}
+
 void tst_rich_text_box::shiftEnterBreaksTheLine()
 {
+    QFETCH(Qt::Key, key);
+    QFETCH(Qt::KeyboardModifiers, modifiers);
     RichTextBox box;
     box.SetTextRTF(Render(u"C\r\nSanto"_qs));
     box.moveCursor(QTextCursor::End);
-    QTest::keyClick(&box, Qt::Key_Return, Qt::ShiftModifier);
+    QTest::keyClick(&box, key, modifiers);
     QTest::keyClicks(&box, u"a"_qs);
     QTest::keyClick(&box, Qt::Key_Return);
     QTest::keyClicks(&box, u"b"_qs);
-    QTest::keyClick(&box, Qt::Key_Enter, Qt::ShiftModifier);
+    QTest::keyClick(&box, key, modifiers);
     QCOMPARE(box.Text(), u"C\r\nSanto\r\na\r\nb\r\n"_qs);
     box.setReadOnly(true);
-    QTest::keyClick(&box, Qt::Key_Return, Qt::ShiftModifier);
+    QTest::keyClick(&box, key, modifiers);
     QCOMPARE(box.Text(), u"C\r\nSanto\r\na\r\nb\r\n"_qs);
 }
 
