@@ -11,7 +11,9 @@ TextBox::TextBox(QWidget* parent)
 
 void TextBox::keyPressEvent(QKeyEvent* event)
 {
-    emit KeyDown(event->key() == Qt::Key_Enter ? int{Qt::Key_Return} : event->key());
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!enter || !event->isAutoRepeat())
+        emit KeyDown(enter ? int{Qt::Key_Return} : event->key());
     QLineEdit::keyPressEvent(event);
 }
 

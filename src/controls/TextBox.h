@@ -14,7 +14,8 @@ signals:
     /// The text changed, by typing or by code.
     void Change();
     void DblClick();
-    /// Before the box looks at the key. @param key  a Qt::Key; the keypad's Enter is Key_Return too
+    /// Before the box looks at the key; Enter once however long it is held.
+    /// @param key  a Qt::Key; the keypad's Enter is Key_Return too
     void KeyDown(int key);
     void GotFocus();
     void LostFocus();

@@ -1,5 +1,6 @@
 #include "controls/TextBox.h"
 
+#include <QKeyEvent>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -13,6 +14,8 @@ private slots:
     void typing_and_code_change_the_text();
     void enter_reaches_the_form_data();
     void enter_reaches_the_form();
+    void held_enter_is_told_once_data();
+    void held_enter_is_told_once();
     void a_double_click_may_empty_the_box();
     void focus_is_told();
 };
@@ -48,6 +51,28 @@ void tst_text_box::enter_reaches_the_form()
     QCOMPARE(keys.size(), 1);
     QCOMPARE(keys[0][0].toInt(), told);
     QCOMPARE(box.text(), QString());
+}
+
+void tst_text_box::held_enter_is_told_once_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("times");
+    QTest::newRow("Enter") << int{Qt::Key_Return} << 1;
+    QTest::newRow("the keypad's Enter") << int{Qt::Key_Enter} << 1;
+    QTest::newRow("a key that moves the caret") << int{Qt::Key_Left} << 4;
+}
+
+void tst_text_box::held_enter_is_told_once()
+{
+    QFETCH(int, key);
+    QFETCH(int, times);
+    TextBox box;
+    QSignalSpy keys(&box, &TextBox::KeyDown);
+    for (const bool repeated : {false, true, true, true}) {
+        QKeyEvent held(QEvent::KeyPress, key, Qt::NoModifier, QString(), repeated);
+        QCoreApplication::sendEvent(&box, &held);
+    }
+    QCOMPARE(keys.size(), times);
 }
 
 void tst_text_box::a_double_click_may_empty_the_box()

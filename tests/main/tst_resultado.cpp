@@ -1,6 +1,7 @@
 #include "PesquisaTeste.h"
 
 #include <QHeaderView>
+#include <QKeyEvent>
 
 class tst_resultado : public PesquisaTeste
 {
@@ -9,6 +10,7 @@ class tst_resultado : public PesquisaTeste
 private slots:
     void enterInABoxOpensTheFirstRow_data();
     void enterInABoxOpensTheFirstRow();
+    void heldEnterInABoxOpensOneViewer();
     void enterFollowsTheSortOfTheList();
     void enterOnAnEmptyListDoesNothing();
     void enterBeforeThePendingSearchOpensTheOldList();
@@ -47,6 +49,17 @@ void tst_resultado::enterInABoxOpensTheFirstRow()
     QCOMPARE(Abertas(), QStringList(u"Bossa"_qs));
     QCOMPARE(m_form->chamadas, QStringList(u"Oculta_Teclado"_qs));
     QVERIFY(m_pesquisas.isEmpty());
+}
+
+void tst_resultado::heldEnterInABoxOpensOneViewer()
+{
+    Musica(u"Luz"_qs);
+    Carrega();
+    for (const bool repetida : {false, true, true, true}) {
+        QKeyEvent tecla(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), repetida);
+        QCoreApplication::sendEvent(Acha<QWidget>("txtTitulo"), &tecla);
+    }
+    QCOMPARE(Abertas(), QStringList(u"Luz"_qs));
 }
 
 void tst_resultado::enterFollowsTheSortOfTheList()
