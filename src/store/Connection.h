@@ -50,7 +50,7 @@ public:
     Recordset Execute(const QString& sql);
 
     /// Makes durable what was changed since the last commit; without an open batch does nothing.
-    /// @throws RuntimeError StoreFailure; the batch is then rolled back
+    /// @throws RuntimeError StoreFailure; the batch is then rolled back, and WhatFailed says so
     void CommitBatch();
 
     /// For tests: sees every statement as it was handed in. An empty hook removes it.

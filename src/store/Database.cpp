@@ -204,9 +204,11 @@ void Connection::Database::Commit()
         return;
     try {
         RunKept("COMMIT");
-    } catch (const RuntimeError&) {
-        if (InBatch())
-            sqlite3_exec(m_handle.get(), "ROLLBACK", nullptr, nullptr, nullptr);
-        throw;
+    } catch (const RuntimeError& error) {
+        if (!InBatch())
+            throw; // SQLite has undone the batch itself, and the error says so
+        sqlite3_exec(m_handle.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+        throw RuntimeError(error.Number(), error.WhatFailed() + QStringView(Failure::Undone),
+                           error.Description());
     }
 }

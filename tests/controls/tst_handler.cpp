@@ -34,6 +34,11 @@ QString BoxTextOfFailing(const QString& sql)
     return u"(did not fail)"_s;
 }
 
+/// What is told when somebody reads the catalogue at the moment of a commit.
+const QString CommitFailed =
+    u"O banco de dados está sendo usado por outro programa. As alterações desta operação foram "
+    "desfeitas.\n\ndatabase is locked (5)"_s;
+
 /// Stands for what start-up throws to end the program: no error.
 struct EndOfProgram
 {
@@ -300,6 +305,7 @@ void tst_handler::a_commit_that_fails_is_told()
     reader.Run("COMMIT");
     QCOMPARE(m_dialogs->boxes.size(), 1);
     QCOMPARE(m_dialogs->boxes[0].icon, Icone::Critico);
+    QCOMPARE(m_dialogs->boxes[0].text, CommitFailed);
     QCOMPARE(Songs(), 0);
 }
 

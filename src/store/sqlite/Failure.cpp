@@ -52,7 +52,7 @@ void Failure::Throw(int code, const QString& words, bool undone)
                            QStringLiteral("Type mismatch"));
     QString whatFailed = WhatFailed(code);
     if (undone)
-        whatFailed += QStringLiteral(" As alterações desta operação foram desfeitas.");
+        whatFailed += QStringView(Undone);
     throw RuntimeError(RuntimeError::StoreFailure, whatFailed,
                        QStringLiteral("%1 (%2)").arg(words).arg(code));
 }

@@ -12,6 +12,9 @@ inline constexpr char Overflow[] = "Overflow";
 inline constexpr char TypeMismatch[] = "Type mismatch";
 inline constexpr char DateMismatch[] = "Type mismatch: not a date";
 
+/// Follows what failed where that has undone everything since the batch began.
+inline constexpr char16_t Undone[] = u" As alterações desta operação foram desfeitas.";
+
 /// @param code    the extended result code
 /// @param words   SQLite's own words
 /// @param undone  whether SQLite has undone the whole batch
