@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <new>
+#include <optional>
 #include <vector>
 
 namespace {
@@ -27,6 +28,8 @@ struct Failure
     int number;
     QString whatFailed;
     QString description;
+
+    bool operator==(const Failure&) const = default;
 };
 
 class Level
@@ -75,17 +78,21 @@ std::optional<Failure> Attempt(const std::function<void()>& work)
     return std::nullopt;
 }
 
-/// Tells the user of a failure unless a box already says the same.
 /// @param shownLast  what an unattended handler showed last; nullptr for an attended one
-void Tell(const Failure& failure, std::optional<int>* shownLast)
+/// @return whether nobody is told, because a box says so already or has said so before
+bool IsSilent(const Failure& failure, const std::optional<Failure>* shownLast)
 {
-    if (std::ranges::find(openBoxes, failure.number) != openBoxes.end())
+    return std::ranges::find(openBoxes, failure.number) != openBoxes.end() ||
+           (shownLast && *shownLast == failure);
+}
+
+/// Tells the user of a failure unless it is silent. @param shownLast  as for IsSilent
+void Tell(const Failure& failure, std::optional<Failure>* shownLast)
+{
+    if (IsSilent(failure, shownLast))
         return;
-    if (shownLast) {
-        if (*shownLast == failure.number)
-            return;
-        *shownLast = failure.number;
-    }
+    if (shownLast)
+        *shownLast = failure;
 
     QString text = failure.whatFailed;
     if (!failure.description.isEmpty())
@@ -98,21 +105,34 @@ void Tell(const Failure& failure, std::optional<int>* shownLast)
     });
 }
 
-bool Run(const std::function<void()>& handler, std::optional<int>* shownLast)
+} // namespace
+
+struct HandlerDetail::Shown
 {
+    std::optional<Failure> handler;
+    std::optional<Failure> commit;
+};
+
+namespace {
+
+bool Run(const std::function<void()>& handler, HandlerDetail::Shown* shown)
+{
+    auto* const shownHandler = shown ? &shown->handler : nullptr;
+    auto* const shownCommit = shown ? &shown->commit : nullptr;
     std::optional<Failure> failure;
     {
         const Level level;
         failure = Attempt(handler);
     }
-    // Before a box stands open the changes so far are made durable, at whatever depth.
+    // Before a box stands open the changes so far are made durable, at whatever depth. Without one
+    // an outer handler's action goes on: it is not cut in two.
     std::optional<Failure> commitFailure;
-    if (depth == 0 || failure)
+    if (depth == 0 || (failure && !IsSilent(*failure, shownHandler)))
         commitFailure = Attempt([] { Funcoes::Conexao.CommitBatch(); });
     if (failure)
-        Tell(*failure, shownLast);
+        Tell(*failure, shownHandler);
     if (commitFailure)
-        Tell(*commitFailure, shownLast);
+        Tell(*commitFailure, shownCommit);
     return !failure && !commitFailure;
 }
 
@@ -123,12 +143,17 @@ bool RunHandler(const std::function<void()>& handler)
     return Run(handler, nullptr);
 }
 
+Unattended::Unattended()
+    : m_shown(std::make_shared<HandlerDetail::Shown>())
+{
+}
+
 bool Unattended::Run(const std::function<void()>& handler)
 {
-    const std::shared_ptr<std::optional<int>> shown = m_shown;
+    const std::shared_ptr<HandlerDetail::Shown> shown = m_shown;
     const bool clean = ::Run(handler, shown.get());
     if (clean)
-        shown->reset();
+        *shown = {};
     return clean;
 }
 

@@ -4,7 +4,6 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <tuple>
 #include <type_traits>
 #include <utility>
@@ -14,23 +13,35 @@
 /// outermost handler ends, also after an error (what ran stays done).
 ///
 /// While a box of the general error path is open, further errors of the same number end their
-/// handlers silently. Only what derives from std::exception is an error: anything else that is
-/// thrown is meant for whoever started the handler and passes.
+/// handlers silently; where an inner handler ends silently, the outer one's changes wait on. Only
+/// what derives from std::exception is an error: anything else that is thrown is meant for whoever
+/// started the handler and passes.
 ///
 /// @return true when the handler ran to its end and nothing of it failed to be committed
 bool RunHandler(const std::function<void()>& handler);
 
+namespace HandlerDetail {
+
+/// What an unattended handler and its commits failed with when that was shown last.
+struct Shown;
+
+} // namespace HandlerDetail
+
 /// Remembers what an unattended handler (a timer's tick, a text's change: nobody calls it on
 /// purpose) failed with, so that the same failure is shown once and again only after a clean run.
+/// Failures are the same when number and texts are. A commit that fails is remembered apart from
+/// what the handler itself fails with: neither ever hides the other.
 class Unattended
 {
 public:
+    Unattended();
+
     /// As RunHandler, but silent while the failure is the one shown last.
     bool Run(const std::function<void()>& handler);
 
 private:
     // Shared with a run in progress: its handler may close the form that this belongs to.
-    std::shared_ptr<std::optional<int>> m_shown = std::make_shared<std::optional<int>>();
+    std::shared_ptr<HandlerDetail::Shown> m_shown;
 };
 
 /// Lives as long as a modal box or form runs its own event loop inside a handler. The changes so

@@ -81,9 +81,13 @@ private slots:
     void the_batch_is_committed_when_the_outermost_handler_ends();
     void the_batch_is_committed_also_after_an_error_and_before_its_box();
     void handlers_inside_an_open_box_commit_when_they_end();
+    void a_silent_inner_failure_leaves_the_outer_action_whole();
     void a_commit_that_fails_is_told();
     void an_unattended_failure_is_told_again_after_a_clean_run();
+    void an_unattended_handler_tells_another_failure_data();
     void an_unattended_handler_tells_another_failure();
+    void an_unattended_commit_that_fails_is_told_beside_the_handlers_own_failure();
+    void an_unattended_commit_that_fails_is_told_once();
     void a_purposeful_handler_tells_each_time();
     void handlers_may_take_fewer_arguments();
     void a_member_function_is_a_handler();
@@ -296,6 +300,24 @@ void tst_handler::handlers_inside_an_open_box_commit_when_they_end()
     QCOMPARE(whileOpen, 2);
 }
 
+void tst_handler::a_silent_inner_failure_leaves_the_outer_action_whole()
+{
+    Unattended tick;
+    const auto fail = [] { FailAs(RuntimeError::Overflow); };
+    tick.Run(fail);
+    QCOMPARE(m_dialogs->boxes.size(), 1);
+    int halfWay = -1;
+    RunHandler([&] {
+        AddSong();
+        tick.Run(fail);
+        halfWay = Songs();
+        AddSong();
+    });
+    QCOMPARE(m_dialogs->boxes.size(), 1);
+    QCOMPARE(halfWay, 0);
+    QCOMPARE(Songs(), 2);
+}
+
 void tst_handler::a_commit_that_fails_is_told()
 {
     // Somebody who is reading at the moment of the commit keeps it from happening.
@@ -322,12 +344,69 @@ void tst_handler::an_unattended_failure_is_told_again_after_a_clean_run()
     QCOMPARE(m_dialogs->boxes.size(), 2);
 }
 
+void tst_handler::an_unattended_handler_tells_another_failure_data()
+{
+    QTest::addColumn<int>("number");
+    QTest::addColumn<QString>("whatFailed");
+    QTest::addColumn<QString>("description");
+    QTest::addColumn<int>("boxes");
+    const int refused = RuntimeError::StoreFailure;
+    const QString command = u"O banco de dados recusou um comando."_s;
+    QTest::newRow("the same") << refused << command << u"syntax error"_s << 1;
+    QTest::newRow("another number")
+        << int{RuntimeError::Overflow} << command << u"syntax error"_s << 2;
+    QTest::newRow("another sentence")
+        << refused << u"O disco está cheio."_s << u"syntax error"_s << 2;
+    QTest::newRow("other words") << refused << command << u"no such table"_s << 2;
+}
+
 void tst_handler::an_unattended_handler_tells_another_failure()
 {
+    QFETCH(int, number);
+    QFETCH(QString, whatFailed);
+    QFETCH(QString, description);
+    QFETCH(int, boxes);
     Unattended tick;
-    tick.Run([] { FailAs(RuntimeError::Overflow); });
-    tick.Run([] { FailAs(RuntimeError::TypeMismatch); });
+    tick.Run([] {
+        throw RuntimeError(RuntimeError::StoreFailure, u"O banco de dados recusou um comando."_s,
+                           u"syntax error"_s);
+    });
+    tick.Run([&] { throw RuntimeError(number, whatFailed, description); });
+    QCOMPARE(m_dialogs->boxes.size(), boxes);
+}
+
+void tst_handler::an_unattended_commit_that_fails_is_told_beside_the_handlers_own_failure()
+{
+    PlainSqlite reader(m_catalogue->Path());
+    reader.Run("BEGIN; SELECT * FROM MUSICA");
+    Unattended tick;
+    const auto fail = [] {
+        AddSong();
+        FailAs(RuntimeError::StoreFailure);
+    };
+    for (int run = 0; run < 3; ++run)
+        tick.Run(fail);
+    reader.Run("COMMIT");
+    // Both once: neither counts as the failure that was shown last for the other.
     QCOMPARE(m_dialogs->boxes.size(), 2);
+    QCOMPARE(m_dialogs->boxes[0].text, u"Não deu certo.\n\nit failed"_s);
+    QCOMPARE(m_dialogs->boxes[1].text, CommitFailed);
+    QCOMPARE(Songs(), 0);
+}
+
+void tst_handler::an_unattended_commit_that_fails_is_told_once()
+{
+    Unattended tick;
+    PlainSqlite reader(m_catalogue->Path());
+    for (int round = 1; round <= 2; ++round) {
+        reader.Run("BEGIN; SELECT * FROM MUSICA");
+        tick.Run(AddSong);
+        tick.Run(AddSong);
+        reader.Run("COMMIT");
+        QCOMPARE(m_dialogs->boxes.size(), round);
+        QVERIFY(tick.Run(AddSong));
+    }
+    QCOMPARE(Songs(), 2);
 }
 
 void tst_handler::a_purposeful_handler_tells_each_time()
