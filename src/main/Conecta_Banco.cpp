@@ -25,7 +25,8 @@ QString Caminho_Padrao()
     return Funcoes::Pasta_Programa() + QDir::separator() + QStringLiteral("Melodario.mdb");
 }
 
-/// Writes config.ini anew with the path as its only key.
+/// Writes config.ini anew with the path as its only key. On a full disk an empty config.ini stays,
+/// as good as none: it held no path before, and the next start writes it again.
 void Cria_Configuracao(const QString& caminho)
 {
     const QString arquivo = Funcoes::Caminho_Configuracao();

@@ -14,12 +14,23 @@ namespace {
 
 constexpr qsizetype LongestValue = 1023;
 
-[[noreturn]] void ThrowFileFailure(const QString& path, const QString& description)
+[[noreturn]] void ThrowFileFailure(const QString& verb, const QString& path,
+                                   const QString& description)
 {
     throw RuntimeError(RuntimeError::FileFailure,
-                       QStringLiteral("Não foi possível gravar o arquivo “%1”.")
-                           .arg(QDir::toNativeSeparators(path)),
+                       QStringLiteral("Não foi possível %1 o arquivo “%2”.")
+                           .arg(verb, QDir::toNativeSeparators(path)),
                        description);
+}
+
+QString ToRead()
+{
+    return QStringLiteral("ler");
+}
+
+QString ToWrite()
+{
+    return QStringLiteral("gravar");
 }
 
 void WriteWhole(const QString& path, const QByteArray& content)
@@ -30,7 +41,7 @@ void WriteWhole(const QString& path, const QByteArray& content)
     const bool written = file.open(QIODevice::WriteOnly) && file.write(content) == content.size() &&
                          file.flush() && file.commit();
     if (!written)
-        ThrowFileFailure(path, file.errorString());
+        ThrowFileFailure(ToWrite(), path, file.errorString());
 }
 
 /// @return the content of the file; empty when there is none.
@@ -41,10 +52,10 @@ QByteArray ContentToKeep(const QString& path)
     if (!file.exists())
         return QByteArray();
     if (!file.open(QIODevice::ReadOnly))
-        ThrowFileFailure(path, file.errorString());
+        ThrowFileFailure(ToRead(), path, file.errorString());
     QByteArray content = file.readAll();
     if (file.error() != QFileDevice::NoError)
-        ThrowFileFailure(path, file.errorString());
+        ThrowFileFailure(ToRead(), path, file.errorString());
     return content;
 }
 
@@ -53,6 +64,11 @@ QString FirstCharacters(const QString& text, qsizetype count)
     if (text.size() <= count)
         return text;
     return text.first(text.at(count - 1).isHighSurrogate() ? count - 1 : count);
+}
+
+QString ReadKey(const QByteArray& content, const QString& section, const QString& key)
+{
+    return FirstCharacters(Ini::Read(content, section, key), LongestValue);
 }
 
 } // namespace
@@ -80,7 +96,7 @@ void Funcoes::Cria_Arquivo(const QString& caminho, bool sobrescreve)
     }
     QFile file(caminho);
     if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
-        ThrowFileFailure(caminho, file.errorString());
+        ThrowFileFailure(ToWrite(), caminho, file.errorString());
 }
 
 void Funcoes::Grava_Arquivo(const QString& texto, const QString& caminho)
@@ -90,8 +106,8 @@ void Funcoes::Grava_Arquivo(const QString& texto, const QString& caminho)
 
 QString Funcoes::Le_Configuracao(const QString& secao, const QString& chave)
 {
-    const QString caminho = Caminho_Configuracao();
-    return Existe_Arquivo(caminho) ? Le_Ini(secao, chave, caminho) : QString();
+    QCoreApplication::processEvents();
+    return ReadKey(ContentToKeep(Caminho_Configuracao()), secao, chave);
 }
 
 QString Funcoes::Le_Ini(const QString& secao, const QString& chave, const QString& arquivo)
@@ -100,7 +116,7 @@ QString Funcoes::Le_Ini(const QString& secao, const QString& chave, const QStrin
     QFile file(arquivo);
     if (!file.open(QIODevice::ReadOnly))
         return QString();
-    return FirstCharacters(Ini::Read(file.readAll(), secao, chave), LongestValue);
+    return ReadKey(file.readAll(), secao, chave);
 }
 
 void Funcoes::Grava_Ini(const QString& secao, const QString& chave, const QString& arquivo,

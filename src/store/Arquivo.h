@@ -24,7 +24,10 @@ void Cria_Arquivo(const QString& caminho, bool sobrescreve);
 /// @throws RuntimeError FileFailure
 void Grava_Arquivo(const QString& texto, const QString& caminho);
 
-/// @return the key's value in config.ini of the program's folder; "" without file or key.
+/// Reads one key of config.ini in the program's folder, as Le_Ini does.
+/// @return its value; "" without file or key
+/// @throws RuntimeError FileFailure when there is a file, or a folder, that cannot be read: whoever
+/// took that for a missing key would write over it
 QString Le_Configuracao(const QString& secao, const QString& chave);
 
 /// Lets pending events run once, then reads one key of an INI file.

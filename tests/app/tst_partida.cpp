@@ -41,6 +41,13 @@ bool IsAdministrator()
     return id.readAllStandardOutput().trimmed() == "0";
 }
 
+/// @return what runs a command as if the disk were full: no file may grow by a single byte,
+/// whoever writes.
+QStringList OnAFullDisk()
+{
+    return {u"/bin/sh"_qs, u"-c"_qs, u"trap '' XFSZ; ulimit -f 0; exec \"$0\" \"$@\""_qs};
+}
+
 /// @return what runs a command as somebody without special rights.
 QStringList AsOrdinaryUser()
 {
@@ -73,7 +80,10 @@ private slots:
     void aCatalogueThatCannotBeReadEndsTheProgram_data();
     void aCatalogueThatCannotBeReadEndsTheProgram();
     void aFolderWithoutWritePermissionEndsTheProgram();
+    void aConfigurationThatCannotBeReadIsNotReplaced();
     void aFullDiskEndsTheProgramAndKeepsTheConfiguration();
+    void aFullDiskAtTheFirstStartLeavesAnEmptyConfiguration_data();
+    void aFullDiskAtTheFirstStartLeavesAnEmptyConfiguration();
     void aFolderInThePlaceOfTheConfigurationEndsTheProgram();
     void foldersOfEveryKind_data();
     void foldersOfEveryKind();
@@ -314,13 +324,55 @@ void tst_Partida::aFolderWithoutWritePermissionEndsTheProgram()
     QVERIFY(QFile::setPermissions(m_program->Folder(), readOnly | QFile::WriteOwner));
 }
 
+void tst_Partida::aConfigurationThatCannotBeReadIsNotReplaced()
+{
+    New();
+    QVERIFY(m_program->AddCatalogue());
+    const QByteArray content = TwoLines(u"/meu catálogo.mdb"_qs);
+    QVERIFY(m_program->Put(m_program->Configuration(), content));
+    const auto owner = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+    const auto everybody = owner | QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
+                           QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+    QVERIFY(QFile::setPermissions(m_program->Folder(), everybody));
+    QVERIFY(QFile::setPermissions(m_program->Configuration(),
+                                  QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther));
+    Start(AsOrdinaryUser());
+    ExpectTheFailure();
+    QVERIFY(QFile::setPermissions(m_program->Configuration(), QFile::ReadOwner));
+    QCOMPARE(m_program->Content(m_program->Configuration()), content);
+    QCOMPARE(m_program->Names(), QStringList({u"Melodario.mdb"_qs, u"config.ini"_qs}));
+}
+
+void tst_Partida::aFullDiskAtTheFirstStartLeavesAnEmptyConfiguration_data()
+{
+    QTest::addColumn<bool>("withoutTheKey");
+    QTest::newRow("no configuration") << false;
+    QTest::newRow("a configuration without the key") << true;
+}
+
+void tst_Partida::aFullDiskAtTheFirstStartLeavesAnEmptyConfiguration()
+{
+    QFETCH(bool, withoutTheKey);
+    New();
+    QVERIFY(m_program->AddCatalogue());
+    if (withoutTheKey)
+        QVERIFY(m_program->Put(m_program->Configuration(), "[BANCO]\r\nOutra=1"));
+    Start(OnAFullDisk());
+    ExpectTheFailure();
+    QCOMPARE(m_program->Names(), QStringList({u"Melodario.mdb"_qs, u"config.ini"_qs}));
+    QCOMPARE(m_program->Content(m_program->Configuration()), QByteArray());
+
+    Start();
+    ExpectTheMainForm();
+    QCOMPARE(m_program->Content(m_program->Configuration()), TwoLines(m_program->Catalogue()));
+}
+
 void tst_Partida::aFullDiskEndsTheProgramAndKeepsTheConfiguration()
 {
     New();
     const QByteArray content = TwoLines(u"/nenhum.mdb"_qs);
     QVERIFY(m_program->Put(m_program->Configuration(), content));
-    // No file may grow by a single byte, whoever writes.
-    Start({u"/bin/sh"_qs, u"-c"_qs, u"trap '' XFSZ; ulimit -f 0; exec \"$0\" \"$@\""_qs});
+    Start(OnAFullDisk());
     QVERIFY(!m_screen->WaitForFocus(InputBox()).isEmpty());
     m_screen->Press({u"ctrl+a"_qs});
     m_screen->Type(u"/outro.mdb"_qs);

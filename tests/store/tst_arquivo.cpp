@@ -1,5 +1,6 @@
 #include "runtime/RuntimeError.h"
 #include "store/Arquivo.h"
+#include "store/Failed.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -64,7 +65,7 @@ private slots:
     void anIniFileThatIsAFolderIsNotReplaced();
     void theConfigurationLiesInTheProgramFolder();
     void noConfigurationFileGivesAnEmptyText();
-    void aFolderNamedConfigIniGivesAnEmptyText();
+    void aConfigurationThatIsThereButCannotBeReadFails();
     void pathsOfEveryKind_data();
     void pathsOfEveryKind();
 
@@ -231,12 +232,14 @@ void tst_Arquivo::noConfigurationFileGivesAnEmptyText()
     QVERIFY(!QFileInfo::exists(Funcoes::Caminho_Configuracao()));
 }
 
-void tst_Arquivo::aFolderNamedConfigIniGivesAnEmptyText()
+void tst_Arquivo::aConfigurationThatIsThereButCannotBeReadFails()
 {
     QVERIFY(QDir().mkdir(Funcoes::Caminho_Configuracao()));
-    const QString value = Funcoes::Le_Configuracao(u"BANCO"_qs, u"Endereco"_qs);
+    const Failed failed([] { Funcoes::Le_Configuracao(u"BANCO"_qs, u"Endereco"_qs); });
     QVERIFY(QDir().rmdir(Funcoes::Caminho_Configuracao()));
-    QCOMPARE(value, QString());
+    QCOMPARE(failed.number, int(RuntimeError::FileFailure));
+    QVERIFY2(failed.whatFailed.startsWith(u"Não foi possível ler o arquivo"_qs),
+             qPrintable(failed.whatFailed));
 }
 
 void tst_Arquivo::pathsOfEveryKind_data()
