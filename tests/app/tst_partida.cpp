@@ -215,14 +215,23 @@ void tst_Partida::theUserCancelsTheQuestion()
 
 void tst_Partida::theSplashGoesAfterAWhile()
 {
-    New();
-    QVERIFY(m_program->AddCatalogue());
-    Start();
-    QVERIFY(!m_screen->WaitForWindow(Box()).isEmpty());
-    QVERIFY(!m_screen->IsVisible(MainForm()));
-    QVERIFY(!m_screen->WaitForFocus(MainForm()).isEmpty());
-    QVERIFY(!m_screen->IsVisible(Box()));
-    CloseTheMainForm();
+    // A busy machine may show it late once; a splash that goes too soon would go so every time.
+    qint64 longest = 0;
+    for (int attempt = 0; attempt < 3 && longest < 2300; ++attempt) {
+        New();
+        QVERIFY(m_program->AddCatalogue());
+        Start();
+        QVERIFY(!m_screen->WaitForWindow(Box()).isEmpty());
+        QElapsedTimer time;
+        time.start();
+        QVERIFY(!m_screen->IsVisible(MainForm()));
+        QVERIFY(!m_screen->WaitForWindow(MainForm()).isEmpty());
+        longest = std::max(longest, time.elapsed());
+        QVERIFY(!m_screen->WaitForFocus(MainForm()).isEmpty());
+        QVERIFY(!m_screen->IsVisible(Box()));
+        CloseTheMainForm();
+    }
+    QVERIFY2(longest >= 2300, qPrintable(QString::number(longest)));
 }
 
 void tst_Partida::theSplashGoesAtOnce_data()
