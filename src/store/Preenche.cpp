@@ -6,6 +6,8 @@
 #include "store/Connection.h"
 #include "store/ListControl.h"
 
+#include <QSet>
+
 namespace {
 
 /// Frames a fill, also one that an error ends.
@@ -42,7 +44,8 @@ bool IsSelection(const Value& selecao, qint64 id, const QString& text)
 /// Selects every item whose identifier is written among the texts.
 void SelectListed(ListControl& list, const QString& selecionados)
 {
-    const QStringList ids = Text::Split(selecionados, u',');
+    const QStringList parts = Text::Split(selecionados, u',');
+    const QSet<QString> ids(parts.begin(), parts.end());
     for (int i = 0; i < list.ListCount(); ++i) {
         if (ids.contains(QString::number(list.ItemData(i))))
             list.SetSelected(i, true);
