@@ -33,12 +33,19 @@ void AddRow(ListControl& list, qint64 id, const QString& text)
     list.SetItemData(list.NewIndex(), id);
 }
 
-bool IsSelection(const Value& selecao, qint64 id, const QString& text)
+/// @return a number as it is: a fraction is not rounded, nothing is too large.
+double Exactly(const Value& number)
+{
+    const auto* real = std::get_if<double>(&number.Get());
+    return real ? *real : static_cast<double>(number.ToNumber());
+}
+
+bool IsSelection(const Value& selecao, const Value& id, const QString& text)
 {
     if (!selecao.IsNumber())
         return selecao.ToText() == text;
-    const qint64 number = selecao.ToNumber();
-    return number >= 0 && number == id;
+    const double number = Exactly(selecao);
+    return number >= 0 && number == Exactly(id);
 }
 
 /// Selects every item whose identifier is written among the texts.
@@ -75,9 +82,9 @@ void Funcoes::Preenche_Combo(ListControl& controle, QString consulta, const Valu
     }
     const bool selectOnly = seleciona_unico && rows.RecordCount() == 1;
     for (; !rows.Eof(); rows.MoveNext()) {
-        const qint64 id = rows.Fields(0).ToNumber();
+        const Value id = rows.Fields(0);
         const QString text = rows.Fields(1).ToText();
-        AddRow(controle, id, text);
+        AddRow(controle, id.ToNumber(), text);
         if (selectOnly || IsSelection(selecao, id, text))
             controle.SetListIndex(controle.NewIndex());
     }

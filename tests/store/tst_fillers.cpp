@@ -106,6 +106,8 @@ void tst_fillers::comboSelects_data()
     QTest::addColumn<int>("index");
     QTest::newRow("the identifier") << Value(2) << 1;
     QTest::newRow("an identifier as a fraction's number") << Value(2.0) << 1;
+    QTest::newRow("no identifier is a fraction") << Value(1.5) << -1;
+    QTest::newRow("beyond every identifier") << Value(1e10) << -1;
     QTest::newRow("no such identifier") << Value(9) << -1;
     QTest::newRow("a negative number") << Value(-1) << -1;
     QTest::newRow("zero, which no row has") << Value(0) << -1;
