@@ -92,7 +92,7 @@ private slots:
     void theStoredCatalogueIsOpenedWithoutAQuestion();
     void aStoredPathThatIsMissingIsAskedForOnce();
     void aWrongAnswerIsStoredBeforeItIsTriedAndOfferedNextTime();
-    void aCancelledQuestionStoresNothingAndTheNextStartTriesTheDefault();
+    void aCancelledQuestionStoresAnEmptyPathAndTheNextStartTriesTheDefault();
     void theAnswerKeepsTheOtherLinesOfTheConfiguration();
     void aFileThatIsNoCatalogueEndsTheProgram_data();
     void aFileThatIsNoCatalogueEndsTheProgram();
@@ -244,7 +244,7 @@ void tst_Conecta_Banco::aWrongAnswerIsStoredBeforeItIsTriedAndOfferedNextTime()
     QCOMPARE(m_dialogs->boxes[2].initial, wrong);
 }
 
-void tst_Conecta_Banco::aCancelledQuestionStoresNothingAndTheNextStartTriesTheDefault()
+void tst_Conecta_Banco::aCancelledQuestionStoresAnEmptyPathAndTheNextStartTriesTheDefault()
 {
     QVERIFY(Configure(u"/nenhum.mdb"_qs));
     ExpectTheFailure(2);
