@@ -31,6 +31,8 @@ private slots:
     void unknownKeyOfAFreshViewer_data();
     void unknownKeyOfAFreshViewer();
     void unknownKeyKeepsTheIndexOfTheSongBefore();
+    void elevenNotesLeaveTheTwelfthAsItWas();
+    void notesStandInTheOrderOfTheirColumn();
     void thirteenNotesAreAnErrorAndTheFormGoes();
     void anOpenViewerShowsTenAndTicksEverySecond();
     void aSongThatIsFoundStartsTheCountdown();
@@ -239,6 +241,42 @@ void tst_viewer_song::unknownKeyKeepsTheIndexOfTheSongBefore()
     viewer->Atualiza_Musica(2);
     QCOMPARE(Caption(viewer, "lblTitulo"), u"Outra"_qs);
     QCOMPARE(Caption(viewer, "lblTom"), u"(D)"_qs);
+}
+
+void tst_viewer_song::elevenNotesLeaveTheTwelfthAsItWas()
+{
+    bench->catalogue.Run(u"DELETE FROM TOM WHERE ID = 12"_qs);
+    Funcoes::Notas.fill(QString());
+    Funcoes::Notas_Mais.fill(QString());
+    const auto viewer = bench->Open({.text2 = u"A#  Bb\r\nSanto Deus"_qs, .key = u"A#"_qs});
+    QCOMPARE(Funcoes::Notas[11], u"A#"_qs);
+    QCOMPARE(Funcoes::Notas_Mais[11], u"Bb"_qs);
+    QCOMPARE(Funcoes::Notas[12], QString());
+    QCOMPARE(Funcoes::Notas_Mais[12], QString());
+    QCOMPARE(Caption(viewer, "lblTom"), u"(A#)"_qs);
+    QCOMPARE(Box(viewer, 2)->Text(), u"A#  Bb\r\nSanto Deus"_qs);
+    Click(viewer, "cmdDesce");
+    QCOMPARE(Caption(viewer, "lblTom"), u"(A)"_qs);
+    Click(viewer, "cmdSobe");
+    Click(viewer, "cmdSobe");
+    QCOMPARE(Caption(viewer, "lblTom"), u"()"_qs); // the note of no row
+}
+
+void tst_viewer_song::notesStandInTheOrderOfTheirColumn()
+{
+    // Seven steps further each time: no row stays where its identifier would put it.
+    bench->catalogue.Run(u"UPDATE TOM SET ORDEM = (ID * 7) % 12 + 1"_qs);
+    Funcoes::Notas.fill(u"old"_qs);
+    Funcoes::Notas_Mais.fill(u"old"_qs);
+    const auto viewer = bench->Open(TestSong{});
+    const Funcoes::Escala names{u"?"_qs, u"B"_qs, u"F#"_qs, u"C#"_qs, u"G#"_qs, u"D#"_qs, u"A#"_qs,
+                                u"F"_qs, u"C"_qs, u"G"_qs,  u"D"_qs,  u"A"_qs,  u"E"_qs};
+    const Funcoes::Escala others{u"?"_qs, u"B"_qs, u"Gb"_qs, u"Db"_qs, u"Ab"_qs, u"Eb"_qs, u"Bb"_qs,
+                                 u"F"_qs, u"C"_qs, u"G"_qs,  u"D"_qs,  u"A"_qs,  u"E"_qs};
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        QCOMPARE(Funcoes::Notas[i], names[i]);
+        QCOMPARE(Funcoes::Notas_Mais[i], others[i]);
+    }
 }
 
 void tst_viewer_song::thirteenNotesAreAnErrorAndTheFormGoes()
