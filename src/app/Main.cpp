@@ -15,9 +15,7 @@
 
 #include <memory>
 
-namespace {
-
-void Prepara(QApplication& programa)
+void Funcoes::Prepara(QApplication& programa)
 {
     QApplication::setApplicationName(QStringLiteral("Melodario"));
     QApplication::setOrganizationName(QStringLiteral("Melodario"));
@@ -32,9 +30,16 @@ void Prepara(QApplication& programa)
     QApplication::setWindowIcon(QIcon(Artwork::Path(QStringLiteral("melodario"))));
 }
 
+QString Funcoes::Linha_Comando(const QStringList& argumentos)
+{
+    return argumentos.mid(1).join(u' ').remove(u'"');
+}
+
+namespace {
+
 void Mostra_Splash(frmPrincipal& principal)
 {
-    const QString linha_comando = QApplication::arguments().mid(1).join(u' ');
+    const QString linha_comando = Funcoes::Linha_Comando(QApplication::arguments());
     auto splash = std::make_unique<frmSplash>(
         principal, [&principal, linha_comando] { principal.Form_Load(linha_comando); });
     // A box that is closed while nothing else is open yet must not end the program.
