@@ -33,7 +33,7 @@ const std::array<NeededTable, 7>& NeededTables()
     return tables;
 }
 
-/// A Jet file names its format behind four bytes.
+/// A file in the older format names it behind four bytes.
 constexpr qsizetype JetNameAt = 4;
 const QByteArray JetNames[] = {QByteArrayLiteral("Standard Jet DB"),
                                QByteArrayLiteral("Standard ACE DB")};

@@ -15,7 +15,7 @@ QString PathFrom(const QString& connectionString);
 
 /// Looks at the first bytes of a file, before SQLite does.
 /// @throws RuntimeError StoreFailure when there is no such file or it cannot be read, is empty, in
-/// the Jet format or anything else than a SQLite database
+/// the older format or anything else than a SQLite database
 void CheckHeader(const QString& path);
 
 /// Checks that the file is as long as the database in it, once SQLite has undone what a crash may

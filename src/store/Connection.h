@@ -32,7 +32,7 @@ public:
     ///                          path runs to the last ";User Id=", so it may hold a ';'
     /// @param user, password, options  taken as the provider takes them; a catalogue knows no users
     /// @throws RuntimeError StoreFailure when there is no such file or it is empty, foreign, in the
-    ///         Jet format, damaged, unreadable or lacks one of the seven tables
+    ///         older format, damaged, unreadable or lacks one of the seven tables
     void Open(const QString& connectionString, const QString& user = {},
               const QString& password = {}, int options = -1);
 
