@@ -188,10 +188,14 @@ void PainelPesquisa::Abre_Musica(double id)
         auto* visualizador = new frmVisualizar; // deletes itself when it is closed
         visualizador->ID_Musica = id;
         visualizador->Show();
-    } catch (const RuntimeError&) {
+    } catch (const std::exception&) {
         // a song that cannot be shown is not opened, and that is all
     }
-    m_principal->Oculta_Teclado();
+    try {
+        m_principal->Oculta_Teclado();
+    } catch (const std::exception&) {
+        // the song is open all the same
+    }
 }
 
 void PainelPesquisa::Abre_Primeira_Musica()

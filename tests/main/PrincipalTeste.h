@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include <functional>
+#include <stdexcept>
 
 /// The main form on a catalogue of a test's own. It writes down what is asked of the other panels
 /// and of the on-screen keyboard, and can refuse to leave the setlist.
@@ -47,10 +48,13 @@ public:
     void Oculta_Teclado() override
     {
         chamadas.append(u"Oculta_Teclado"_qs);
+        if (falhaAoOcultar)
+            throw std::runtime_error("the keyboard stays");
         frmPrincipal::Oculta_Teclado();
     }
 
     QStringList chamadas;
+    bool falhaAoOcultar = false;            ///< Oculta_Teclado throws
     bool aceita = true;                     ///< what Verifica_Modificacoes answers
     std::function<void()> enquantoPergunta; ///< what happens while the setlist's question is open
 

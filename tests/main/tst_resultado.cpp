@@ -18,6 +18,8 @@ private slots:
     void enterOpensTheSelectedSong();
     void everyOpeningIsOneMoreViewer();
     void openingASongThatIsGoneTellsNothing();
+    void openingThatFailsTellsNothing();
+    void keyboardThatStaysTellsNothing();
     void nothingSelectedDoesNothing();
     void deleteLoadsAndDeletes();
     void deleteGoesOnAfterARefusedSwitch();
@@ -138,7 +140,34 @@ void tst_resultado::openingASongThatIsGoneTellsNothing()
     Clica_Linha(0);
     QTest::keyClick(m_lista, Qt::Key_Return);
     QVERIFY(m_caixas->boxes.isEmpty());
+    QCOMPARE(Abertas(), QStringList(QString())); // a viewer without a song
+    QVERIFY(Visualizadores().first()->isVisible());
     QCOMPARE(m_form->chamadas, QStringList(u"Oculta_Teclado"_qs));
+}
+
+void tst_resultado::openingThatFailsTellsNothing()
+{
+    Musica(u"Luz"_qs);
+    Carrega();
+    m_catalogo->Run(u"INSERT INTO TOM (ID, NOTA, ORDEM, MAIS) VALUES (13, 'H', 13, 'H')"_qs);
+    QTest::keyClick(Acha<QWidget>("txtTitulo"), Qt::Key_Return);
+    QVERIFY(m_caixas->boxes.isEmpty());
+    const QList<QWidget*> abertos = Visualizadores();
+    for (const QWidget* visualizador : abertos)
+        QVERIFY(!visualizador->isVisible());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(Visualizadores().isEmpty());
+    QCOMPARE(m_form->chamadas, QStringList(u"Oculta_Teclado"_qs));
+}
+
+void tst_resultado::keyboardThatStaysTellsNothing()
+{
+    Musica(u"Luz"_qs);
+    Carrega();
+    m_form->falhaAoOcultar = true;
+    QTest::keyClick(Acha<QWidget>("txtTitulo"), Qt::Key_Return);
+    QVERIFY(m_caixas->boxes.isEmpty());
+    QCOMPARE(Abertas(), QStringList(u"Luz"_qs));
 }
 
 void tst_resultado::nothingSelectedDoesNothing()
