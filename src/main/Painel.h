@@ -14,7 +14,8 @@ public:
     void Mostra(bool mostra);
 
 signals:
-    /// The left button was clicked on the panel's background.
+    /// The left button was pressed and released on the panel's background. Labels let their presses
+    /// through to the panel, but are no background; a frame that only groups controls is.
     void Click();
 
 protected:
@@ -22,5 +23,8 @@ protected:
     void mouseReleaseEvent(QMouseEvent* evento) override;
 
 private:
+    /// @param lugar  in the panel's pixels
+    bool Fundo(const QPoint& lugar) const;
+
     bool m_pressionado = false;
 };
