@@ -5,6 +5,7 @@
 #include <QInputDialog>
 #include <QLocale>
 #include <QMessageBox>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -12,6 +13,21 @@
 #include <functional>
 
 namespace {
+
+/// Has icons on the buttons of boxes wherever nobody says otherwise, as some desktops have.
+class DesktopWithIcons : public QProxyStyle
+{
+public:
+    using QProxyStyle::QProxyStyle;
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* answer) const override
+    {
+        return hint == SH_DialogButtonBox_ButtonsHaveIcons
+                   ? 1
+                   : QProxyStyle::styleHint(hint, option, widget, answer);
+    }
+};
 
 /// Looks at the next modal box as soon as it is open, and closes it.
 void WithNextBox(const std::function<void(const QDialog&)>& look)
@@ -47,10 +63,11 @@ private slots:
     {
         QLocale::setDefault(QLocale::c());
         Funcoes::Prepara(*qApp);
+        QApplication::setStyle(new DesktopWithIcons(u"Fusion"_qs));
     }
 
     void theProgramHasItsName();
-    void boxesAnswerInPortuguese();
+    void boxesAnswerInPortugueseWithoutIcons();
     void theCommandLineIsOnePath_data();
     void theCommandLineIsOnePath();
 };
@@ -62,7 +79,7 @@ void tst_Prepara::theProgramHasItsName()
     QVERIFY(!QApplication::windowIcon().isNull());
 }
 
-void tst_Prepara::boxesAnswerInPortuguese()
+void tst_Prepara::boxesAnswerInPortugueseWithoutIcons()
 {
     QStringList message;
     QStringList question;
