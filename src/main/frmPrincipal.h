@@ -38,8 +38,8 @@ public:
     void mnuPesquisa_Click();
     void mnuCadastro_Click() override;
     void mnuLista_Click();
-    void mnuExportar_Click();
-    void mnuImportar_Click();
+    virtual void mnuExportar_Click();
+    virtual void mnuImportar_Click();
     void mnuSobre_Click();
     void mnuSair_Click();
 

@@ -40,6 +40,16 @@ public:
         chamadas.append(u"cmdExcluir_Click"_qs);
         frmPrincipal::cmdExcluir_Click();
     }
+    void mnuExportar_Click() override
+    {
+        chamadas.append(u"mnuExportar_Click"_qs);
+        frmPrincipal::mnuExportar_Click();
+    }
+    void mnuImportar_Click() override
+    {
+        chamadas.append(u"mnuImportar_Click"_qs);
+        frmPrincipal::mnuImportar_Click();
+    }
     void Mostra_Teclado(TextBox& caixa) override
     {
         chamadas.append(u"Mostra_Teclado "_qs + caixa.objectName());

@@ -283,8 +283,10 @@ void tst_principal::toolbarButtonsDoAsTheMenu()
         visto.append(QString::number(m_caixas->boxes.size()));
         return visto;
     };
+    const QStringList antes = estado();
     Dispara(menu.constData());
     const QStringList peloMenu = estado();
+    QVERIFY(peloMenu != antes); // every entry does something that is seen here
     cleanup();
     init();
     auto* barra = m_form->Acha<QToolBar>("Toolbar");
