@@ -102,6 +102,7 @@ void frmPrincipal::Form_Load(const QString& linha_comando)
     for (Painel* painel : pctFrame)
         painel->Mostra(false);
     pctFrame[Pesquisa]->Mostra(true);
+    ui->pctTeclado->hide();
     setWindowTitle(u"Melodario v." % Version::ToText());
     Conecta_Banco();
     m_conectado = true;

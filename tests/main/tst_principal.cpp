@@ -26,6 +26,7 @@ private slots:
     void cleanup();
 
     void loadingLaysTheFormOut();
+    void keyboardIsHiddenOverThePanels();
     void loadingRunsItsStepsInOrder();
     void anErrorInTheImportLeavesALoadedForm();
     void menuEntriesStandInThisOrder();
@@ -152,6 +153,23 @@ void tst_principal::loadingLaysTheFormOut()
     const QPoint topo = Painel(0)->mapTo(m_form.get(), QPoint(0, 0));
     QCOMPARE(topo, QPoint(0, barra->geometry().bottom() + 1)); // 8 twips are half a pixel
     QCOMPARE(Painel(0)->width(), m_form->width());
+}
+
+void tst_principal::keyboardIsHiddenOverThePanels()
+{
+    auto* teclado = m_form->Acha<QWidget>("pctTeclado");
+    QVERIFY(teclado->isHidden());
+    QCOMPARE(teclado->parentWidget(), Painel(0)->parentWidget());
+    // Shown, it lies over whichever panel is.
+    teclado->setGeometry(40, 40, 200, 80);
+    teclado->show();
+    for (const char* menu : {"mnuPesquisa", "mnuLista", "mnuCadastro"}) {
+        Dispara(menu);
+        QCOMPARE(teclado->parentWidget()->childAt(teclado->geometry().center()), teclado);
+    }
+    Funcoes::Conexao.Close();
+    m_form->Form_Load(QString());
+    QVERIFY(teclado->isHidden());
 }
 
 void tst_principal::loadingRunsItsStepsInOrder()
