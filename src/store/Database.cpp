@@ -52,9 +52,9 @@ std::shared_ptr<const Recordset::Rows> Fetch(Statement& statement)
 {
     auto rows = std::make_shared<Recordset::Rows>(statement.ColumnNames());
     const int columns = statement.ColumnCount();
-    std::vector<bool> isDate;
+    std::vector<bool> isDate(static_cast<std::size_t>(columns));
     for (int column = 0; column < columns; ++column)
-        isDate.push_back(statement.IsDateColumn(column));
+        isDate[static_cast<std::size_t>(column)] = statement.IsDateColumn(column);
     while (statement.Step()) {
         for (int column = 0; column < columns; ++column)
             AddField(*rows, statement, column, isDate[static_cast<std::size_t>(column)]);

@@ -29,5 +29,5 @@ void SqlFunctions::AddCollation(sqlite3* database)
     if (sqlite3_create_collation_v2(database, Names::Collation, SQLITE_UTF8, collation.get(),
                                     Compare, destroy) != SQLITE_OK)
         Failure::ThrowLast(database);
-    collation.release();
+    static_cast<void>(collation.release());
 }
