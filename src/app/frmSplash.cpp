@@ -38,7 +38,7 @@ frmSplash::frmSplash(QWidget& principal, std::function<void()> carrega)
     apagado.setColor(QPalette::WindowText, Appearance::MutedText);
     for (QLabel* rotulo : {ui->lblVersion, ui->lblCompanyProduct, ui->lblWarning})
         rotulo->setPalette(apagado);
-    ConnectUnattended(Timer1, &QTimer::timeout, this, &frmSplash::Inicializar);
+    ConnectUnattended(Timer1, &QTimer::timeout, this, &frmSplash::Timer1_Timer);
     Mostra_Logotipo();
 }
 
@@ -83,9 +83,19 @@ void frmSplash::Centraliza()
     move(lugar.topLeft());
 }
 
+void frmSplash::Timer1_Timer()
+{
+    Inicializar();
+}
+
+void frmSplash::Form_KeyPress()
+{
+    Inicializar();
+}
+
 void frmSplash::keyPressEvent(QKeyEvent* /*evento*/)
 {
-    RunHandler([this] { Inicializar(); });
+    RunHandler([this] { Form_KeyPress(); });
 }
 
 void frmSplash::mousePressEvent(QMouseEvent* evento)

@@ -40,6 +40,8 @@ protected:
     bool focusNextPrevChild(bool proximo) override;
 
 private:
+    void Timer1_Timer();
+    void Form_KeyPress();
     void Mostra_Logotipo();
     void Centraliza();
 

@@ -2,11 +2,9 @@
 
 #include "ui_PainelPesquisa.h"
 
-#include "controls/Handler.h"
 #include "main/Linhas_Musicas.h"
 #include "main/SQL_Pesquisa.h"
 #include "main/ServicosPrincipal.h"
-#include "runtime/RuntimeError.h"
 #include "store/Connection.h"
 #include "store/Preenche.h"
 #include "viewer/frmVisualizar.h"
@@ -67,52 +65,6 @@ PainelPesquisa::PainelPesquisa(QWidget* parent)
 }
 
 PainelPesquisa::~PainelPesquisa() = default;
-
-void PainelPesquisa::Liga_Eventos(ServicosPrincipal& principal)
-{
-    m_principal = &principal;
-    Liga_Caixas();
-    Liga_Lista();
-    const auto pesquisa = [this] { Pesquisa(); };
-    ConnectHandler(ui->chkReligiosa, &QCheckBox::clicked, this, pesquisa);
-    ConnectHandler(ui->chkSecular, &QCheckBox::clicked, this, pesquisa);
-    ConnectHandler(ui->chkOrdenar, &QCheckBox::clicked, this, pesquisa);
-    ConnectHandler(ui->lstTema, &ListBox::Click, this, pesquisa);
-    ConnectHandler(ui->fraAlfa, &FaixaAlfabeto::Click, this, &PainelPesquisa::lblAlfa_Click);
-    ConnectHandler(ui->lblResultado, &ClickableLabel::clicked, this,
-                   &PainelPesquisa::lblResultado_Click);
-}
-
-void PainelPesquisa::Liga_Caixas()
-{
-    const std::array<TextBox*, 3> caixas{ui->txtTitulo, ui->txtReferencia, ui->txtLetra};
-    const std::array<ImageButton*, 3> teclados{ui->imgTeclado_0, ui->imgTeclado_1,
-                                               ui->imgTeclado_2};
-    for (int i = 0; i < 3; ++i) {
-        TextBox* caixa = caixas[static_cast<std::size_t>(i)];
-        ConnectUnattended(caixa, &TextBox::Change, this,
-                          [this] { m_principal->Reinicia_Timer1(); });
-        ConnectHandler(caixa, &TextBox::DblClick, this, [caixa] { caixa->clear(); });
-        ConnectHandler(caixa, &TextBox::KeyDown, this, [this](int tecla) {
-            if (tecla == Qt::Key_Return)
-                Abre_Primeira_Musica();
-        });
-        ConnectHandler(teclados[static_cast<std::size_t>(i)], &ImageButton::clicked, this,
-                       [this, i] { imgTeclado_Click(i); });
-    }
-}
-
-void PainelPesquisa::Liga_Lista()
-{
-    ConnectHandler(ui->lstMusicas, &ListaMusicas::ColumnClick, this,
-                   &PainelPesquisa::lstMusicas_ColumnClick);
-    ConnectHandler(ui->lstMusicas, &ListaMusicas::DblClick, this,
-                   &PainelPesquisa::lstMusicas_DblClick);
-    ConnectHandler(ui->lstMusicas, &ListaMusicas::KeyDown, this,
-                   &PainelPesquisa::lstMusicas_KeyDown);
-    ConnectHandler(ui->lstMusicas, &ListaMusicas::BotaoDireito, this,
-                   &PainelPesquisa::lstMusicas_BotaoDireito);
-}
 
 void PainelPesquisa::Preenche_Temas()
 {
@@ -212,75 +164,4 @@ void PainelPesquisa::Foca_Titulo()
 void PainelPesquisa::Abandona_Pesquisas()
 {
     ui->lstMusicas->Anuncia_Preenchimento();
-}
-
-void PainelPesquisa::lblAlfa_Click(int indice)
-{
-    if (indice >= FaixaAlfabeto::Tudo)
-        Pesquisa();
-    else
-        Pesquisa(QString(QChar(static_cast<char16_t>(u'A' + indice))));
-}
-
-void PainelPesquisa::imgTeclado_Click(int indice)
-{
-    switch (indice) {
-    case 0:
-        m_principal->Mostra_Teclado(*ui->txtTitulo);
-        break;
-    case 1:
-        m_principal->Mostra_Teclado(*ui->txtReferencia);
-        break;
-    case 2:
-        m_principal->Mostra_Teclado(*ui->txtLetra);
-        break;
-    default:
-        break;
-    }
-}
-
-void PainelPesquisa::lblResultado_Click()
-{
-    const bool relatorio = ui->lstMusicas->View() == ListaMusicas::ReportView;
-    ui->lstMusicas->SetView(relatorio ? ListaMusicas::ListView : ListaMusicas::ReportView);
-}
-
-void PainelPesquisa::lstMusicas_ColumnClick(int coluna)
-{
-    try {
-        ui->lstMusicas->Ordena_Por(coluna);
-    } catch (const RuntimeError&) {
-        // the list stays as it is
-    }
-}
-
-void PainelPesquisa::lstMusicas_DblClick()
-{
-    if (const auto id = ui->lstMusicas->Item_Selecionado())
-        Abre_Musica(static_cast<double>(*id));
-}
-
-void PainelPesquisa::lstMusicas_KeyDown(int tecla)
-{
-    // The row is read before anything is asked: while a question is open the list may be filled
-    // anew.
-    const auto id = ui->lstMusicas->Item_Selecionado();
-    if (!id)
-        return;
-    if (tecla != Qt::Key_Delete) {
-        Abre_Musica(static_cast<double>(*id));
-        return;
-    }
-    m_principal->mnuCadastro_Click();
-    m_principal->Inicializa_Cadastro(static_cast<double>(*id));
-    m_principal->cmdExcluir_Click();
-}
-
-void PainelPesquisa::lstMusicas_BotaoDireito()
-{
-    const auto id = ui->lstMusicas->Item_Selecionado();
-    if (!id)
-        return;
-    m_principal->mnuCadastro_Click();
-    m_principal->Inicializa_Cadastro(static_cast<double>(*id));
 }

@@ -62,8 +62,20 @@ public:
 private:
     Pedido_Pesquisa Le_Pedido(const QString& inicial) const;
     void Liga_Caixas();
-    void Liga_Lista();
 
+    void txtTitulo_Change();
+    void txtTitulo_DblClick();
+    void txtTitulo_KeyDown(int tecla);
+    void txtReferencia_Change();
+    void txtReferencia_DblClick();
+    void txtReferencia_KeyDown(int tecla);
+    void txtLetra_Change();
+    void txtLetra_DblClick();
+    void txtLetra_KeyDown(int tecla);
+    void chkReligiosa_Click();
+    void chkSecular_Click();
+    void chkOrdenar_Click();
+    void lstTema_Click();
     void lblAlfa_Click(int indice);
     void imgTeclado_Click(int indice);
     void lblResultado_Click();

@@ -91,7 +91,7 @@ void frmPrincipal::Liga_Eventos()
     ConnectHandler(ui->Toolbar, &QToolBar::actionTriggered, this,
                    &frmPrincipal::Toolbar_ButtonClick);
     for (const Painel* painel : pctFrame)
-        ConnectHandler(painel, &Painel::Click, this, &frmPrincipal::Oculta_Teclado);
+        ConnectHandler(painel, &Painel::Click, this, &frmPrincipal::pctFrame_Click);
     ConnectUnattended(Timer1, &QTimer::timeout, this, &frmPrincipal::Timer1_Timer);
     ui->pctFrame_0->Liga_Eventos(*this);
 }
@@ -177,6 +177,11 @@ void frmPrincipal::Toolbar_ButtonClick(const QAction* botao)
             return;
         }
     }
+}
+
+void frmPrincipal::pctFrame_Click()
+{
+    Oculta_Teclado();
 }
 
 void frmPrincipal::Timer1_Timer()

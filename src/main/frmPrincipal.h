@@ -71,6 +71,7 @@ private:
     void Posiciona();
     void Mostra_Painel(Indice indice);
     void Toolbar_ButtonClick(const QAction* botao);
+    void pctFrame_Click();
     void Timer1_Timer();
     void Form_Unload();
 
