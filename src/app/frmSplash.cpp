@@ -34,6 +34,7 @@ frmSplash::frmSplash(QWidget& principal, std::function<void()> carrega)
     setFocusPolicy(Qt::StrongFocus);
     setFixedSize(size());
     Timer1->setObjectName(QStringLiteral("Timer1"));
+    Timer1->setTimerType(Qt::PreciseTimer); // a coarse one may come a twentieth too early
     QPalette apagado = palette();
     apagado.setColor(QPalette::WindowText, Appearance::MutedText);
     for (QLabel* rotulo : {ui->lblVersion, ui->lblCompanyProduct, ui->lblWarning})
