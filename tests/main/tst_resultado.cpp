@@ -25,6 +25,7 @@ private slots:
     void deleteGoesOnAfterARefusedSwitch();
     void rightButtonLoadsForEditing();
     void rightButtonGoesOnAfterARefusedSwitch();
+    void rowIsReadBeforeTheQuestion_data();
     void rowIsReadBeforeTheQuestion();
     void countLineTogglesTheView();
     void headersSortAndANewSearchDoesNot();
@@ -235,16 +236,32 @@ void tst_resultado::rightButtonGoesOnAfterARefusedSwitch()
     QVERIFY(Acha<QWidget>("pctFrame_0")->isVisible());
 }
 
+void tst_resultado::rowIsReadBeforeTheQuestion_data()
+{
+    QTest::addColumn<bool>("exclui");
+    QTest::newRow("right button") << false;
+    QTest::newRow("Delete") << true;
+}
+
 void tst_resultado::rowIsReadBeforeTheQuestion()
 {
+    QFETCH(bool, exclui);
     Musica(u"Bossa"_qs);
     const qint64 id = Musica(u"Luz"_qs);
     Carrega();
     // While the setlist's question stands open, a search empties the list.
     m_form->enquantoPergunta = [this] { Clica_Letra(25); };
-    Clica_Linha(1, Qt::RightButton);
+    QStringList chamadas{u"Verifica_Modificacoes"_qs, u"Inicializa_Cadastro 0"_qs,
+                         u"Inicializa_Cadastro %1"_qs.arg(id)};
+    if (exclui) {
+        Clica_Linha(1);
+        QTest::keyClick(m_lista, Qt::Key_Delete);
+        chamadas.append(u"cmdExcluir_Click"_qs);
+    } else {
+        Clica_Linha(1, Qt::RightButton);
+    }
     QCOMPARE(m_lista->ListCount(), 0);
-    QCOMPARE(m_form->chamadas.last(), u"Inicializa_Cadastro %1"_qs.arg(id));
+    QCOMPARE(m_form->chamadas, chamadas);
 }
 
 void tst_resultado::countLineTogglesTheView()
