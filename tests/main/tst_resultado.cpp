@@ -29,6 +29,7 @@ private slots:
     void rowIsReadBeforeTheQuestion();
     void countLineTogglesTheView();
     void headersSortAndANewSearchDoesNot();
+    void eachHeaderSortsByItsColumn();
 };
 
 void tst_resultado::enterInABoxOpensTheFirstRow_data()
@@ -289,6 +290,35 @@ void tst_resultado::headersSortAndANewSearchDoesNot()
     QCOMPARE(Titulos(), QStringList({u"Bossa"_qs, u"Luz"_qs, u"Aboio"_qs}));
     titulo();
     QCOMPARE(Titulos(), QStringList({u"Aboio"_qs, u"Bossa"_qs, u"Luz"_qs}));
+}
+
+void tst_resultado::eachHeaderSortsByItsColumn()
+{
+    const qint64 bencao = m_catalogo->AddTheme(u"Bênção"_qs);
+    const qint64 adoracao = m_catalogo->AddTheme(u"Adoração"_qs);
+    Musica(u"Aboio"_qs, {bencao}, {.reference = u"Caymmi"_qs});
+    Musica(u"Bossa"_qs, {}, {.reference = u"Ataulfo"_qs});
+    Musica(u"Luz"_qs, {adoracao}, {.reference = u"Buarque"_qs});
+    Carrega();
+    const auto clica = [this](int coluna) {
+        const QHeaderView* cabecalho = m_lista->header();
+        QTest::mouseClick(cabecalho->viewport(), Qt::LeftButton, {},
+                          QPoint(cabecalho->sectionViewportPosition(coluna) + 40, 12));
+        return Titulos();
+    };
+    // The direction turns with every click, also with one on another column.
+    const QStringList porTitulo{u"Aboio"_qs, u"Bossa"_qs, u"Luz"_qs};
+    const QStringList porReferencia{u"Bossa"_qs, u"Luz"_qs, u"Aboio"_qs};
+    const QStringList porTemas{u"Luz"_qs, u"Aboio"_qs, u"Bossa"_qs};
+    const auto de_tras = [](const QStringList& titulos) {
+        return QStringList(titulos.crbegin(), titulos.crend());
+    };
+    QCOMPARE(clica(0), de_tras(porTitulo));
+    QCOMPARE(clica(1), porReferencia);
+    QCOMPARE(clica(2), de_tras(porTemas));
+    QCOMPARE(clica(0), porTitulo);
+    QCOMPARE(clica(1), de_tras(porReferencia));
+    QCOMPARE(clica(2), porTemas);
 }
 
 QTEST_MAIN(tst_resultado)
