@@ -60,8 +60,9 @@ signals:
     void DblClick();
     /// Enter or Delete, once however long it is held. @param tecla  a Qt::Key
     void KeyDown(int tecla);
-    /// The right button was released, or the menu key pressed; the row under the pointer is
-    /// selected.
+    /// The right button was pressed and released on one row, which is current and selected then;
+    /// beside the rows it tells nothing. Or the menu key was pressed: rows stay as they were, and
+    /// none needs to be selected.
     void BotaoDireito();
     /// A column header was clicked. @param coluna  position from 0
     void ColumnClick(int coluna);

@@ -30,7 +30,9 @@ public:
     /// Connects the panel's controls. @param principal  outlives the panel
     void Liga_Eventos(ServicosPrincipal& principal);
 
-    /// Fills lstTema with all themes, none chosen. Reads TEMA. @throws RuntimeError of the store
+    /// Fills lstTema with all themes. None of several is chosen, a single one is; without any, the
+    /// placeholder row of Preenche_ListBox stands there. Reads TEMA.
+    /// @throws RuntimeError of the store
     void Preenche_Temas();
 
     /// Searches by what the controls say and fills lstMusicas. Writes Funcoes::SQL.
