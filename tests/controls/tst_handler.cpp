@@ -97,7 +97,7 @@ public:
     void Note(int number) { m_noted.append(number); }
 
 signals:
-    void Happened(int number, const QString& text);
+    void Happened(int /*number*/, const QString& /*text*/);
 
 private:
     int Songs() const { return m_catalogue->Field(u"SELECT COUNT(*) FROM MUSICA"_s).toInt(); }
