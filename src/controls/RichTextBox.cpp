@@ -4,7 +4,6 @@
 #include "controls/RtfReader.h"
 #include "controls/RtfWriter.h"
 
-#include <QAbstractTextDocumentLayout>
 #include <QCoreApplication>
 #include <QFontDatabase>
 #include <QKeyEvent>
@@ -173,7 +172,7 @@ void RichTextBox::Fill(const Rtf::Document& sheet)
     document()->setUndoRedoEnabled(true);
     document()->setModified(false);
 
-    cursor.movePosition(QTextCursor::Start);
+    cursor.setPosition(0); // moving there would lay out the whole way back
     setTextCursor(cursor);
     verticalScrollBar()->setValue(0);
     horizontalScrollBar()->setValue(0);
@@ -212,9 +211,12 @@ void RichTextBox::FinishLayout()
     ensurePolished();
     Settle(*this);
     Settle(*viewport());
-    // Asking for the size of the document finishes its layout, which a text document otherwise does
-    // in portions, while idle. A bar that appears by that takes its share of the height.
-    document()->documentLayout()->documentSize();
+    // Asking for the pages finishes the layout, which a text document otherwise does in portions
+    // while idle. The bars took over a guess of its height on the way; a resize event sets them
+    // right, and one that appears by that takes its share of the height.
+    document()->pageCount();
+    QResizeEvent same(viewport()->size(), viewport()->size());
+    resizeEvent(&same);
     Settle(*viewport());
 }
 
