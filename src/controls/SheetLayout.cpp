@@ -19,18 +19,10 @@ QSizeF SizeOf(const QTextLayout& layout)
     qreal height = 0;
     for (int i = 0; i < layout.lineCount(); ++i) {
         const QTextLine line = layout.lineAt(i);
-        width = std::max(width, line.naturalTextWidth());
+        width = std::max(width, line.naturalTextRect().right());
         height += line.height();
     }
     return {width, height};
-}
-
-qsizetype WithoutTrailingBlanks(const QString& text)
-{
-    qsizetype length = text.size();
-    while (length > 0 && text[length - 1] == u' ')
-        --length;
-    return length;
 }
 
 /// @return the block's text when all of it has one format, which goes to format
@@ -134,7 +126,7 @@ void SheetLayout::Stack(int from)
     qreal width = 0;
     for (const Extent& extent : m_extents)
         width = std::max(width, extent.width);
-    m_size = {std::ceil(width + 2 * margin), std::ceil(top + margin)};
+    m_size = {width + 2 * margin, top + margin};
 }
 
 void SheetLayout::Measure(const QTextBlock& block, Extent& extent)
@@ -161,7 +153,7 @@ bool SheetLayout::Estimate(const QString& text, const Pitch& pitch, Extent& exte
         if (letter.unicode() >= Learnable || !pitch.known[letter.unicode()])
             return false;
     }
-    extent.width = static_cast<qreal>(WithoutTrailingBlanks(text)) * pitch.advance;
+    extent.width = static_cast<qreal>(text.size()) * pitch.advance;
     extent.height = pitch.height;
     return true;
 }
@@ -178,9 +170,9 @@ void SheetLayout::Learn(const QTextBlock& block, const QString& text, Pitch& pit
             (letter.unicode() >= 0x7F && letter.unicode() < 0xA0) || letter == QChar::SoftHyphen)
             return;
     }
-    const qsizetype drawn = WithoutTrailingBlanks(text);
+    const qsizetype drawn = text.size();
     const QList<QGlyphRun> runs = layout.glyphRuns(0, static_cast<int>(drawn));
-    if (drawn == 0 || runs.size() != 1 || runs[0].positions().size() != drawn)
+    if (runs.size() != 1 || runs[0].positions().size() != drawn)
         return;
     const QTextLine line = layout.lineAt(0);
     const qreal advance = line.naturalTextWidth() / static_cast<qreal>(drawn);
@@ -255,19 +247,28 @@ int SheetLayout::hitTest(const QPointF& point, Qt::HitTestAccuracy accuracy) con
         return exact ? -1 : 0;
     if (point.y() >= m_extents.back().top + m_extents.back().height)
         return exact ? -1 : document()->characterCount() - 1;
-    const QTextBlock block = document()->findBlockByNumber(BlockNumberAt(point.y()));
+    // A point on the border of two lines belongs to the upper one.
+    const auto at = std::lower_bound(m_extents.begin(), m_extents.end(), point.y(),
+                                     [](const Extent& e, qreal y) { return e.top + e.height < y; });
+    const QTextBlock block =
+        document()->findBlockByNumber(static_cast<int>(at - m_extents.begin()));
     const QPointF within = point - blockBoundingRect(block).topLeft();
     const QTextLayout& layout = *block.layout();
-    int index = 0;
-    while (index + 1 < layout.lineCount() && layout.lineAt(index + 1).y() <= within.y())
-        ++index;
-    const QTextLine line = layout.lineAt(index);
-    const QRectF drawn = line.naturalTextRect();
-    if (exact && (within.x() < drawn.left() || within.x() > drawn.right()))
-        return -1;
-    return block.position() + line.xToCursor(within.x(), exact
-                                                             ? QTextLine::CursorOnCharacter
-                                                             : QTextLine::CursorBetweenCharacters);
+    int offset = 0;
+    for (int i = 0; i < layout.lineCount(); ++i) {
+        const QTextLine line = layout.lineAt(i);
+        const QRectF drawn = line.naturalTextRect();
+        if (drawn.bottom() <= within.y()) {
+            offset = line.textStart() + line.textLength();
+            continue;
+        }
+        if (exact && (within.x() < drawn.left() || within.x() > drawn.right()))
+            return -1;
+        offset = line.xToCursor(within.x(), exact ? QTextLine::CursorOnCharacter
+                                                  : QTextLine::CursorBetweenCharacters);
+        break;
+    }
+    return block.position() + offset;
 }
 
 void SheetLayout::draw(QPainter* painter, const PaintContext& context)
