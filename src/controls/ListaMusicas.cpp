@@ -66,7 +66,7 @@ ListaMusicas::ListaMusicas(QWidget* parent)
     setVerticalScrollMode(ScrollPerItem);
     setTextElideMode(Qt::ElideRight);
     Arruma_Cabecalho();
-    connect(m_modelo, &ModeloMusicas::FalhaNosTemas, this, &ListaMusicas::Relata_Falha);
+    connect(m_modelo, &ModeloMusicas::FalhaNaLinha, this, &ListaMusicas::Relata_Falha);
 }
 
 void ListaMusicas::Arruma_Cabecalho()
@@ -96,6 +96,12 @@ void ListaMusicas::Preenche(std::vector<LinhaMusica> linhas)
 {
     header()->setSortIndicatorShown(false);
     m_modelo->Preenche(std::move(linhas));
+}
+
+void ListaMusicas::Preenche_De(std::shared_ptr<const FonteMusicas> fonte)
+{
+    header()->setSortIndicatorShown(false);
+    m_modelo->Preenche_De(std::move(fonte));
 }
 
 int ListaMusicas::ListCount() const
