@@ -1,0 +1,12 @@
+#pragma once
+
+#include "harness/Scale.h"
+#include "harness/Table.h"
+
+// Each measures one subject and adds its rows to the table.
+
+void BenchList(const Scale& scale, Table& table);
+void BenchTyping(const Scale& scale, Table& table);
+void BenchChords(const Scale& scale, Table& table);
+void BenchViewer(const Scale& scale, Table& table);
+void BenchStart(const Scale& scale, Table& table);

@@ -1,0 +1,68 @@
+// Runs the benchmarks and prints their table: melodario-bench [--short] [--100000] [NAME...]
+
+#include "Benches.h"
+#include "controls/Appearance.h"
+
+#include <QApplication>
+#include <QLocale>
+#include <QTextStream>
+
+#include <array>
+
+namespace {
+
+struct Bench
+{
+    const char16_t* name;
+    void (*run)(const Scale&, Table&);
+};
+
+constexpr std::array<Bench, 5> Benches{{
+    {u"list", BenchList},
+    {u"typing", BenchTyping},
+    {u"chords", BenchChords},
+    {u"viewer", BenchViewer},
+    {u"start", BenchStart},
+}};
+
+Scale ShortScale()
+{
+    Scale scale;
+    scale.isShort = true;
+    scale.songs = 300;
+    scale.longSheetLines = 300;
+    return scale;
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QApplication application(argc, argv);
+    QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
+    Appearance::Apply(application);
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    QStringList names = QApplication::arguments().mid(1);
+    Scale scale = names.removeAll(u"--short"_qs) > 0 ? ShortScale() : Scale();
+    if (names.removeAll(u"--100000"_qs) > 0)
+        scale.songs = 100000;
+
+    QTextStream out(stdout);
+    QTextStream progress(stderr);
+    Table table;
+    for (const Bench& bench : Benches) {
+        const QString name = QString::fromUtf16(bench.name);
+        if (!names.isEmpty() && !names.contains(name))
+            continue;
+        progress << name << Qt::endl;
+        bench.run(scale, table);
+    }
+    if (table.IsEmpty()) {
+        out << "Usage: melodario-bench [--short] [--100000] [list] [typing] [chords] [viewer] "
+               "[start]\n";
+        return 1;
+    }
+    out << table.ToText();
+    return 0;
+}
