@@ -5,7 +5,8 @@
 
 namespace {
 
-constexpr int Folga = 3; // pixels: slanted letters lean out of their own width
+constexpr int Folga = 3;                // pixels: slanted letters lean out of their own width
+constexpr qsizetype MaiorMedido = 2000; // characters
 
 /// @return a tool tip that shows texto as it is, also where it looks like markup
 QString Dica_Simples(const QString& texto)
@@ -29,15 +30,27 @@ void RotuloCabecalho::Mostra_Texto(const QString& texto)
     Limita_Largura(Largura_Inteira());
 }
 
+QString RotuloCabecalho::Parte_Visivel() const
+{
+    const QString texto = text();
+    return texto.size() > MaiorMedido ? texto.first(MaiorMedido) + QChar(0x2026) : texto;
+}
+
 int RotuloCabecalho::Largura_Inteira() const
 {
-    return text().isEmpty() ? 0 : fontMetrics().horizontalAdvance(text()) + Folga;
+    const QString texto = Parte_Visivel();
+    if (m_medido != texto || m_fonte != font()) {
+        m_medido = texto;
+        m_fonte = font();
+        m_largura = texto.isEmpty() ? 0 : fontMetrics().horizontalAdvance(texto) + Folga;
+    }
+    return m_largura;
 }
 
 void RotuloCabecalho::Limita_Largura(int largura)
 {
     resize(largura, sizeHint().height());
-    setToolTip(largura < Largura_Inteira() ? Dica_Simples(text()) : QString());
+    setToolTip(largura < Largura_Inteira() ? Dica_Simples(Parte_Visivel()) : QString());
 }
 
 QSize RotuloCabecalho::sizeHint() const
@@ -49,8 +62,9 @@ void RotuloCabecalho::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setPen(palette().color(foregroundRole()));
-    const QString drawn = width() < Largura_Inteira()
-                              ? fontMetrics().elidedText(text(), Qt::ElideRight, width() - Folga)
-                              : text();
+    const QString drawn =
+        width() < Largura_Inteira()
+            ? fontMetrics().elidedText(Parte_Visivel(), Qt::ElideRight, width() - Folga)
+            : Parte_Visivel();
     painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, drawn);
 }
