@@ -1,8 +1,14 @@
 #include "store/text/Like.h"
 
+#include "store/text/LongPart.h"
+
 #include <algorithm>
+#include <iterator>
 
 namespace {
+
+/// Parts of so many items are tried at one place after the other.
+constexpr std::size_t ShortPart = 64;
 
 bool IsSign(const Fold::Letter& letter, char32_t sign)
 {
@@ -13,6 +19,11 @@ bool LetterMatches(const Fold::Letter& pattern, const Fold::Letter& letter)
 {
     return pattern.base == letter.base &&
            (pattern.accents == 0 || pattern.accents == letter.accents);
+}
+
+bool IsBefore(const Fold::Letter& a, const Fold::Letter& b)
+{
+    return a.base != b.base ? a.base < b.base : a.accents < b.accents;
 }
 
 /// The texts of a table are matched one after the other: their memory is kept in between.
@@ -64,18 +75,45 @@ std::size_t Like::CompileSet(const std::vector<Fold::Letter>& pattern, std::size
     if (member == end)
         return end;
     Item item{Item::Set, {}, m_ranges.size(), 0};
+    std::vector<Range> members;
     if (IsSign(pattern[member], U'!') && member + 1 < end) {
         item.kind = Item::NotSet;
         ++member;
     }
     while (member < end) {
         const bool isRange = member + 2 < end && IsSign(pattern[member + 1], U'-');
-        m_ranges.emplace_back(pattern[member], pattern[isRange ? member + 2 : member]);
+        members.emplace_back(pattern[member], pattern[isRange ? member + 2 : member]);
         member += isRange ? 3 : 1;
     }
-    item.rangeCount = m_ranges.size() - item.firstRange;
+    AddMembers(item, std::move(members));
     m_parts.back().push_back(item);
     return end;
+}
+
+/// Keeps the members of a set where InSet finds them without looking at each: single letters first,
+/// in order, then the ranges in order and apart from each other.
+void Like::AddMembers(Item& set, std::vector<Range> members)
+{
+    const auto ranges = std::partition(members.begin(), members.end(), [](const Range& member) {
+        return member.first == member.second;
+    });
+    std::sort(members.begin(), ranges,
+              [](const Range& a, const Range& b) { return IsBefore(a.first, b.first); });
+    m_ranges.insert(m_ranges.end(), members.begin(), ranges);
+    set.singles = m_ranges.size() - set.firstRange;
+    std::sort(ranges, members.end(),
+              [](const Range& a, const Range& b) { return a.first.base < b.first.base; });
+    for (auto range = ranges; range != members.end(); ++range) {
+        const bool isTurned = range->second.base < range->first.base;
+        const bool hasOneBefore = m_ranges.size() > set.firstRange + set.singles;
+        if (isTurned)
+            continue;
+        if (hasOneBefore && range->first.base <= m_ranges.back().second.base)
+            m_ranges.back().second.base = std::max(m_ranges.back().second.base, range->second.base);
+        else
+            m_ranges.push_back(*range);
+    }
+    set.rangeCount = m_ranges.size() - set.firstRange;
 }
 
 /// The needle is the longest run of letters; it decides alone in `%letters%` without accents.
@@ -106,12 +144,21 @@ void Like::ChooseNeedle()
 bool Like::InSet(const Item& item, const Fold::Letter& letter) const
 {
     const auto first = m_ranges.begin() + static_cast<std::ptrdiff_t>(item.firstRange);
-    return std::any_of(
-        first, first + static_cast<std::ptrdiff_t>(item.rangeCount), [&letter](const Range& range) {
-            if (range.first == range.second)
-                return LetterMatches(range.first, letter);
-            return range.first.base <= letter.base && letter.base <= range.second.base;
-        });
+    const auto ranges = first + static_cast<std::ptrdiff_t>(item.singles);
+    const auto last = first + static_cast<std::ptrdiff_t>(item.rangeCount);
+    const auto isSingle = [first, ranges](const Fold::Letter& wanted) {
+        const auto found = std::lower_bound(first, ranges, wanted,
+                                            [](const Range& member, const Fold::Letter& other) {
+                                                return IsBefore(member.first, other);
+                                            });
+        return found != ranges && found->first == wanted;
+    };
+    if (isSingle({letter.base, 0}) || (letter.accents != 0 && isSingle(letter)))
+        return true;
+    const auto behind =
+        std::upper_bound(ranges, last, letter.base,
+                         [](char32_t base, const Range& range) { return base < range.first.base; });
+    return behind != ranges && letter.base <= std::prev(behind)->second.base;
 }
 
 bool Like::MatchesItem(const Item& item, const Fold::Letter& letter) const
@@ -136,6 +183,32 @@ bool Like::MatchesAt(const Part& part, const Fold::Letter* letters) const
         [this](const Item& item, const Fold::Letter& letter) { return MatchesItem(item, letter); });
 }
 
+/// @return where a part fits first, count when it fits nowhere
+std::size_t Like::FindPart(const Part& part, const Fold::Letter* letters, std::size_t count) const
+{
+    if (part.size() > count)
+        return count;
+    if (part.size() <= ShortPart) {
+        for (std::size_t at = 0; at + part.size() <= count; ++at) {
+            if (MatchesAt(part, letters + at))
+                return at;
+        }
+        return count;
+    }
+    LongPart all(part.size());
+    for (std::size_t i = 0; i < part.size(); ++i) {
+        if (part[i].kind == Item::One)
+            all.AddAny(i);
+        else if (part[i].kind == Item::Exact)
+            all.AddExact(i, part[i].letter.base);
+        else
+            all.AddOther(i);
+    }
+    return all.Find(letters, count, [this, &part](std::size_t item, const Fold::Letter& letter) {
+        return MatchesItem(part[item], letter);
+    });
+}
+
 /// Matches the part in front of the first `%`, reading no further than it has to.
 bool Like::MatchesStart(Fold::Reader& reader) const
 {
@@ -156,11 +229,10 @@ bool Like::MatchesRest(const std::vector<Fold::Letter>& letters) const
     std::size_t at = 0;
     for (std::size_t i = 1; i + 1 < m_parts.size(); ++i) {
         const Part& part = m_parts[i];
-        while (at + part.size() <= end && !MatchesAt(part, letters.data() + at))
-            ++at;
-        if (at + part.size() > end)
+        const std::size_t place = FindPart(part, letters.data() + at, end - at);
+        if (place == end - at)
             return false;
-        at += part.size();
+        at += place + part.size();
     }
     return MatchesAt(last, letters.data() + end);
 }

@@ -15,8 +15,8 @@
 /// letter with one matches only that. A range goes by the letters without their accents. Blanks
 /// count everywhere.
 ///
-/// Matching takes time in proportion to text times the longest part between two `%`, whatever the
-/// pattern; nothing is tried twice.
+/// Matching takes time in proportion to text times the longest part between two `%`, divided by 64
+/// where that part is long, whatever the pattern; nothing is tried twice.
 class Like
 {
 public:
@@ -39,6 +39,7 @@ private:
         Fold::Letter letter;        ///< of Exact
         std::size_t firstRange = 0; ///< of sets: its part of m_ranges
         std::size_t rangeCount = 0;
+        std::size_t singles = 0; ///< how many of them, the first ones, are one letter
     };
 
     /// A member of a set: from letter to letter, or one letter twice.
@@ -49,11 +50,13 @@ private:
 
     void Compile(const std::vector<Fold::Letter>& pattern);
     std::size_t CompileSet(const std::vector<Fold::Letter>& pattern, std::size_t at);
+    void AddMembers(Item& set, std::vector<Range> members);
     void ChooseNeedle();
 
     bool MatchesItem(const Item& item, const Fold::Letter& letter) const;
     bool InSet(const Item& item, const Fold::Letter& letter) const;
     bool MatchesAt(const Part& part, const Fold::Letter* letters) const;
+    std::size_t FindPart(const Part& part, const Fold::Letter* letters, std::size_t count) const;
     bool MatchesStart(Fold::Reader& reader) const;
     bool MatchesRest(const std::vector<Fold::Letter>& letters) const;
     bool MatchesFully(std::string_view text) const;
