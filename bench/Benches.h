@@ -5,7 +5,8 @@
 
 // Each measures one subject and adds its rows to the table.
 
-void BenchList(const Scale& scale, Table& table);
+void BenchFill(const Scale& scale, Table& table);
+void BenchSearch(const Scale& scale, Table& table);
 void BenchTyping(const Scale& scale, Table& table);
 void BenchChords(const Scale& scale, Table& table);
 void BenchViewer(const Scale& scale, Table& table);

@@ -143,11 +143,17 @@ void MeasureFill(const Scale& scale, const GeneratedCatalogue& catalogue, const 
 
 } // namespace
 
-void BenchList(const Scale& scale, Table& table)
+void BenchFill(const Scale& scale, Table& table)
 {
     const GeneratedCatalogue catalogue(scale.songs);
     const MainForm form(catalogue);
     MeasureFill(scale, catalogue, form, table);
+}
+
+void BenchSearch(const Scale& scale, Table& table)
+{
+    const GeneratedCatalogue catalogue(scale.songs);
+    const MainForm form(catalogue);
     for (const Search& search : Searches)
         MeasureSearch(search, scale, catalogue, form, table);
 }

@@ -1,7 +1,8 @@
-// Runs the benchmarks and prints their table: melodario-bench [--short] [--100000] [NAME...]
+// Runs the benchmarks and prints their table: melodario-bench [OPTION...] [NAME...]
 
 #include "Benches.h"
 #include "controls/Appearance.h"
+#include "harness/Rounds.h"
 
 #include <QApplication>
 #include <QLocale>
@@ -17,8 +18,9 @@ struct Bench
     void (*run)(const Scale&, Table&);
 };
 
-constexpr std::array<Bench, 5> Benches{{
-    {u"list", BenchList},
+constexpr std::array<Bench, 6> Benches{{
+    {u"fill", BenchFill},
+    {u"search", BenchSearch},
     {u"typing", BenchTyping},
     {u"chords", BenchChords},
     {u"viewer", BenchViewer},
@@ -48,6 +50,8 @@ int main(int argc, char* argv[])
     if (names.removeAll(u"--100000"_qs) > 0)
         scale.songs = 100000;
 
+    ReadProcessorTime = names.removeAll(u"--processor-time"_qs) > 0;
+
     QTextStream out(stdout);
     QTextStream progress(stderr);
     Table table;
@@ -59,8 +63,7 @@ int main(int argc, char* argv[])
         bench.run(scale, table);
     }
     if (table.IsEmpty()) {
-        out << "Usage: melodario-bench [--short] [--100000] [list] [typing] [chords] [viewer] "
-               "[start]\n";
+        out << "Names: fill search typing chords viewer start\n";
         return 1;
     }
     out << table.ToText();

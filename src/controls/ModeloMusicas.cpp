@@ -47,6 +47,7 @@ void ModeloMusicas::Preenche_De(std::shared_ptr<const FonteMusicas> fonte)
 {
     beginResetModel();
     m_fonte = std::move(fonte);
+    m_quantas = m_fonte->Quantas();
     m_ordem.clear();
     m_temas.clear();
     m_falhaContada = false;
@@ -94,9 +95,16 @@ void ModeloMusicas::sort(int coluna, Qt::SortOrder ordem)
     emit layoutChanged({}, QAbstractItemModel::VerticalSortHint);
 }
 
+QModelIndex ModeloMusicas::index(int linha, int coluna, const QModelIndex& parent) const
+{
+    if (linha < 0 || linha >= m_quantas || coluna < 0 || coluna >= Colunas || parent.isValid())
+        return QModelIndex();
+    return createIndex(linha, coluna);
+}
+
 int ModeloMusicas::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : m_fonte->Quantas();
+    return parent.isValid() ? 0 : m_quantas;
 }
 
 int ModeloMusicas::columnCount(const QModelIndex& parent) const

@@ -61,6 +61,12 @@ public:
     /// with equal texts keep the order they have.
     void sort(int coluna, Qt::SortOrder ordem = Qt::AscendingOrder) override;
 
+    /// A view asks for the index of every row when it is filled.
+    QModelIndex index(int linha, int coluna, const QModelIndex& parent = {}) const override;
+    bool hasChildren(const QModelIndex& parent = {}) const override
+    {
+        return !parent.isValid() && m_quantas > 0;
+    }
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
@@ -85,6 +91,7 @@ private:
 
     LeitorTemas m_leitor;
     std::shared_ptr<const FonteMusicas> m_fonte;
+    int m_quantas = 0;
     std::vector<int> m_ordem;                         ///< positions by row; empty until sorted
     mutable std::unordered_map<int, QString> m_temas; ///< by position, as far as read
     mutable bool m_falhaContada = false;
