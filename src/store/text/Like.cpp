@@ -40,6 +40,7 @@ Like::Like(std::string_view pattern)
 {
     Compile(Fold::Letters(pattern));
     ChooseNeedle();
+    ChooseRun();
 }
 
 void Like::Compile(const std::vector<Fold::Letter>& pattern)
@@ -141,6 +142,25 @@ void Like::ChooseNeedle()
     m_needle = ByteSearch(std::move(longest));
 }
 
+/// Recognises `%letters%`, with accents or without. A long one is left to FindPart, which never
+/// compares a letter twice.
+void Like::ChooseRun()
+{
+    constexpr std::size_t longest = 256;
+    m_isRun = m_parts.size() == 3 && m_parts[1].size() <= longest && m_parts.front().empty() &&
+              m_parts.back().empty() &&
+              std::all_of(m_parts[1].begin(), m_parts[1].end(),
+                          [](const Item& item) { return item.kind == Item::Exact; });
+    if (!m_isRun)
+        return;
+    std::string bases;
+    for (const Item& item : m_parts[1]) {
+        if (item.letter.accents != 0)
+            m_runAccents.push_back({bases.size(), item.letter.accents});
+        Fold::AppendBase(bases, item.letter);
+    }
+}
+
 bool Like::InSet(const Item& item, const Fold::Letter& letter) const
 {
     const auto first = m_ranges.begin() + static_cast<std::ptrdiff_t>(item.firstRange);
@@ -220,21 +240,58 @@ bool Like::MatchesStart(Fold::Reader& reader) const
 
 /// Matches the parts behind the first `%`: each at the first place it fits, the last at the end.
 /// Taking the first place is never wrong, because a later one leaves less text for the others.
-bool Like::MatchesRest(const std::vector<Fold::Letter>& letters) const
+bool Like::MatchesRest(const Fold::Letter* letters, std::size_t count) const
 {
     const Part& last = m_parts.back();
-    if (letters.size() < last.size())
+    if (count < last.size())
         return false;
-    const std::size_t end = letters.size() - last.size();
+    const std::size_t end = count - last.size();
     std::size_t at = 0;
     for (std::size_t i = 1; i + 1 < m_parts.size(); ++i) {
         const Part& part = m_parts[i];
-        const std::size_t place = FindPart(part, letters.data() + at, end - at);
+        const std::size_t place = FindPart(part, letters + at, end - at);
         if (place == end - at)
             return false;
         at += place + part.size();
     }
-    return MatchesAt(last, letters.data() + end);
+    return MatchesAt(last, letters + end);
+}
+
+bool Like::MatchesLetters(const std::vector<Fold::Letter>& letters) const
+{
+    const Part& start = m_parts.front();
+    if (letters.size() < start.size() || !MatchesAt(start, letters.data()))
+        return false;
+    if (m_parts.size() == 1)
+        return letters.size() == start.size();
+    return MatchesRest(letters.data() + start.size(), letters.size() - start.size());
+}
+
+/// Tries each letter that carries the first of the pattern's accents: texts have few.
+bool Like::MatchesRun(std::string_view bases, const std::vector<Fold::Accented>& accented) const
+{
+    if (m_runAccents.empty())
+        return MayMatch(bases);
+    if (!MayMatch(bases))
+        return false;
+    const std::size_t offset = m_runAccents.front().at;
+    const std::string_view needle = m_needle.Needle();
+    for (auto first = accented.begin(); first != accented.end(); ++first) {
+        if (first->accents != m_runAccents.front().accents || first->at < offset ||
+            bases.substr(first->at - offset, needle.size()) != needle)
+            continue;
+        const std::size_t place = first->at - offset;
+        const auto has = [&](const Fold::Accented& want) {
+            const auto found = std::lower_bound(
+                first, accented.end(), place + want.at,
+                [](const Fold::Accented& letter, std::size_t at) { return letter.at < at; });
+            return found != accented.end() && found->at == place + want.at &&
+                   found->accents == want.accents;
+        };
+        if (std::all_of(m_runAccents.begin(), m_runAccents.end(), has))
+            return true;
+    }
+    return false;
 }
 
 bool Like::MatchesFully(std::string_view text) const
@@ -246,7 +303,8 @@ bool Like::MatchesFully(std::string_view text) const
         return reader.Position() == text.size();
     if (m_parts.size() == 2 && m_parts.back().empty())
         return true;
-    return MatchesRest(Fold::Letters(text.substr(reader.Position())));
+    const std::vector<Fold::Letter> letters = Fold::Letters(text.substr(reader.Position()));
+    return MatchesRest(letters.data(), letters.size());
 }
 
 bool Like::Matches(std::string_view text) const
@@ -263,7 +321,25 @@ bool Like::Matches(std::string_view text) const
 
 bool Like::Matches(std::string_view text, std::string_view bases) const
 {
+    if (!m_parts.front().empty())
+        return MatchesFully(text);
     if (!m_needle.FoundIn(bases))
         return false;
-    return m_needleDecides || MatchesFully(text);
+    if (m_needleDecides)
+        return true;
+    if (!m_isRun)
+        return MatchesFully(text);
+    thread_local std::vector<Fold::Accented> accented;
+    accented.clear();
+    Fold::AppendAccented(accented, text);
+    return MatchesRun(bases, accented);
+}
+
+bool Like::Matches(std::string_view bases, const std::vector<Fold::Accented>& accented) const
+{
+    if (m_isRun)
+        return MatchesRun(bases, accented);
+    if (!MayMatch(bases))
+        return false;
+    return m_needleDecides || MatchesLetters(Fold::Letters(bases, accented));
 }
