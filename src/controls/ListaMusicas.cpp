@@ -1,5 +1,6 @@
 #include "controls/ListaMusicas.h"
 
+#include "controls/LongTexts.h"
 #include "runtime/RuntimeError.h"
 #include "store/Preenche.h"
 
@@ -9,7 +10,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
-#include <QStyledItemDelegate>
 #include <QTextDocument>
 #include <QToolTip>
 
@@ -19,10 +19,10 @@ namespace {
 
 /// Every row is as high as a line of text with some air; a height asked of the rows' texts would
 /// read the themes of rows that nobody sees.
-class Linhas final : public QStyledItemDelegate
+class Linhas final : public LongTexts::Delegate
 {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using LongTexts::Delegate::Delegate;
 
     QSize sizeHint(const QStyleOptionViewItem& opcao, const QModelIndex& /*indice*/) const override
     {
@@ -33,7 +33,7 @@ public:
 protected:
     void initStyleOption(QStyleOptionViewItem* opcao, const QModelIndex& indice) const override
     {
-        QStyledItemDelegate::initStyleOption(opcao, indice);
+        LongTexts::Delegate::initStyleOption(opcao, indice);
         opcao->state &= ~QStyle::State_HasFocus; // it is the row that has it, see drawRow
     }
 };
@@ -230,7 +230,7 @@ bool ListaMusicas::viewportEvent(QEvent* evento)
         return QTreeView::viewportEvent(evento);
     const auto* ajuda = static_cast<QHelpEvent*>(evento);
     const QModelIndex indice = indexAt(ajuda->pos());
-    const QString texto = indice.data(Qt::ToolTipRole).toString();
+    const QString texto = LongTexts::Beginning(indice.data(Qt::ToolTipRole).toString());
     if (texto.isEmpty())
         QToolTip::hideText();
     else

@@ -1,12 +1,13 @@
 #include "viewer/RotuloCabecalho.h"
 
+#include "controls/LongTexts.h"
+
 #include <QPainter>
 #include <QTextDocument>
 
 namespace {
 
-constexpr int Folga = 3;                // pixels: slanted letters lean out of their own width
-constexpr qsizetype MaiorMedido = 2000; // characters
+constexpr int Folga = 3; // pixels: slanted letters lean out of their own width
 
 /// @return a tool tip that shows texto as it is, also where it looks like markup
 QString Dica_Simples(const QString& texto)
@@ -32,8 +33,7 @@ void RotuloCabecalho::Mostra_Texto(const QString& texto)
 
 QString RotuloCabecalho::Parte_Visivel() const
 {
-    const QString texto = text();
-    return texto.size() > MaiorMedido ? texto.first(MaiorMedido) + QChar(0x2026) : texto;
+    return LongTexts::Beginning(text());
 }
 
 int RotuloCabecalho::Largura_Inteira() const

@@ -82,9 +82,9 @@ void tst_hostile_songs::songsAreShownAndReadBack_data()
         u"C     G7\r\nSanto, santo é o Senhor\r\n"_qs.repeated(25'000 / Share));
     QTest::newRow("50,000 empty lines") << u"\r\n"_qs.repeated(50'000 / Share);
     row("one line of 1,000,000 characters", u"Santo é o "_qs.repeated(100'000 / Share));
-    QTest::newRow("one chord line of 1,000,000 characters")
-        << u"C  G7     "_qs.repeated(100'000 / Share);
-    row("one word of 1,000,000 characters", QString(1'000'000 / Share, u'x'));
+    QTest::newRow("one chord line of 200,000 characters")
+        << u"C  G7     "_qs.repeated(20'000 / Share);
+    row("one word of 200,000 characters", QString(200'000 / Share, u'x'));
     row("10,000 opening braces", QString(10'000, u'{'));
     row("10,000 closing braces", QString(10'000, u'}'));
     row("10,000 backslashes", QString(10'000, u'\\'));
