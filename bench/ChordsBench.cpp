@@ -27,7 +27,8 @@ public:
     {
         for (const Run& run : runs) {
             if (run.run_type == Run::RT_Iteration)
-                m_times[run.run_name.function_name].push_back(run.GetAdjustedRealTime());
+                m_times[run.run_name.function_name].push_back(
+                    ReadProcessorTime ? run.GetAdjustedCPUTime() : run.GetAdjustedRealTime());
         }
     }
 
