@@ -56,3 +56,8 @@ CREATE TABLE VARIACAO (
 CREATE INDEX TEMA_MUSICA_POR_MUSICA ON TEMA_MUSICA (ID_MUSICA);
 CREATE INDEX TEMA_MUSICA_POR_TEMA ON TEMA_MUSICA (ID_TEMA);
 CREATE INDEX LISTA_MUSICA_POR_LISTA ON LISTA_MUSICA (ID_LISTA);
+
+-- All that a list of songs shows, so that a start reads no song texts. It holds every song; its
+-- condition keeps it from statements that do not ask for it, which count on the order of the IDs.
+CREATE INDEX MUSICA_LISTAGEM ON MUSICA (TITULO, REFERENCIA, TOM, VARIACAO, CATEGORIA, CONTADOR)
+    WHERE typeof(ID) = 'integer';

@@ -1,6 +1,7 @@
 #include "controls/ListBox.h"
 
 #include "controls/ItemModel.h"
+#include "controls/LongTexts.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -15,6 +16,7 @@ ListBox::ListBox(QWidget* parent)
     , m_items(new ItemModel(this))
 {
     setModel(m_items);
+    setItemDelegate(new LongTexts::Delegate(this));
     setUniformItemSizes(true); // else every row is measured, and there may be 20,000
     setEditTriggers(NoEditTriggers);
     setTextElideMode(Qt::ElideRight);
@@ -257,7 +259,7 @@ void ListBox::ShowWholeText(const QPoint& position, const QPoint& onScreen)
         QToolTip::hideText();
         return;
     }
-    const QString text = m_items->Text(index.row());
+    const QString text = LongTexts::Beginning(m_items->Text(index.row()));
     QToolTip::showText(onScreen, Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text,
                        viewport(), visualRect(index));
 }

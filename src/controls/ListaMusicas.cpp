@@ -1,5 +1,6 @@
 #include "controls/ListaMusicas.h"
 
+#include "controls/LongTexts.h"
 #include "runtime/RuntimeError.h"
 #include "store/Preenche.h"
 
@@ -9,7 +10,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
-#include <QStyledItemDelegate>
 #include <QTextDocument>
 #include <QToolTip>
 
@@ -19,10 +19,10 @@ namespace {
 
 /// Every row is as high as a line of text with some air; a height asked of the rows' texts would
 /// read the themes of rows that nobody sees.
-class Linhas final : public QStyledItemDelegate
+class Linhas final : public LongTexts::Delegate
 {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using LongTexts::Delegate::Delegate;
 
     QSize sizeHint(const QStyleOptionViewItem& opcao, const QModelIndex& /*indice*/) const override
     {
@@ -33,7 +33,7 @@ public:
 protected:
     void initStyleOption(QStyleOptionViewItem* opcao, const QModelIndex& indice) const override
     {
-        QStyledItemDelegate::initStyleOption(opcao, indice);
+        LongTexts::Delegate::initStyleOption(opcao, indice);
         opcao->state &= ~QStyle::State_HasFocus; // it is the row that has it, see drawRow
     }
 };
@@ -66,7 +66,7 @@ ListaMusicas::ListaMusicas(QWidget* parent)
     setVerticalScrollMode(ScrollPerItem);
     setTextElideMode(Qt::ElideRight);
     Arruma_Cabecalho();
-    connect(m_modelo, &ModeloMusicas::FalhaNosTemas, this, &ListaMusicas::Relata_Falha);
+    connect(m_modelo, &ModeloMusicas::FalhaNaLinha, this, &ListaMusicas::Relata_Falha);
 }
 
 void ListaMusicas::Arruma_Cabecalho()
@@ -96,6 +96,12 @@ void ListaMusicas::Preenche(std::vector<LinhaMusica> linhas)
 {
     header()->setSortIndicatorShown(false);
     m_modelo->Preenche(std::move(linhas));
+}
+
+void ListaMusicas::Preenche_De(std::shared_ptr<const FonteMusicas> fonte)
+{
+    header()->setSortIndicatorShown(false);
+    m_modelo->Preenche_De(std::move(fonte));
 }
 
 int ListaMusicas::ListCount() const
@@ -224,7 +230,7 @@ bool ListaMusicas::viewportEvent(QEvent* evento)
         return QTreeView::viewportEvent(evento);
     const auto* ajuda = static_cast<QHelpEvent*>(evento);
     const QModelIndex indice = indexAt(ajuda->pos());
-    const QString texto = indice.data(Qt::ToolTipRole).toString();
+    const QString texto = LongTexts::Beginning(indice.data(Qt::ToolTipRole).toString());
     if (texto.isEmpty())
         QToolTip::hideText();
     else

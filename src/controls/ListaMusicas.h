@@ -37,6 +37,7 @@ public:
 
     /// Replaces all rows; nothing is selected afterwards.
     void Preenche(std::vector<LinhaMusica> linhas);
+    void Preenche_De(std::shared_ptr<const FonteMusicas> fonte);
 
     int ListCount() const;
 

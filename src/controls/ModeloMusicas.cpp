@@ -7,20 +7,49 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
+
+namespace {
+
+class FonteEmMemoria final : public FonteMusicas
+{
+public:
+    explicit FonteEmMemoria(std::vector<LinhaMusica> linhas)
+        : m_linhas(std::move(linhas))
+    {
+    }
+
+    int Quantas() const override { return static_cast<int>(m_linhas.size()); }
+    qint64 Id(int posicao) const override { return At(posicao).id; }
+    LinhaMusica Le(int posicao) const override { return At(posicao); }
+
+private:
+    const LinhaMusica& At(int posicao) const { return m_linhas[static_cast<std::size_t>(posicao)]; }
+
+    std::vector<LinhaMusica> m_linhas;
+};
+
+} // namespace
 
 ModeloMusicas::ModeloMusicas(LeitorTemas leitor, QObject* parent)
     : QAbstractTableModel(parent)
     , m_leitor(std::move(leitor))
+    , m_fonte(std::make_shared<FonteEmMemoria>(std::vector<LinhaMusica>()))
 {
 }
 
 void ModeloMusicas::Preenche(std::vector<LinhaMusica> linhas)
 {
+    Preenche_De(std::make_shared<FonteEmMemoria>(std::move(linhas)));
+}
+
+void ModeloMusicas::Preenche_De(std::shared_ptr<const FonteMusicas> fonte)
+{
     beginResetModel();
-    m_linhas.clear();
-    m_linhas.reserve(linhas.size());
-    for (LinhaMusica& musica : linhas)
-        m_linhas.push_back({std::move(musica), QString(), false});
+    m_fonte = std::move(fonte);
+    m_quantas = m_fonte->Quantas();
+    m_ordem.clear();
+    m_temas.clear();
     m_falhaContada = false;
     endResetModel();
 }
@@ -34,12 +63,16 @@ void ModeloMusicas::sort(int coluna, Qt::SortOrder ordem)
     // ten times as much.
     QCollator collator(QLocale(QLocale::Portuguese, QLocale::Brazil));
     collator.setCaseSensitivity(Qt::CaseInsensitive);
+    const auto quantas = static_cast<std::size_t>(rowCount());
     std::vector<QCollatorSortKey> chaves;
-    chaves.reserve(m_linhas.size());
-    for (const Linha& linha : m_linhas)
-        chaves.push_back(collator.sortKey(Texto(linha, coluna)));
-
-    std::vector<std::size_t> antigas(m_linhas.size());
+    std::vector<int> posicoes;
+    chaves.reserve(quantas);
+    posicoes.reserve(quantas);
+    for (int linha = 0; linha < rowCount(); ++linha) {
+        posicoes.push_back(Posicao(linha));
+        chaves.push_back(collator.sortKey(Texto(posicoes.back(), coluna)));
+    }
+    std::vector<std::size_t> antigas(quantas);
     std::iota(antigas.begin(), antigas.end(), std::size_t{0});
     std::stable_sort(antigas.begin(), antigas.end(), [&](std::size_t a, std::size_t b) {
         const int comparacao = chaves[a].compare(chaves[b]);
@@ -47,27 +80,31 @@ void ModeloMusicas::sort(int coluna, Qt::SortOrder ordem)
     });
 
     emit layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
-    std::vector<Linha> ordenadas;
-    std::vector<int> novaPosicao(m_linhas.size());
-    ordenadas.reserve(m_linhas.size());
-    for (const std::size_t antiga : antigas) {
-        novaPosicao[antiga] = static_cast<int>(ordenadas.size());
-        ordenadas.push_back(std::move(m_linhas[antiga]));
+    std::vector<int> novaLinha(quantas);
+    m_ordem.resize(quantas);
+    for (std::size_t nova = 0; nova < quantas; ++nova) {
+        m_ordem[nova] = posicoes[antigas[nova]];
+        novaLinha[antigas[nova]] = static_cast<int>(nova);
     }
-    m_linhas = std::move(ordenadas);
-
     const QModelIndexList de = persistentIndexList();
     QModelIndexList para;
     para.reserve(de.size());
     for (const QModelIndex& indice : de)
-        para.append(index(novaPosicao[static_cast<std::size_t>(indice.row())], indice.column()));
+        para.append(index(novaLinha[static_cast<std::size_t>(indice.row())], indice.column()));
     changePersistentIndexList(de, para);
     emit layoutChanged({}, QAbstractItemModel::VerticalSortHint);
 }
 
+QModelIndex ModeloMusicas::index(int linha, int coluna, const QModelIndex& parent) const
+{
+    if (linha < 0 || linha >= m_quantas || coluna < 0 || coluna >= Colunas || parent.isValid())
+        return QModelIndex();
+    return createIndex(linha, coluna);
+}
+
 int ModeloMusicas::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(m_linhas.size());
+    return parent.isValid() ? 0 : m_quantas;
 }
 
 int ModeloMusicas::columnCount(const QModelIndex& parent) const
@@ -79,14 +116,14 @@ QVariant ModeloMusicas::data(const QModelIndex& index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return QVariant();
-    const Linha& linha = m_linhas[static_cast<std::size_t>(index.row())];
+    const int posicao = Posicao(index.row());
     switch (role) {
     case Qt::DisplayRole:
-        return Texto(linha, index.column());
+        return Texto(posicao, index.column());
     case Qt::ToolTipRole:
-        return Dica(linha, index.column());
+        return Dica(posicao, index.column());
     case Qt::UserRole:
-        return index.column() == Titulo ? QVariant(QString::number(linha.musica.id)) : QVariant();
+        return index.column() == Titulo ? QVariant(Tag(posicao)) : QVariant();
     default:
         return QVariant();
     }
@@ -117,40 +154,54 @@ Qt::ItemFlags ModeloMusicas::flags(const QModelIndex& index) const
     return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
 }
 
-QString ModeloMusicas::Texto(const Linha& linha, int coluna) const
+int ModeloMusicas::Posicao(int linha) const
 {
-    switch (coluna) {
-    case Titulo:
-        return linha.musica.titulo % u" (" % linha.musica.tom % u')';
-    case Referencia:
-        return linha.musica.referencia;
-    default:
-        return Le_Temas(linha);
-    }
+    return m_ordem.empty() ? linha : m_ordem[static_cast<std::size_t>(linha)];
 }
 
-QString ModeloMusicas::Dica(const Linha& linha, int coluna) const
+QString ModeloMusicas::Texto(int posicao, int coluna) const
+{
+    if (coluna == Temas)
+        return Le_Temas(posicao);
+    const LinhaMusica musica = Tenta([&] { return m_fonte->Le(posicao); });
+    if (coluna == Referencia)
+        return musica.referencia;
+    return musica.titulo % u" (" % musica.tom % u')';
+}
+
+QString ModeloMusicas::Dica(int posicao, int coluna) const
 {
     if (coluna != Titulo)
-        return Texto(linha, coluna);
-    return linha.musica.titulo % u" [" % linha.musica.contador % u"] (" % linha.musica.tom % u')';
+        return Texto(posicao, coluna);
+    const LinhaMusica musica = Tenta([&] { return m_fonte->Le(posicao); });
+    return musica.titulo % u" [" % musica.contador % u"] (" % musica.tom % u')';
 }
 
-const QString& ModeloMusicas::Le_Temas(const Linha& linha) const
+QString ModeloMusicas::Tag(int posicao) const
 {
-    if (linha.temasLidos)
-        return linha.temas;
+    return QString::number(Tenta([&] { return m_fonte->Id(posicao); }));
+}
 
-    // A list paints whenever Qt likes, so nothing may be thrown from here; the text stays empty and
-    // is not asked for again until the next fill.
-    linha.temasLidos = true;
+QString ModeloMusicas::Le_Temas(int posicao) const
+{
+    const auto lidos = m_temas.find(posicao);
+    if (lidos != m_temas.end())
+        return lidos->second;
+    // Where the reading fails, the text stays empty and is not asked for again until the next fill.
+    const QString temas = Tenta([&] { return m_leitor(m_fonte->Id(posicao)); });
+    m_temas.emplace(posicao, temas);
+    return temas;
+}
+
+/// A list paints whenever Qt likes, so nothing may be thrown from a reading; a failed one is empty.
+template <typename Leitura>
+auto ModeloMusicas::Tenta(Leitura leitura) const -> decltype(leitura())
+{
     try {
-        linha.temas = m_leitor(linha.musica.id);
+        return leitura();
     } catch (const RuntimeError& erro) {
-        if (!m_falhaContada) {
-            m_falhaContada = true;
-            emit FalhaNosTemas(erro.Number(), erro.WhatFailed(), erro.Description());
-        }
+        if (!std::exchange(m_falhaContada, true))
+            emit FalhaNaLinha(erro.Number(), erro.WhatFailed(), erro.Description());
     }
-    return linha.temas;
+    return {};
 }

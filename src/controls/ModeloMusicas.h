@@ -3,6 +3,8 @@
 #include <QAbstractTableModel>
 
 #include <functional>
+#include <memory>
+#include <unordered_map>
 #include <vector>
 
 /// One song of a list, as the query gave it.
@@ -15,8 +17,26 @@ struct LinhaMusica
     QString contador; ///< empty where the store has none
 };
 
-/// The rows behind a song list. A fill is one reset, whatever the number of songs. The texts of a
-/// row are put together when they are asked for; its themes cost a query, so they are read when the
+/// Where the songs of a list are read when they are shown. Positions count from 0 in the order of
+/// the query; the songs must not change while a list holds them.
+class FonteMusicas
+{
+public:
+    virtual ~FonteMusicas() = default;
+
+    virtual int Quantas() const = 0;
+
+    /// @param posicao  from 0, below Quantas()
+    /// @return MUSICA.ID. @throws RuntimeError when it cannot be read
+    virtual qint64 Id(int posicao) const = 0;
+
+    /// @param posicao  from 0, below Quantas()
+    /// @throws RuntimeError when it cannot be read
+    virtual LinhaMusica Le(int posicao) const = 0;
+};
+
+/// The rows behind a song list. A fill is one reset and costs nothing per song: the texts of a row
+/// are put together whenever they are asked for. Its themes cost a query, so they are read when the
 /// row is first shown or sorted by, and kept.
 class ModeloMusicas : public QAbstractTableModel
 {
@@ -25,19 +45,28 @@ class ModeloMusicas : public QAbstractTableModel
 public:
     enum Coluna { Titulo, Referencia, Temas, Colunas };
 
-    /// Gives the theme text of a song (MUSICA.ID). May throw; the model tells of it by
-    /// FalhaNosTemas and shows no themes.
+    /// Gives the theme text of a song (MUSICA.ID). May throw; the model tells of it by FalhaNaLinha
+    /// and shows no themes.
     using LeitorTemas = std::function<QString(qint64 id)>;
 
     explicit ModeloMusicas(LeitorTemas leitor, QObject* parent = nullptr);
 
-    /// Replaces all rows.
+    /// Replaces all rows by songs that are in memory already.
     void Preenche(std::vector<LinhaMusica> linhas);
+
+    /// Replaces all rows by those of a source, which is kept as long as it is shown.
+    void Preenche_De(std::shared_ptr<const FonteMusicas> fonte);
 
     /// Sorts by the displayed texts of a column, in Brazilian Portuguese, letter case ignored; rows
     /// with equal texts keep the order they have.
     void sort(int coluna, Qt::SortOrder ordem = Qt::AscendingOrder) override;
 
+    /// A view asks for the index of every row when it is filled.
+    QModelIndex index(int linha, int coluna, const QModelIndex& parent = {}) const override;
+    bool hasChildren(const QModelIndex& parent = {}) const override
+    {
+        return !parent.isValid() && m_quantas > 0;
+    }
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
@@ -46,23 +75,24 @@ public:
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
 signals:
-    /// The first row of a fill whose themes could not be read; told once per fill, from inside
-    /// whatever asked for the text.
-    void FalhaNosTemas(int numero, const QString& oQueFalhou, const QString& descricao) const;
+    /// The first row of a fill that could not be read, or whose themes could not; told once per
+    /// fill, from inside whatever asked for the text.
+    void FalhaNaLinha(int numero, const QString& oQueFalhou, const QString& descricao) const;
 
 private:
-    struct Linha
-    {
-        LinhaMusica musica;
-        mutable QString temas;
-        mutable bool temasLidos = false;
-    };
+    int Posicao(int linha) const;
+    QString Texto(int posicao, int coluna) const;
+    QString Dica(int posicao, int coluna) const;
+    QString Tag(int posicao) const;
+    QString Le_Temas(int posicao) const;
 
-    QString Texto(const Linha& linha, int coluna) const;
-    QString Dica(const Linha& linha, int coluna) const;
-    const QString& Le_Temas(const Linha& linha) const;
+    template <typename Leitura>
+    auto Tenta(Leitura leitura) const -> decltype(leitura());
 
     LeitorTemas m_leitor;
-    std::vector<Linha> m_linhas;
+    std::shared_ptr<const FonteMusicas> m_fonte;
+    int m_quantas = 0;
+    std::vector<int> m_ordem;                         ///< positions by row; empty until sorted
+    mutable std::unordered_map<int, QString> m_temas; ///< by position, as far as read
     mutable bool m_falhaContada = false;
 };

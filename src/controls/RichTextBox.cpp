@@ -3,6 +3,7 @@
 #include "controls/Appearance.h"
 #include "controls/RtfReader.h"
 #include "controls/RtfWriter.h"
+#include "controls/SheetLayout.h"
 
 #include <QCoreApplication>
 #include <QFontDatabase>
@@ -94,6 +95,7 @@ RichTextBox::RichTextBox(QWidget* parent)
     setTabChangesFocus(true);
     setPalette(WhiteSheet(palette()));
     document()->setDocumentMargin(Margin);
+    document()->setDocumentLayout(new SheetLayout(document()));
     UseFont(Appearance::MonospacedFamily(), UsualSize);
 }
 
@@ -145,8 +147,8 @@ void RichTextBox::keyPressEvent(QKeyEvent* event)
     event->accept();
 }
 
-/// Replaces the content in one edit, so that it is laid out once, and formats only what differs
-/// from plain text.
+/// Replaces the content in one edit, so that it is laid out once, piece after piece: formatting a
+/// text that is already there would take it apart again.
 void RichTextBox::Fill(const Rtf::Document& sheet)
 {
     Rtf::Format plain;
@@ -160,16 +162,11 @@ void RichTextBox::Fill(const Rtf::Document& sheet)
     cursor.setBlockFormat(QTextBlockFormat());
     cursor.setBlockCharFormat(plainLook);
     UseFont(InstalledFamily(sheet.fontName), sheet.halfPoints);
-    cursor.insertText(sheet.text, plainLook);
-    qsizetype from = 0;
+    QStringView rest = sheet.text;
     for (const Rtf::Run& run : sheet.runs) {
-        const qsizetype to = from + run.length;
-        if (run.format != plain) {
-            cursor.setPosition(static_cast<int>(from));
-            cursor.setPosition(static_cast<int>(to), QTextCursor::KeepAnchor);
-            cursor.setCharFormat(Look(run.format));
-        }
-        from = to;
+        cursor.insertText(rest.first(run.length).toString(),
+                          run.format == plain ? plainLook : Look(run.format));
+        rest = rest.sliced(run.length);
     }
     cursor.endEditBlock();
     document()->setUndoRedoEnabled(true);

@@ -126,8 +126,8 @@ void PainelPesquisa::Preenche_Musicas(QString sql, ListaMusicas& lista)
         Deixa_Eventos();
         if (ultrapassado())
             return;
-        lista.Preenche(Le_Linhas_Musicas(musicas));
-        Funcoes::Consulta = Recordset(); // it would keep every song's text in memory
+        lista.Preenche_De(Fonte_Musicas(musicas));
+        Funcoes::Consulta = Recordset();
     }
     Deixa_Eventos();
     if (!ultrapassado())

@@ -2,10 +2,13 @@
 
 #include "runtime/RuntimeError.h"
 #include "store/CatalogueFile.h"
-#include "store/RecordsetRows.h"
+#include "store/FetchedRows.h"
 #include "store/StoredDate.h"
 #include "store/dialect/Dialect.h"
+#include "store/dialect/Writer.h"
+#include "store/shelf/SongShelf.h"
 #include "store/sqlite/Failure.h"
+#include "store/sqlite/LockPatience.h"
 #include "store/sqlite/SqlFunctions.h"
 
 #include <QFileInfo>
@@ -14,10 +17,6 @@
 
 namespace {
 
-/// How long another program may hold the file before a statement fails; the window does not answer
-/// meanwhile.
-constexpr int LockPatience = 1000; // ms
-
 void RunSimple(sqlite3* database, const QByteArray& sql)
 {
     Statement statement(database, sql);
@@ -25,7 +24,7 @@ void RunSimple(sqlite3* database, const QByteArray& sql)
     }
 }
 
-void AddField(Recordset::Rows& rows, const Statement& statement, int column, bool isDate)
+void AddField(FetchedRows& rows, const Statement& statement, int column, bool isDate)
 {
     switch (statement.ColumnKind(column)) {
     case Statement::Kind::Null:
@@ -50,7 +49,7 @@ void AddField(Recordset::Rows& rows, const Statement& statement, int column, boo
 
 std::shared_ptr<const Recordset::Rows> Fetch(Statement& statement)
 {
-    auto rows = std::make_shared<Recordset::Rows>(statement.ColumnNames());
+    auto rows = std::make_shared<FetchedRows>(statement.ColumnNames());
     const int columns = statement.ColumnCount();
     std::vector<bool> isDate(static_cast<std::size_t>(columns));
     for (int column = 0; column < columns; ++column)
@@ -80,6 +79,7 @@ Connection::Database::Database(const QString& path)
     ReloadSchema();
     CatalogueFile::CheckLength(m_handle.get(), path);
     CatalogueFile::CheckTables(m_handle.get(), m_schema);
+    m_shelf = std::make_unique<SongShelf>(m_handle.get(), *m_statements);
 }
 
 Connection::Database::~Database()
@@ -121,8 +121,8 @@ void Connection::Database::Configure()
     RunSimple(handle, "PRAGMA cell_size_check = ON");
     // FULL leaves open whether the journal's removal, which is what commits, survives a power cut.
     RunSimple(handle, "PRAGMA synchronous = EXTRA");
-    // Room for the songs of a large catalogue, so that a search per key press reads no file.
-    RunSimple(handle, "PRAGMA cache_size = -131072"); // KiB
+    // Searches are answered from memory, so there is little that would be read twice.
+    RunSimple(handle, "PRAGMA cache_size = -16384"); // KiB
 }
 
 /// A catalogue is one file that can be copied. Where another tool has switched it to a write-ahead
@@ -151,16 +151,16 @@ bool Connection::Database::ReloadSchema()
     return true;
 }
 
-Translation Connection::Database::TranslateAnew(const QString& sql)
+Syntax::Statement Connection::Database::Read(const QString& sql)
 {
     try {
-        return Translate(sql, m_schema);
+        return ReadStatement(sql, m_schema);
     } catch (const RuntimeError&) {
         // The name it complains about may be newer than the schema that is known.
         if (!ReloadSchema())
             throw;
     }
-    return Translate(sql, m_schema);
+    return ReadStatement(sql, m_schema);
 }
 
 void Connection::Database::RunKept(const QByteArray& sql)
@@ -177,14 +177,21 @@ bool Connection::Database::InBatch() const
 
 Recordset Connection::Database::Execute(const QString& sql)
 {
-    const Translation translation = TranslateAnew(sql);
+    const Syntax::Statement statement = Read(sql);
+    if (const auto search = SongSearch::Recognise(statement)) {
+        if (auto songs = m_shelf->Answer(*search))
+            return Recordset(std::move(songs));
+    }
+    const Translation translation = Writer::Write(statement, Writer::Compared::Bound);
     // Immediate: a batch that cannot write fails before anything of it has run.
     if (!translation.isQuery && !InBatch())
         RunKept("BEGIN IMMEDIATE");
+    if (!translation.isQuery)
+        m_shelf->BeforeChange(statement);
     if (translation.cacheable)
         return Run(m_statements->Get(translation.sql), translation);
-    Statement statement(m_handle.get(), translation.sql);
-    return Run(statement, translation);
+    Statement once(m_handle.get(), translation.sql);
+    return Run(once, translation);
 }
 
 Recordset Connection::Database::Run(Statement& statement, const Translation& translation)

@@ -1,11 +1,12 @@
 #pragma once
 
 #include "store/Connection.h"
-#include "store/dialect/Schema.h"
+#include "store/dialect/Syntax.h"
 #include "store/sqlite/StatementCache.h"
 
 #include <memory>
 
+class SongShelf;
 struct Translation;
 
 /// An open catalogue.
@@ -32,7 +33,7 @@ private:
     void OpenHandle(const QString& path);
     void Configure();
     void UseRollbackJournal();
-    Translation TranslateAnew(const QString& sql);
+    Syntax::Statement Read(const QString& sql);
     bool ReloadSchema();
     qint64 SchemaVersion();
     bool InBatch() const;
@@ -41,6 +42,7 @@ private:
 
     std::unique_ptr<sqlite3, CloseHandle> m_handle;
     std::unique_ptr<StatementCache> m_statements;
+    std::unique_ptr<SongShelf> m_shelf;
     Schema m_schema;
     qint64 m_schemaVersion = 0;
 };

@@ -5,6 +5,7 @@
 #include <QList>
 #include <QStringDecoder>
 
+#include <algorithm>
 #include <optional>
 
 namespace {
@@ -116,6 +117,20 @@ QByteArrayView WithoutQuotes(QByteArrayView value)
     return quoted ? value.sliced(1, value.size() - 2) : value;
 }
 
+/// @return the text as far as a line holds it
+QString WithinLine(const QString& text)
+{
+    const auto end =
+        std::find_if(text.begin(), text.end(), [](QChar c) { return c == u'\r' || c == u'\n'; });
+    return text.first(end - text.begin());
+}
+
+/// @return the bytes in quotes where reading would take blanks or quotes off them
+QByteArray Protected(const QByteArray& value)
+{
+    return WithoutQuotes(Trimmed(value)) == value ? value : QByteArray('"' + value + '"');
+}
+
 } // namespace
 
 QString Ini::DecodeValue(QByteArrayView bytes)
@@ -144,7 +159,7 @@ QString Ini::Read(QByteArrayView content, QStringView section, QStringView key)
 QByteArray Ini::Write(const QByteArray& content, QStringView section, QStringView key,
                       const QString& value)
 {
-    const QByteArray valueLine = EncodeValue(value) + LineEnd;
+    const QByteArray valueLine = Protected(EncodeValue(WithinLine(value))) + LineEnd;
     const QByteArray keyLine = EncodeValue(key.toString()) + '=' + valueLine;
     const Place place = Find(content, section, key);
     QByteArray result = content;

@@ -18,7 +18,8 @@ QString Read(QByteArrayView content, QStringView section, QStringView key);
 
 /// @return content with the value set. Every other line is kept byte for byte; a new key comes
 /// after the last line with text of its section, a new section at the end. The line written ends
-/// with CR LF.
+/// with CR LF. A value that begins or ends with blanks or quotes is written in quotes; what follows
+/// a line's end in it is left out, because no line can hold it.
 QByteArray Write(const QByteArray& content, QStringView section, QStringView key,
                  const QString& value);
 

@@ -56,6 +56,13 @@ void Recordset::MoveNext()
     ++m_row;
 }
 
+void Recordset::MoveTo(int row)
+{
+    if (row < 0 || row >= Open().Count())
+        ThrowNoCurrentRecord();
+    m_row = row;
+}
+
 int Recordset::RecordCount() const
 {
     return Open().Count();

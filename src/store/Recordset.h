@@ -28,6 +28,10 @@ public:
     /// @throws RuntimeError ObjectClosed; NoCurrentRecord when already behind the last row
     void MoveNext();
 
+    /// Makes any row the current one, forward or back. @param row  from 0, below RecordCount()
+    /// @throws RuntimeError ObjectClosed; NoCurrentRecord when there is no such row
+    void MoveTo(int row);
+
     /// @return the exact number of rows. @throws RuntimeError ObjectClosed
     int RecordCount() const;
 

@@ -1,5 +1,7 @@
 #include "viewer/RotuloCabecalho.h"
 
+#include "controls/LongTexts.h"
+
 #include <QPainter>
 #include <QTextDocument>
 
@@ -29,15 +31,26 @@ void RotuloCabecalho::Mostra_Texto(const QString& texto)
     Limita_Largura(Largura_Inteira());
 }
 
+QString RotuloCabecalho::Parte_Visivel() const
+{
+    return LongTexts::Beginning(text());
+}
+
 int RotuloCabecalho::Largura_Inteira() const
 {
-    return text().isEmpty() ? 0 : fontMetrics().horizontalAdvance(text()) + Folga;
+    const QString texto = Parte_Visivel();
+    if (m_medido != texto || m_fonte != font()) {
+        m_medido = texto;
+        m_fonte = font();
+        m_largura = texto.isEmpty() ? 0 : fontMetrics().horizontalAdvance(texto) + Folga;
+    }
+    return m_largura;
 }
 
 void RotuloCabecalho::Limita_Largura(int largura)
 {
     resize(largura, sizeHint().height());
-    setToolTip(largura < Largura_Inteira() ? Dica_Simples(text()) : QString());
+    setToolTip(largura < Largura_Inteira() ? Dica_Simples(Parte_Visivel()) : QString());
 }
 
 QSize RotuloCabecalho::sizeHint() const
@@ -49,8 +62,9 @@ void RotuloCabecalho::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setPen(palette().color(foregroundRole()));
-    const QString drawn = width() < Largura_Inteira()
-                              ? fontMetrics().elidedText(text(), Qt::ElideRight, width() - Folga)
-                              : text();
+    const QString drawn =
+        width() < Largura_Inteira()
+            ? fontMetrics().elidedText(Parte_Visivel(), Qt::ElideRight, width() - Folga)
+            : Parte_Visivel();
     painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, drawn);
 }

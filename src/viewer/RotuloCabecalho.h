@@ -15,7 +15,9 @@ public:
     /// Sets the text and takes the width that it needs.
     void Mostra_Texto(const QString& texto);
 
-    /// @return the width in pixels that the whole text needs; 0 for an empty text
+    /// @return the width in pixels that the whole text needs; 0 for an empty text. Of a text that
+    /// no
+    ///         screen could hold, only the beginning is measured, drawn and shown in the tool tip.
     int Largura_Inteira() const;
 
     /// Takes a width. @param largura  in pixels; the drawing is cut when the text needs more
@@ -25,4 +27,11 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    QString Parte_Visivel() const;
+
+    mutable QString m_medido; ///< the text and its font that m_largura was measured for
+    mutable QFont m_fonte;
+    mutable int m_largura = 0;
 };

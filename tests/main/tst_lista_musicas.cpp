@@ -218,7 +218,7 @@ void tst_lista_musicas::themesOfAFailedReadStayEmpty()
             throw RuntimeError(RuntimeError::StoreFailure, u"x"_qs, u"y"_qs);
         return u"Louvor"_qs;
     });
-    QSignalSpy falhas(&modelo, &ModeloMusicas::FalhaNosTemas);
+    QSignalSpy falhas(&modelo, &ModeloMusicas::FalhaNaLinha);
     modelo.Preenche(Linhas(4));
     QCOMPARE(Coluna(modelo, 2), QStringList({u"Louvor"_qs, QString(), u"Louvor"_qs, QString()}));
     QCOMPARE(falhas.size(), 1);

@@ -12,6 +12,7 @@ private slots:
     void read();
     void write_data();
     void write();
+    void aValueStaysWithinItsLine();
     void whatIsWrittenIsReadBack_data();
     void whatIsWrittenIsReadBack();
     void aValueStaysInTheCodePageWhereThatIsSafe_data();
@@ -124,6 +125,13 @@ void tst_Ini::write_data()
         << QByteArray("\xEF\xBB\xBF[BANCO]\nEndereco=/n\r\n");
 }
 
+void tst_Ini::aValueStaysWithinItsLine()
+{
+    const QByteArray before("[BANCO]\r\nEndereco=/old\r\n[C]\r\n");
+    const QByteArray after = Ini::Write(before, u"BANCO", u"Endereco", u"/n\n[C]\r\nx=1"_qs);
+    QCOMPARE(after, QByteArray("[BANCO]\r\nEndereco=/n\r\n[C]\r\n"));
+}
+
 void tst_Ini::write()
 {
     QFETCH(QByteArray, before);
@@ -149,6 +157,10 @@ void tst_Ini::whatIsWrittenIsReadBack_data()
     QTest::newRow("combining signs stay apart") << QString(u"/e"_qs + QChar(0x301) + u".mdb"_qs);
     QTest::newRow("semicolons and equals signs") << u";/a;b=c;"_qs;
     QTest::newRow("starts with a byte order mark") << QString(QChar(0xFEFF) + u"/x"_qs);
+    QTest::newRow("blanks around") << u" /a b\t"_qs;
+    QTest::newRow("quotes around") << u"\"/a\""_qs;
+    QTest::newRow("quotes and blanks around") << u" '/a' "_qs;
+    QTest::newRow("quotes alone") << u"\"\""_qs;
     QTest::newRow("empty") << QString();
 }
 

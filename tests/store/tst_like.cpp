@@ -53,6 +53,9 @@ private slots:
     void agreesWithItsPlainMeaning();
     void decidesByBasesAsByText();
     void staysFastWithManySigns();
+    void longPartsAgreeWithTheirPlainMeaning();
+    void staysFastWithLongParts_data();
+    void staysFastWithLongParts();
     void takesPatternsOfAnyLength();
     void findsBytesAsTheLibraryDoes();
 };
@@ -206,6 +209,56 @@ void tst_like::staysFastWithManySigns()
     QVERIFY(!Matches(QString(100000, u'a'), pattern + u"b%"_qs));
     QVERIFY(!Matches(QString(100000, u'a'), u"%_%_%_%_%b"_qs));
     QVERIFY2(timer.elapsed() < 20000, qPrintable(QString::number(timer.elapsed())));
+}
+
+void tst_like::longPartsAgreeWithTheirPlainMeaning()
+{
+    QRandomGenerator random(64);
+    int matched = 0;
+    for (int i = 0; i < 2000; ++i) {
+        const std::string text = Random(random, {"a", "a", "a", "á", "b"}, 400);
+        // Cut out of the text at a letter, so that it often fits.
+        auto letters = Fold::Letters(text);
+        const auto from = random.bounded(static_cast<quint32>(letters.size() + 1));
+        const auto most = static_cast<quint32>(letters.size() - from + 1);
+        const auto end = from + random.bounded(most);
+        std::string part;
+        for (auto at = from; at < end; ++at) {
+            const bool one = random.bounded(30) == 0;
+            const bool other = random.bounded(300) == 0;
+            part += one ? "_" : other ? "b" : letters[at].accents != 0 ? "á" : "a";
+        }
+        const std::string pattern = "%" + part + (i % 2 != 0 ? "%" : "%a%");
+        const auto signs = Fold::Letters(pattern);
+        const bool expected = PlainMatches(letters.data(), letters.data() + letters.size(),
+                                           signs.data(), signs.data() + signs.size());
+        matched += expected ? 1 : 0;
+        if (Like(pattern).Matches(text) != expected)
+            QFAIL(("'" + text + "' by '" + pattern + "'").c_str());
+    }
+    QVERIFY2(matched > 200 && matched < 1800, qPrintable(QString::number(matched)));
+}
+
+void tst_like::staysFastWithLongParts_data()
+{
+    QTest::addColumn<QString>("pattern");
+    const QString as(50000, u'a');
+    // At nearly every place of the text nearly all of these fits.
+    QTest::newRow("letters and one sign") << QString(u'%' + as + u"_b%");
+    QTest::newRow("ones and a set") << QString(u'%' + QString(50000, u'_') + u"[bc]%");
+    QTest::newRow("sets") << QString(u'%' + u"[ab]"_qs.repeated(25000) + u"b%");
+    QTest::newRow("a large set") << QString(u"%["_qs + QString(50000, u'b') + u"]%");
+    QTest::newRow("a set of many ranges") << QString(u"%["_qs + u"b-d"_qs.repeated(30000) + u"]%");
+}
+
+void tst_like::staysFastWithLongParts()
+{
+    QFETCH(QString, pattern);
+    QElapsedTimer timer;
+    timer.start();
+    QVERIFY(!Matches(QString(100000, u'a'), pattern));
+    // One place after the other took a hundred times as long.
+    QVERIFY2(timer.elapsed() < 10000, qPrintable(QString::number(timer.elapsed())));
 }
 
 void tst_like::takesPatternsOfAnyLength()

@@ -13,6 +13,7 @@ private slots:
     void init();
     void cleanup();
     void walksTheRows();
+    void goesToAnyRow();
     void countsRowsExactly();
     void findsFieldsByNameInAnyLetters();
     void refusesUnknownFields();
@@ -62,6 +63,20 @@ void tst_recordset::walksTheRows()
     rows.MoveNext();
     QVERIFY(rows.Eof());
     QVERIFY(Query(u"SELECT * FROM TEMA"_qs).Eof());
+}
+
+void tst_recordset::goesToAnyRow()
+{
+    Recordset rows = Query(u"SELECT ID FROM VARIACAO ORDER BY ID"_qs);
+    rows.MoveTo(1);
+    QCOMPARE(rows.Fields(0), Value(2));
+    rows.MoveNext();
+    QVERIFY(rows.Eof());
+    rows.MoveTo(0);
+    QCOMPARE(rows.Fields(0), Value(1));
+    for (const int row : {-1, 2})
+        QCOMPARE(Failed([&] { rows.MoveTo(row); }).number, 3021);
+    QCOMPARE(rows.Fields(0), Value(1));
 }
 
 void tst_recordset::countsRowsExactly()

@@ -5,12 +5,17 @@
 #include "store/dialect/Resolver.h"
 #include "store/dialect/Writer.h"
 
-Translation Translate(QStringView sql, const Schema& schema)
+Syntax::Statement ReadStatement(QStringView sql, const Schema& schema)
 {
     const Complaint complaint(sql);
     Syntax::Statement statement = Parser(sql, complaint).ParseStatement();
     Resolver(schema, complaint).Resolve(statement);
     if (auto* query = std::get_if<Syntax::Select>(&statement))
         FoldLinkJoin(*query);
-    return Writer::Write(statement);
+    return statement;
+}
+
+Translation Translate(QStringView sql, const Schema& schema)
+{
+    return Writer::Write(ReadStatement(sql, schema));
 }

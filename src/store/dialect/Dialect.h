@@ -1,13 +1,12 @@
 #pragma once
 
 #include "store/Value.h"
+#include "store/dialect/Syntax.h"
 
 #include <QByteArray>
 #include <QString>
 
 #include <vector>
-
-class Schema;
 
 /// A statement of the program's SQL dialect, rewritten for SQLite.
 struct Translation
@@ -17,6 +16,11 @@ struct Translation
     bool isQuery = false;      ///< true for a SELECT
     bool cacheable = true;     ///< false when the text holds a list that hardly occurs twice
 };
+
+/// Reads one statement: its names resolved, joins with links folded (LinkJoin.h).
+/// @param schema  the tables and columns that names are looked up in; must outlive the tree
+/// @throws RuntimeError StoreFailure as Translate
+Syntax::Statement ReadStatement(QStringView sql, const Schema& schema);
 
 /// Rewrites one statement.
 /// @param sql     the statement as the program wrote it, with at most one ';' at its end

@@ -45,9 +45,10 @@ bool IsTextual(ValueType type)
 
 } // namespace
 
-Translation Writer::Write(const Statement& statement)
+Translation Writer::Write(const Statement& statement, Compared numbers)
 {
     Writer writer;
+    writer.m_numbers = numbers;
     writer.m_out.isQuery = std::holds_alternative<Select>(statement);
     std::visit([&writer](const auto& concrete) { writer.Write(concrete); }, statement);
     return std::move(writer.m_out);

@@ -9,8 +9,15 @@
 class Writer
 {
 public:
+    /// What becomes of a number that a column is compared with.
+    enum class Compared {
+        Written, ///< stands in the statement
+        Bound    ///< is a parameter: one prepared statement serves all songs
+    };
+
     /// @return the statement for SQLite with its parameters
-    static Translation Write(const Syntax::Statement& statement);
+    static Translation Write(const Syntax::Statement& statement,
+                             Compared numbers = Compared::Written);
 
 private:
     /// How tightly SQLite binds what an expression becomes, the loosest first.
@@ -42,6 +49,7 @@ private:
     void WriteNot(const Syntax::Expression& expression);
     void WriteArithmetic(const Syntax::Expression& expression);
     void WriteComparison(const Syntax::Expression& expression);
+    bool BindNumber(const Syntax::Expression& comparison);
     void WriteLike(const Syntax::Expression& expression);
     void WriteIsNull(const Syntax::Expression& expression);
     void WriteBetween(const Syntax::Expression& expression);
@@ -54,4 +62,5 @@ private:
     static Translation Fragment(const Syntax::Expression& expression);
 
     Translation m_out;
+    Compared m_numbers = Compared::Written;
 };

@@ -203,7 +203,22 @@ void Writer::WriteComparison(const Expression& expression)
 {
     WriteTested(expression.operands.front(), ComparesTexts(expression));
     m_out.sql += ' ' + expression.text.toLatin1() + ' ';
-    Write(expression.operands.back(), Level::Sum);
+    if (!BindNumber(expression))
+        Write(expression.operands.back(), Level::Sum);
+}
+
+/// @return false where the right side is to be written as it stands
+bool Writer::BindNumber(const Expression& comparison)
+{
+    const Expression& number = comparison.operands.back();
+    bool isWhole = false;
+    const qint64 value = number.text.toLongLong(&isWhole);
+    if (m_numbers != Compared::Bound || number.kind != Kind::Number || !isWhole ||
+        comparison.operands.front().kind != Kind::Column)
+        return false;
+    m_out.sql += '?';
+    m_out.values.emplace_back(value);
+    return true;
 }
 
 void Writer::WriteLike(const Expression& expression)

@@ -5,8 +5,6 @@
 
 #include <sqlite3.h>
 
-#include <memory>
-
 namespace {
 
 std::string_view View(int length, const void* text)
@@ -14,20 +12,17 @@ std::string_view View(int length, const void* text)
     return {static_cast<const char*>(text), static_cast<std::size_t>(length)};
 }
 
-int Compare(void* collation, int lengthA, const void* a, int lengthB, const void* b)
+int Compare(void*, int lengthA, const void* a, int lengthB, const void* b)
 {
-    return static_cast<const Collation*>(collation)->Compare(View(lengthA, a), View(lengthB, b));
+    return Collation::Shared().Compare(View(lengthA, a), View(lengthB, b));
 }
 
 } // namespace
 
 void SqlFunctions::AddCollation(sqlite3* database)
 {
-    auto collation = std::make_unique<Collation>();
-    const auto destroy = [](void* owned) { delete static_cast<Collation*>(owned); };
-    // SQLite destroys it only when it has taken it.
-    if (sqlite3_create_collation_v2(database, Names::Collation, SQLITE_UTF8, collation.get(),
-                                    Compare, destroy) != SQLITE_OK)
+    Collation::Shared(); // made here, where a failure may be thrown
+    if (sqlite3_create_collation_v2(database, Names::Collation, SQLITE_UTF8, nullptr, Compare,
+                                    nullptr) != SQLITE_OK)
         Failure::ThrowLast(database);
-    static_cast<void>(collation.release());
 }

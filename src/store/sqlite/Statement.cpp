@@ -100,6 +100,11 @@ Statement::Kind Statement::ColumnKind(int column) const
     }
 }
 
+bool Statement::IsBlob(int column) const
+{
+    return sqlite3_column_type(m_statement.get(), column) == SQLITE_BLOB;
+}
+
 qint64 Statement::Whole(int column) const
 {
     return sqlite3_column_int64(m_statement.get(), column);

@@ -39,6 +39,8 @@ public:
 
     /// Of the current row.
     Kind ColumnKind(int column) const;
+    /// Bytes of no kind, which ColumnKind calls Text.
+    bool IsBlob(int column) const;
     qint64 Whole(int column) const;
     double Real(int column) const;
     /// Valid until the next step or reset. @throws RuntimeError StoreFailure without memory

@@ -1,6 +1,8 @@
 #include "store/text/Collation.h"
 
 #include "runtime/RuntimeError.h"
+#include "store/text/Fold.h"
+#include "store/text/Utf8.h"
 
 #include <QString>
 
@@ -32,6 +34,13 @@ Collation::Collation()
     ucol_setAttribute(m_collator, UCOL_NORMALIZATION_MODE, UCOL_ON, &status);
     Require(status);
     RankAscii();
+    RankLatin();
+}
+
+const Collation& Collation::Shared()
+{
+    static const Collation shared;
+    return shared;
 }
 
 Collation::~Collation()
@@ -60,6 +69,38 @@ void Collation::RankAscii()
             ++rank;
         m_ranks[static_cast<unsigned char>(order[i])] = rank;
     }
+}
+
+/// Gives accented letters the rank of the plain one, where ICU agrees that only accents differ.
+void Collation::RankLatin()
+{
+    ucol_setStrength(m_collator, UCOL_PRIMARY);
+    for (char32_t code = LatinStart; code < LatinEnd; ++code) {
+        std::string letter;
+        Utf8::Append(letter, code);
+        const std::string base = Fold::Bases(letter);
+        if (base.size() == 1 && CompareInIcu(letter, base) == 0)
+            m_latinRanks[code - LatinStart] = m_ranks[static_cast<unsigned char>(base.front())];
+    }
+    ucol_setStrength(m_collator, UCOL_SECONDARY);
+}
+
+bool Collation::AppendLetters(std::string& out, std::string_view text) const
+{
+    for (std::size_t at = 0; at < text.size();) {
+        const auto byte = static_cast<unsigned char>(text[at]);
+        unsigned char rank = m_ranks[byte];
+        if (byte < AsciiEnd) {
+            ++at;
+        } else {
+            const char32_t code = Utf8::Next(text, at);
+            rank = code >= LatinStart && code < LatinEnd ? m_latinRanks[code - LatinStart] : NoRank;
+        }
+        if (rank == NoRank)
+            return false;
+        out.push_back(static_cast<char>(rank));
+    }
+    return true;
 }
 
 int Collation::Compare(std::string_view a, std::string_view b) const

@@ -51,6 +51,20 @@ void AppendBases(std::string& out, std::string_view text);
 
 std::string Bases(std::string_view text);
 
+/// A letter with accents among the bases of a text.
+struct Accented
+{
+    std::size_t at = 0;        ///< where its base begins, in bytes from 0
+    std::uint64_t accents = 0; ///< as in Letter
+};
+
+/// Appends the letters of a text that carry accents. With its bases they say all that a search
+/// asks of a text, and take little room in any language written with Latin letters.
+void AppendAccented(std::vector<Accented>& out, std::string_view text);
+
+/// @return all letters of a text of which bases and accented letters are known.
+std::vector<Letter> Letters(std::string_view bases, const std::vector<Accented>& accented);
+
 /// Appends the base of one letter.
 void AppendBase(std::string& out, const Letter& letter);
 

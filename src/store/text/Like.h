@@ -15,8 +15,8 @@
 /// letter with one matches only that. A range goes by the letters without their accents. Blanks
 /// count everywhere.
 ///
-/// Matching takes time in proportion to text times the longest part between two `%`, whatever the
-/// pattern; nothing is tried twice.
+/// Matching takes time in proportion to text times the longest part between two `%`, divided by 64
+/// where that part is long, whatever the pattern; nothing is tried twice.
 class Like
 {
 public:
@@ -29,6 +29,18 @@ public:
     /// they do not decide.
     bool Matches(std::string_view text, std::string_view bases) const;
 
+    /// As Matches, for a text of which only its bases and accented letters are at hand.
+    bool Matches(std::string_view bases, const std::vector<Fold::Accented>& accented) const;
+
+    /// @return false for a text that cannot match, whatever its accents are.
+    bool MayMatch(std::string_view bases) const noexcept { return m_needle.FoundIn(bases); }
+
+    /// @return bases that every match contains.
+    const std::string& Needle() const noexcept { return m_needle.Needle(); }
+
+    /// @return true when every text that may match does.
+    bool IsDecidedByBases() const noexcept { return m_needleDecides; }
+
 private:
     /// What one character of a text is compared with.
     struct Item
@@ -39,6 +51,7 @@ private:
         Fold::Letter letter;        ///< of Exact
         std::size_t firstRange = 0; ///< of sets: its part of m_ranges
         std::size_t rangeCount = 0;
+        std::size_t singles = 0; ///< how many of them, the first ones, are one letter
     };
 
     /// A member of a set: from letter to letter, or one letter twice.
@@ -49,17 +62,24 @@ private:
 
     void Compile(const std::vector<Fold::Letter>& pattern);
     std::size_t CompileSet(const std::vector<Fold::Letter>& pattern, std::size_t at);
+    void AddMembers(Item& set, std::vector<Range> members);
     void ChooseNeedle();
 
     bool MatchesItem(const Item& item, const Fold::Letter& letter) const;
     bool InSet(const Item& item, const Fold::Letter& letter) const;
     bool MatchesAt(const Part& part, const Fold::Letter* letters) const;
+    std::size_t FindPart(const Part& part, const Fold::Letter* letters, std::size_t count) const;
     bool MatchesStart(Fold::Reader& reader) const;
-    bool MatchesRest(const std::vector<Fold::Letter>& letters) const;
+    bool MatchesRest(const Fold::Letter* letters, std::size_t count) const;
+    bool MatchesLetters(const std::vector<Fold::Letter>& letters) const;
+    bool MatchesRun(std::string_view bases, const std::vector<Fold::Accented>& accented) const;
+    void ChooseRun();
     bool MatchesFully(std::string_view text) const;
 
     std::vector<Part> m_parts{Part()};
     std::vector<Range> m_ranges;
     ByteSearch m_needle{{}};      ///< bases that every match contains
     bool m_needleDecides = false; ///< every text that contains them matches
+    bool m_isRun = false;         ///< the pattern is `%letters%`: the needle and these accents
+    std::vector<Fold::Accented> m_runAccents;
 };

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "store/shelf/SongTable.h"
+
+#include <optional>
+#include <vector>
+
+/// Which themes the songs are linked to.
+class SongLinks
+{
+public:
+    using Number = std::optional<qint64>;
+
+    /// Adds a link behind the last one. @param row  its place in the link table, ever growing
+    void Add(qint64 row, Number song, Number theme);
+
+    /// Puts a link in the place of the one that had its row.
+    void Put(qint64 row, Number song, Number theme);
+    void Remove(qint64 row);
+
+    /// Marks the songs that are linked.
+    /// @param themes  sorted; nothing for any theme
+    /// @param marks   one for each place of songs, 0 at first; 1 where a link exists
+    void Mark(std::vector<char>& marks, const SongTable& songs,
+              const std::optional<std::vector<qint64>>& themes);
+
+    /// To be called when songs have got other places.
+    void ForgetPlaces() { m_places.clear(); }
+
+    /// @return bytes taken, about.
+    std::size_t Size() const noexcept;
+
+private:
+    struct Link
+    {
+        qint64 row = 0;
+        Number song;
+        Number theme;
+    };
+
+    void FindPlaces(const SongTable& songs);
+
+    std::vector<Link> m_links;              ///< in the order of their rows
+    std::vector<SongTable::Place> m_places; ///< of their songs; empty when not known
+};

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "store/dialect/Syntax.h"
+
+#include <QByteArray>
+#include <QStringList>
+
+#include <optional>
+#include <vector>
+
+/// A query that the songs in memory can answer:
+///
+///     SELECT columns of MUSICA FROM MUSICA
+///     WHERE CATEGORIA IN (...) AND TITULO, REFERENCIA or MUSICA LIKE '...' AND
+///           ID IN (SELECT ID_MUSICA FROM TEMA_MUSICA [WHERE ID_TEMA IN (...)])
+///     ORDER BY [CONTADOR DESC,] TITULO
+///
+/// which is what FoldLinkJoin makes of a search. Each condition may be missing.
+struct SongSearch
+{
+    enum class Field { Id, Title, Reference, Text, Key, Variation, Category, Count };
+
+    struct Pattern
+    {
+        Field field = Field::Title; ///< Title, Reference or Text
+        QByteArray like;            ///< UTF-8
+    };
+
+    struct Links
+    {
+        std::optional<std::vector<qint64>> themes; ///< TEMA.ID; nothing for any theme
+    };
+
+    std::vector<Field> columns;
+    QStringList names; ///< of the columns
+    std::optional<std::vector<qint64>> categories;
+    std::vector<Pattern> patterns;
+    std::optional<Links> links; ///< of a song, one at least has to exist
+    bool mostPlayedFirst = false;
+
+    /// @param statement  resolved, its join folded
+    /// @return nothing for a query of any other shape
+    static std::optional<SongSearch> Recognise(const Syntax::Statement& statement);
+};

@@ -1,0 +1,90 @@
+#pragma once
+
+#include "store/Recordset.h"
+#include "store/shelf/ChangeWatch.h"
+#include "store/shelf/SongLinks.h"
+#include "store/shelf/SongLyrics.h"
+#include "store/shelf/SongSearch.h"
+#include "store/shelf/SongTable.h"
+
+#include <QTimer>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+class SongView;
+class Statement;
+class StatementCache;
+struct sqlite3;
+
+/// The songs of the open catalogue in memory, so that a search answers while its letters are being
+/// typed. It gives what SQLite would, or nothing at all: each search first looks whether this
+/// connection or another program has changed anything since.
+///
+/// The small columns and the links are read by the first search, the lyrics in idle moments after
+/// it, a few milliseconds at a time, or by the first search in them.
+class SongShelf
+{
+public:
+    /// Bytes that all of it may take. Without room for the lyrics SQLite answers what concerns
+    /// them, without room for the songs it answers all.
+    static constexpr std::size_t LargestSize = std::size_t{320} * 1024 * 1024;
+
+    /// @param database, statements  outlive the shelf
+    /// @param largestSize           bytes
+    SongShelf(sqlite3* database, StatementCache& statements, std::size_t largestSize = LargestSize);
+    ~SongShelf();
+    SongShelf(const SongShelf&) = delete;
+    SongShelf& operator=(const SongShelf&) = delete;
+
+    /// @return the rows, or nullptr where SQLite has to answer
+    /// @throws RuntimeError StoreFailure when the catalogue cannot be looked at
+    std::shared_ptr<const Recordset::Rows> Answer(const SongSearch& search);
+
+    /// To be called before a statement that changes rows.
+    void BeforeChange(const Syntax::Statement& statement);
+
+    /// Reads lyrics for some milliseconds. @return true when there is more to read
+    bool ReadAhead(int milliseconds);
+
+    /// @return bytes taken, about.
+    std::size_t Size() const noexcept;
+
+private:
+    enum class Lyrics { Partly, All, None };
+
+    bool Refresh();
+    bool RefreshRows();
+    void SeeVersion();
+    bool RefreshSong(qint64 id);
+    void RefreshLink(qint64 row);
+    bool Load();
+    bool LoadSongs(SongTable& songs);
+    void LoadLinks(SongLinks& links);
+    bool ReadLyrics(std::optional<int> milliseconds);
+    void ReadLyric(SongTable::Place place);
+    void PutLyric(SongTable::Place place, const Statement& statement, int column);
+    void DropLyrics(Lyrics state);
+    void Clear();
+    void ReadWhenIdle();
+    std::vector<const SongRow*> Find(const SongSearch& search);
+    std::vector<char> Candidates(const SongSearch& search);
+    std::shared_ptr<const Recordset::Rows> Show(const SongSearch& search,
+                                                std::vector<const SongRow*> rows);
+    Value TextOf(qint64 id);
+    void SettleViews();
+
+    sqlite3* m_database;
+    StatementCache& m_statements;
+    const std::size_t m_largestSize;
+    ChangeWatch m_watch;
+    bool m_isFit = false; ///< holds songs that searches may be answered from
+    SongTable m_songs;
+    SongLinks m_links;
+    SongLyrics m_lyrics;
+    Lyrics m_lyricsState = Lyrics::Partly; ///< None: they do not fit here
+    SongTable::Place m_lyricsTo = 0;       ///< place from which on lyrics are not read yet
+    QTimer m_idle;
+    std::vector<std::weak_ptr<SongView>> m_views; ///< that may still ask for texts
+};

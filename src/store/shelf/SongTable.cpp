@@ -1,0 +1,93 @@
+#include "store/shelf/SongTable.h"
+
+#include "store/shelf/TitleOrder.h"
+
+#include <algorithm>
+
+SongTable::SongTable()
+    : m_pile(std::make_shared<SongPile>())
+{
+}
+
+void SongTable::Add(const SongRow& row)
+{
+    m_rows.push_back(&m_pile->rows.emplace_back(row));
+}
+
+void SongTable::Arrange()
+{
+    const auto byId = [](const SongRow* a, const SongRow* b) { return a->id < b->id; };
+    if (!std::is_sorted(m_rows.begin(), m_rows.end(), byId))
+        std::sort(m_rows.begin(), m_rows.end(), byId);
+    m_ids.reserve(m_rows.size());
+    for (const SongRow* row : m_rows)
+        m_ids.push_back(row->id);
+    m_byTitle = TitleOrder::Sorted(m_rows);
+}
+
+SongTable::Place SongTable::PlaceOf(qint64 id) const
+{
+    if (m_ids.empty() || id < m_ids.front() || id > m_ids.back())
+        return Nowhere;
+    // Without gaps between the IDs the distance is the place; gaps only bring it nearer.
+    const auto distance = static_cast<quint64>(id) - static_cast<quint64>(m_ids.front());
+    const std::size_t farthest = std::min<quint64>(distance, m_ids.size() - 1);
+    if (m_ids[farthest] == id)
+        return static_cast<Place>(farthest);
+    const auto end = m_ids.begin() + static_cast<std::ptrdiff_t>(farthest);
+    const auto found = std::lower_bound(m_ids.begin(), end, id);
+    return found != end && *found == id ? static_cast<Place>(found - m_ids.begin()) : Nowhere;
+}
+
+std::vector<SongTable::Place>::iterator SongTable::PlaceInOrder(const SongRow& row)
+{
+    return std::lower_bound(m_byTitle.begin(), m_byTitle.end(), row,
+                            [this](Place place, const SongRow& song) {
+                                return TitleOrder::IsBefore(*m_rows[place], song);
+                            });
+}
+
+bool SongTable::Put(const SongRow& row)
+{
+    Place place = PlaceOf(row.id);
+    if (place == Nowhere) {
+        if (!m_ids.empty() && row.id < m_ids.back())
+            return false;
+        place = Places();
+        m_ids.push_back(row.id);
+        m_rows.push_back(nullptr);
+    }
+    Remove(row.id);
+    const SongRow& kept = m_pile->rows.emplace_back(row);
+    m_byTitle.insert(PlaceInOrder(kept), place);
+    m_rows[place] = &kept;
+    return true;
+}
+
+void SongTable::Remove(qint64 id)
+{
+    const Place place = PlaceOf(id);
+    if (place == Nowhere || !m_rows[place])
+        return;
+    m_byCount.clear();
+    m_byTitle.erase(PlaceInOrder(*m_rows[place]));
+    m_rows[place] = nullptr;
+}
+
+const std::vector<SongTable::Place>& SongTable::InOrder(bool mostPlayedFirst)
+{
+    if (!mostPlayedFirst)
+        return m_byTitle;
+    if (m_byCount.size() != m_byTitle.size()) {
+        m_byCount = m_byTitle;
+        // No count is the lowest one.
+        std::stable_sort(m_byCount.begin(), m_byCount.end(),
+                         [this](Place a, Place b) { return m_rows[b]->count < m_rows[a]->count; });
+    }
+    return m_byCount;
+}
+
+std::size_t SongTable::Size() const noexcept
+{
+    return m_pile->Size() + m_rows.size() * (sizeof(SongRow*) + sizeof(qint64) + 2 * sizeof(Place));
+}

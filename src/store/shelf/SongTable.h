@@ -1,0 +1,64 @@
+#pragma once
+
+#include "store/shelf/SongRow.h"
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+/// All songs in the order of their IDs, each at a place of its own that it keeps, and the two
+/// orders that searches show them in.
+class SongTable
+{
+public:
+    using Place = std::uint32_t;
+    static constexpr Place Nowhere = UINT32_MAX;
+
+    SongTable();
+
+    /// Where the texts of songs to be added are kept.
+    TextPool& Texts() { return m_pile->texts; }
+
+    /// Adds a song, in any order; Arrange() ends it.
+    void Add(const SongRow& row);
+    void Arrange();
+
+    /// Puts a song in the place of the one with its ID, or behind the last.
+    /// @return false for a new song that would not be the last; nothing is changed then
+    bool Put(const SongRow& row);
+
+    /// Takes a song out; its place stays empty.
+    void Remove(qint64 id);
+
+    /// @return how many places there are, empty ones included.
+    Place Places() const noexcept { return static_cast<Place>(m_rows.size()); }
+
+    /// @return the song, or nullptr at an empty place
+    const SongRow* At(Place place) const { return m_rows[place]; }
+
+    /// @return the ID of the song that is or was at a place.
+    qint64 IdAt(Place place) const { return m_ids[place]; }
+
+    Place PlaceOf(qint64 id) const;
+
+    /// @return the places of all songs ordered by title, or by play count first.
+    const std::vector<Place>& InOrder(bool mostPlayedFirst);
+
+    /// What results hold on to.
+    std::shared_ptr<const SongPile> Pile() const { return m_pile; }
+
+    /// @return bytes taken, about.
+    std::size_t Size() const noexcept;
+
+    /// @return true when songs that changed take more room than those that are.
+    bool IsWasteful() const noexcept { return m_pile->rows.size() > 2 * m_rows.size() + 1000; }
+
+private:
+    std::vector<Place>::iterator PlaceInOrder(const SongRow& row);
+
+    std::shared_ptr<SongPile> m_pile;
+    std::vector<const SongRow*> m_rows;
+    std::vector<qint64> m_ids;
+    std::vector<Place> m_byTitle;
+    std::vector<Place> m_byCount; ///< empty while nobody asked
+};

@@ -1,0 +1,213 @@
+#include "store/CatalogueSchema.h"
+#include "store/SearchText.h"
+#include "store/dialect/Dialect.h"
+#include "store/shelf/SongShelf.h"
+#include "store/sqlite/SqlFunctions.h"
+#include "store/sqlite/StatementCache.h"
+#include "support/GeneratedSongs.h"
+#include "support/PlainSqlite.h"
+#include "support/TestCatalogue.h"
+
+#include <QTest>
+
+#include <algorithm>
+#include <sqlite3.h>
+
+/// What the songs in memory cost: how much they take, and when they are read.
+class tst_shelf : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void readsTheSongsOnce();
+    void readsNoSongTextForATitle();
+    void readsAChangedSongAlone();
+    void readsAllAfterManyChanges();
+    void readsLyricsInSlices();
+    void readsLyricsWhileNobodySearches();
+    void answersTitlesWithoutRoomForLyrics();
+    void answersNothingWithoutRoom();
+    void givesTheRoomOfManyChangesBack();
+
+private:
+    bool Answers(SongShelf& shelf, const SearchText& search = {});
+    int Runs(const QString& beginning) const;
+
+    static constexpr int Songs = 300;
+    TestCatalogue m_catalogue;
+    sqlite3* m_database = nullptr;
+    std::unique_ptr<StatementCache> m_statements;
+    QStringList m_run; ///< what SQLite was asked
+};
+
+void tst_shelf::initTestCase()
+{
+    SongGenerator generator(7);
+    PlainSqlite database(m_catalogue.Path());
+    for (int i = 0; i < Songs; ++i) {
+        const GeneratedSong song = generator.Next();
+        database.Rows(
+            u"INSERT INTO MUSICA (TITULO, MUSICA, CATEGORIA, CONTADOR) VALUES (?, ?, 1, 0)"_qs,
+            {song.title, song.text});
+        database.Rows(u"INSERT INTO TEMA_MUSICA VALUES (?, 1)"_qs, {database.LastId()});
+    }
+}
+
+void tst_shelf::init()
+{
+    QCOMPARE(sqlite3_open(m_catalogue.Path().toUtf8().constData(), &m_database), SQLITE_OK);
+    SqlFunctions::AddAll(m_database);
+    m_statements = std::make_unique<StatementCache>(m_database);
+    // Nothing is lost that a test would miss.
+    sqlite3_exec(m_database, "PRAGMA synchronous = OFF", nullptr, nullptr, nullptr);
+    const auto note = [](unsigned, void* test, void*, void* sql) {
+        static_cast<tst_shelf*>(test)->m_run.append(QString::fromUtf8(static_cast<char*>(sql)));
+        return 0;
+    };
+    sqlite3_trace_v2(m_database, SQLITE_TRACE_STMT, note, this);
+    m_run.clear();
+}
+
+void tst_shelf::cleanup()
+{
+    m_statements.reset();
+    sqlite3_close(m_database);
+}
+
+bool tst_shelf::Answers(SongShelf& shelf, const SearchText& search)
+{
+    static const Schema schema = CatalogueSchema();
+    const auto rows = shelf.Answer(*SongSearch::Recognise(ReadStatement(search.Sql(), schema)));
+    return rows && Recordset(rows).RecordCount() == Songs;
+}
+
+int tst_shelf::Runs(const QString& beginning) const
+{
+    return int(std::count_if(m_run.begin(), m_run.end(),
+                             [&](const QString& sql) { return sql.startsWith(beginning); }));
+}
+
+namespace {
+
+const QString AllSongs = u"SELECT rowid, ID, CATEGORIA, CONTADOR, TITULO, REFERENCIA, TOM, "
+                         "VARIACAO FROM MUSICA WHERE typeof"_qs;
+const QString OneSong = u"SELECT rowid, ID, CATEGORIA, CONTADOR, TITULO, REFERENCIA, TOM, "
+                        "VARIACAO FROM MUSICA WHERE rowid"_qs;
+const QString Lyrics = u"SELECT rowid, MUSICA FROM MUSICA"_qs;
+
+} // namespace
+
+void tst_shelf::readsTheSongsOnce()
+{
+    SongShelf shelf(m_database, *m_statements);
+    QCOMPARE(Runs(AllSongs), 0);
+    for (int i = 0; i < 3; ++i)
+        QVERIFY(Answers(shelf));
+    QVERIFY(Answers(shelf, {.lyrics = u"a"_qs}));
+    QCOMPARE(Runs(AllSongs), 1);
+    QCOMPARE(Runs(Lyrics), 1);
+}
+
+void tst_shelf::readsNoSongTextForATitle()
+{
+    SongShelf shelf(m_database, *m_statements);
+    QVERIFY(Answers(shelf));
+    QCOMPARE(Runs(Lyrics), 0);
+    Statement plan(m_database, "EXPLAIN QUERY PLAN " + m_run.at(2).toUtf8());
+    QVERIFY(plan.Step());
+    QCOMPARE(plan.Text(3), "SCAN MUSICA USING COVERING INDEX MUSICA_LISTAGEM");
+}
+
+void tst_shelf::readsAChangedSongAlone()
+{
+    SongShelf shelf(m_database, *m_statements);
+    QVERIFY(Answers(shelf, {.lyrics = u"a"_qs}));
+    m_run.clear();
+    const std::size_t size = shelf.Size();
+    for (int i = 0; i < 3; ++i) {
+        sqlite3_exec(m_database, "UPDATE MUSICA SET CONTADOR = CONTADOR + 1 WHERE ID = 5", nullptr,
+                     nullptr, nullptr);
+        QVERIFY(Answers(shelf, {.lyrics = u"a"_qs}));
+    }
+    QCOMPARE(Runs(OneSong), 3);
+    QCOMPARE(Runs(AllSongs), 0);
+    QCOMPARE(Runs(Lyrics), 0);
+    QVERIFY(shelf.Size() < size + 4096);
+}
+
+void tst_shelf::readsAllAfterManyChanges()
+{
+    SongShelf shelf(m_database, *m_statements);
+    QVERIFY(Answers(shelf));
+    for (int i = 0; i < 10; ++i)
+        sqlite3_exec(m_database, "UPDATE MUSICA SET CONTADOR = CONTADOR + 1", nullptr, nullptr,
+                     nullptr);
+    m_run.clear();
+    QVERIFY(Answers(shelf));
+    QCOMPARE(Runs(AllSongs), 1);
+    QCOMPARE(Runs(OneSong), 0);
+}
+
+void tst_shelf::readsLyricsInSlices()
+{
+    SongShelf shelf(m_database, *m_statements);
+    QVERIFY(!shelf.ReadAhead(0)); // nothing is known yet
+    QVERIFY(Answers(shelf));
+    QVERIFY(shelf.ReadAhead(0)); // a slice without time reads nothing, and more is left
+    int slices = 1;
+    while (shelf.ReadAhead(1))
+        ++slices;
+    m_run.clear();
+    QVERIFY(Answers(shelf, {.lyrics = u"a"_qs}));
+    QCOMPARE(Runs(Lyrics), 0);
+}
+
+void tst_shelf::readsLyricsWhileNobodySearches()
+{
+    SongShelf shelf(m_database, *m_statements);
+    QVERIFY(Answers(shelf));
+    const std::size_t size = shelf.Size();
+    QTRY_VERIFY(shelf.Size() > size + std::size_t{Songs} * 1500);
+}
+
+void tst_shelf::answersTitlesWithoutRoomForLyrics()
+{
+    constexpr std::size_t room = 250 * 1024; // titles take a third of it, lyrics twice as much
+    SongShelf shelf(m_database, *m_statements, room);
+    QVERIFY(Answers(shelf));
+    QVERIFY(!Answers(shelf, {.lyrics = u"a"_qs}));
+    QVERIFY(shelf.Size() <= room);
+    QVERIFY(Answers(shelf));
+    QVERIFY(!shelf.ReadAhead(1000));
+    QVERIFY(shelf.Size() <= room);
+}
+
+void tst_shelf::answersNothingWithoutRoom()
+{
+    SongShelf shelf(m_database, *m_statements, 20 * 1024);
+    QVERIFY(!Answers(shelf));
+    m_run.clear();
+    QVERIFY(!Answers(shelf));
+    QCOMPARE(Runs(AllSongs), 0);
+    QVERIFY(shelf.Size() <= 20 * 1024);
+}
+
+void tst_shelf::givesTheRoomOfManyChangesBack()
+{
+    SongShelf shelf(m_database, *m_statements);
+    QVERIFY(Answers(shelf));
+    const std::size_t size = shelf.Size();
+    for (int i = 0; i < 3000; ++i) {
+        sqlite3_exec(m_database, "UPDATE MUSICA SET CONTADOR = 0 WHERE ID = 5", nullptr, nullptr,
+                     nullptr);
+        if (i % 100 == 0)
+            QVERIFY(Answers(shelf));
+    }
+    QVERIFY(shelf.Size() < 4 * size);
+}
+
+QTEST_GUILESS_MAIN(tst_shelf)
+#include "tst_shelf.moc"
