@@ -32,29 +32,6 @@ private:
     std::function<void()> m_faz;
 };
 
-/// Writes down how many rows a list had each time that it was painted.
-class Pinturas : public QObject
-{
-public:
-    explicit Pinturas(const ListaMusicas& lista)
-        : m_lista(lista)
-    {
-        lista.viewport()->installEventFilter(this);
-    }
-
-    bool eventFilter(QObject* /*objeto*/, QEvent* evento) override
-    {
-        if (evento->type() == QEvent::Paint)
-            linhas.append(m_lista.ListCount());
-        return false;
-    }
-
-    QList<int> linhas;
-
-private:
-    const ListaMusicas& m_lista;
-};
-
 } // namespace
 
 class tst_pesquisa : public PesquisaTeste
@@ -87,7 +64,6 @@ private slots:
     void doubleClickEmptiesTheBoxAndSearches();
     void keyboardImagesNameTheirBox();
     void statusSaysWaitWhileSearching();
-    void listKeepsItsLastPictureWhileSearching();
     void overtakenSearchStops_data();
     void overtakenSearchStops();
     void failingSearchIsTold();
@@ -452,43 +428,6 @@ void tst_pesquisa::statusSaysWaitWhileSearching()
     QCOMPARE(durante, u"Aguarde..."_qs);
     QCOMPARE(linhas, 0);
     QCOMPARE(Contagem(), u"1 Registro(s) Encontrado(s)."_qs);
-}
-
-void tst_pesquisa::listKeepsItsLastPictureWhileSearching()
-{
-    for (const QString& titulo : {u"Aboio"_qs, u"Bossa"_qs, u"Baque"_qs})
-        Musica(titulo);
-    Carrega();
-    QTest::qWait(50); // whatever is to be painted first
-    Pinturas pinturas(*m_lista);
-    m_lista->viewport()->update();
-    QTRY_COMPARE(pinturas.linhas, QList<int>{3}); // paintings are seen here
-    pinturas.linhas.clear();
-
-    const QList<const QWidget*> quietos{m_lista, Acha<QWidget>("lblResultado"),
-                                        Acha<QWidget>("Label3")};
-    const auto lugares = [&quietos] {
-        QList<QRect> retangulos;
-        for (const QWidget* controle : quietos)
-            retangulos.append(controle->geometry());
-        return retangulos;
-    };
-    const QList<QRect> antes = lugares();
-    QList<QRect> durante;
-    Funcoes::Conexao.SetStatementHook([&](const QString& sql) {
-        if (!sql.startsWith(u"SELECT DISTINCT"))
-            return;
-        QTest::qWait(100); // a slow search: time enough for a painting and a new layout
-        durante = lugares();
-        QCOMPARE(pinturas.linhas, QList<int>());
-    });
-    Clica_Letra(1);
-    Funcoes::Conexao.SetStatementHook({});
-    QCOMPARE(durante, antes);
-    QTRY_VERIFY(!pinturas.linhas.isEmpty());
-    QVERIFY(!pinturas.linhas.contains(0));
-    QCOMPARE(pinturas.linhas.last(), 2);
-    QCOMPARE(lugares(), antes);
 }
 
 void tst_pesquisa::overtakenSearchStops_data()

@@ -26,7 +26,6 @@ private slots:
     void cleanup();
 
     void loadingLaysTheFormOut();
-    void keyboardIsHiddenOverThePanels();
     void loadingRunsItsStepsInOrder();
     void anErrorInTheImportLeavesALoadedForm();
     void menuEntriesStandInThisOrder();
@@ -47,13 +46,6 @@ private slots:
     void frameCloseAsksNothing();
     void closingStopsTheClock();
     void viewersOutliveTheForm();
-    void clickOnABackgroundHidesTheKeyboard_data();
-    void clickOnABackgroundHidesTheKeyboard();
-    void clickBetweenTheFiltersHidesTheKeyboard();
-    void clickBesideTheBackgroundKeepsTheKeyboard_data();
-    void clickBesideTheBackgroundKeepsTheKeyboard();
-    void pressThatLeavesTheBackgroundKeepsTheKeyboard_data();
-    void pressThatLeavesTheBackgroundKeepsTheKeyboard();
     void timerIsOneShotOf200Ms();
     void msgShowsItsArgument();
     void abrirAsksAndOpens();
@@ -153,23 +145,6 @@ void tst_principal::loadingLaysTheFormOut()
     const QPoint topo = Painel(0)->mapTo(m_form.get(), QPoint(0, 0));
     QCOMPARE(topo, QPoint(0, barra->geometry().bottom() + 1)); // 8 twips are half a pixel
     QCOMPARE(Painel(0)->width(), m_form->width());
-}
-
-void tst_principal::keyboardIsHiddenOverThePanels()
-{
-    auto* teclado = m_form->Acha<QWidget>("pctTeclado");
-    QVERIFY(teclado->isHidden());
-    QCOMPARE(teclado->parentWidget(), Painel(0)->parentWidget());
-    // Shown, it lies over whichever panel is.
-    teclado->setGeometry(40, 40, 200, 80);
-    teclado->show();
-    for (const char* menu : {"mnuPesquisa", "mnuLista", "mnuCadastro"}) {
-        Dispara(menu);
-        QCOMPARE(teclado->parentWidget()->childAt(teclado->geometry().center()), teclado);
-    }
-    Funcoes::Conexao.Close();
-    m_form->Form_Load(QString());
-    QVERIFY(teclado->isHidden());
 }
 
 void tst_principal::loadingRunsItsStepsInOrder()
@@ -439,80 +414,6 @@ void tst_principal::viewersOutliveTheForm()
     m_form.reset();
     QCOMPARE(Visualizadores().size(), 1);
     QVERIFY(Visualizadores().first()->isVisible());
-}
-
-void tst_principal::clickOnABackgroundHidesTheKeyboard_data()
-{
-    QTest::addColumn<QByteArray>("menu");
-    QTest::addColumn<int>("painel");
-    QTest::newRow("search") << QByteArray("mnuPesquisa") << 0;
-    QTest::newRow("setlists") << QByteArray("mnuLista") << 1;
-    QTest::newRow("song entry") << QByteArray("mnuCadastro") << 2;
-}
-
-void tst_principal::clickOnABackgroundHidesTheKeyboard()
-{
-    QFETCH(QByteArray, menu);
-    QFETCH(int, painel);
-    Dispara(menu.constData());
-    m_form->chamadas.clear();
-    QTest::mouseClick(Painel(painel), Qt::LeftButton, {}, QPoint(4, 4));
-    QCOMPARE(m_form->chamadas, QStringList(u"Oculta_Teclado"_qs));
-}
-
-void tst_principal::clickBetweenTheFiltersHidesTheKeyboard()
-{
-    QTest::mouseClick(m_form->Acha<QWidget>("fraFiltro"), Qt::LeftButton, {}, QPoint(6, 6));
-    QCOMPARE(m_form->chamadas, QStringList(u"Oculta_Teclado"_qs));
-}
-
-void tst_principal::clickBesideTheBackgroundKeepsTheKeyboard_data()
-{
-    QTest::addColumn<QByteArray>("menu");
-    QTest::addColumn<int>("painel");
-    QTest::addColumn<QByteArray>("controle");
-    for (const char* rotulo : {"lblTitulo", "lblTema", "Label3", "lblResultado", "fraAlfa"})
-        QTest::newRow(rotulo) << QByteArray("mnuPesquisa") << 0 << QByteArray(rotulo);
-    QTest::newRow("a label of the setlists")
-        << QByteArray("mnuLista") << 1 << QByteArray("lblEmBreve");
-    QTest::newRow("a label of the song entry")
-        << QByteArray("mnuCadastro") << 2 << QByteArray("lblEmBreve");
-}
-
-void tst_principal::clickBesideTheBackgroundKeepsTheKeyboard()
-{
-    QFETCH(QByteArray, menu);
-    QFETCH(int, painel);
-    QFETCH(QByteArray, controle);
-    Dispara(menu.constData());
-    m_form->chamadas.clear();
-    auto* alvo = Painel(painel)->findChild<QWidget*>(QString::fromLatin1(controle));
-    QVERIFY(alvo && alvo->isVisible());
-    QTest::mouseClick(alvo, Qt::LeftButton, {}, QPoint(1, 1));
-    QCOMPARE(m_form->chamadas, QStringList());
-}
-
-void tst_principal::pressThatLeavesTheBackgroundKeepsTheKeyboard_data()
-{
-    QTest::addColumn<QPoint>("antes");
-    QTest::addColumn<QPoint>("depois");
-    const QPoint fundo(4, 4);
-    QTest::newRow("out of the panel") << fundo << QPoint(4, -20);
-    QTest::newRow("onto a label") << fundo << QPoint();
-    QTest::newRow("from a label") << QPoint() << fundo;
-}
-
-void tst_principal::pressThatLeavesTheBackgroundKeepsTheKeyboard()
-{
-    QFETCH(QPoint, antes);
-    QFETCH(QPoint, depois);
-    const auto* rotulo = m_form->Acha<QWidget>("lblTitulo");
-    const auto lugar = [&](const QPoint& ponto) {
-        return ponto.isNull() ? rotulo->mapTo(Painel(0), rotulo->rect().center()) : ponto;
-    };
-    QTest::mousePress(Painel(0), Qt::LeftButton, {}, lugar(antes));
-    QTest::mouseRelease(Painel(0), Qt::LeftButton, {}, lugar(depois));
-    QCOMPARE(m_form->chamadas, QStringList());
 }
 
 void tst_principal::timerIsOneShotOf200Ms()
