@@ -64,7 +64,7 @@ void Register(const QString& sheet, const QString& rendered)
 
 } // namespace
 
-void BenchChords(const Scale& scale, Table& table)
+void BenchChords(const Scale& scale, ResultTable& table)
 {
     LoadUsualNotes();
     const QString sheet = Sheet(scale.sheetLines);

@@ -70,7 +70,7 @@ private:
 };
 
 void MeasureSearch(const Search& search, const Scale& scale, const GeneratedCatalogue& catalogue,
-                   const MainForm& form, Table& table)
+                   const MainForm& form, ResultTable& table)
 {
     PaintCounter painted(*form.List().viewport());
     const auto search_ours = [&] {
@@ -110,7 +110,7 @@ void MeasureSearch(const Search& search, const Scale& scale, const GeneratedCata
 }
 
 void MeasureFill(const Scale& scale, const GeneratedCatalogue& catalogue, const MainForm& form,
-                 Table& table)
+                 ResultTable& table)
 {
     const QString sql = Monta_SQL_Pesquisa({});
     const QString work = u"%1 rows filled and painted"_qs.arg(scale.songs);
@@ -137,20 +137,20 @@ void MeasureFill(const Scale& scale, const GeneratedCatalogue& catalogue, const 
     search.Run(sql, naive.Widget());
     PaintCounter::Settle();
     const auto theirs = static_cast<double>(Memory::Held() - empty);
-    table.AddText(u"memory of the list, a row"_qs, Table::Bytes(ours / scale.songs),
-                  u"naive: "_qs + Table::Bytes(theirs / scale.songs), ours / theirs);
+    table.AddText(u"memory of the list, a row"_qs, ResultTable::Bytes(ours / scale.songs),
+                  u"naive: "_qs + ResultTable::Bytes(theirs / scale.songs), ours / theirs);
 }
 
 } // namespace
 
-void BenchFill(const Scale& scale, Table& table)
+void BenchFill(const Scale& scale, ResultTable& table)
 {
     const GeneratedCatalogue catalogue(scale.songs);
     const MainForm form(catalogue);
     MeasureFill(scale, catalogue, form, table);
 }
 
-void BenchSearch(const Scale& scale, Table& table)
+void BenchSearch(const Scale& scale, ResultTable& table)
 {
     const GeneratedCatalogue catalogue(scale.songs);
     const MainForm form(catalogue);

@@ -86,7 +86,7 @@ private:
 
 } // namespace
 
-void BenchStart(const Scale& scale, Table& table)
+void BenchStart(const Scale& scale, ResultTable& table)
 {
     const GeneratedCatalogue catalogue(scale.songs);
     const Installed installed(catalogue);
@@ -115,7 +115,8 @@ void BenchStart(const Scale& scale, Table& table)
     const Nanoseconds allowed = 1.5 * Median(empty) + 3 * Median(repaint);
     table.Add(u"start to first list, %1"_qs.arg(scale.Songs()), Median(list),
               u"1.5 empty windows and 3 repaints"_qs, allowed, {Aim::AtMost, 1});
-    table.AddText(u"memory at its peak, %1"_qs.arg(scale.Songs()), Table::Bytes(Median(memory)),
-                  u"empty window: "_qs + Table::Bytes(Median(emptyMemory)),
+    table.AddText(u"memory at its peak, %1"_qs.arg(scale.Songs()),
+                  ResultTable::Bytes(Median(memory)),
+                  u"empty window: "_qs + ResultTable::Bytes(Median(emptyMemory)),
                   Median(memory) / Median(emptyMemory), {Aim::AtMost, 1.5});
 }

@@ -87,7 +87,7 @@ QList<int> Typed()
 
 } // namespace
 
-void BenchTyping(const Scale& scale, Table& table)
+void BenchTyping(const Scale& scale, ResultTable& table)
 {
     const GeneratedCatalogue catalogue(scale.songs);
     const MainForm form(catalogue);

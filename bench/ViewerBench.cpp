@@ -19,7 +19,7 @@ namespace {
 constexpr int Rounds = 25;
 
 void MeasureSheet(int lines, double repaints, double naiveTimes, const Scale& scale,
-                  const TestCatalogue& catalogue, Table& table)
+                  const TestCatalogue& catalogue, ResultTable& table)
 {
     TestSong song;
     song.text2 = Sheet(lines); // the version that a viewer shows first
@@ -61,7 +61,7 @@ void MeasureSheet(int lines, double repaints, double naiveTimes, const Scale& sc
 
 } // namespace
 
-void BenchViewer(const Scale& scale, Table& table)
+void BenchViewer(const Scale& scale, ResultTable& table)
 {
     const TestCatalogue catalogue;
     Funcoes::Conexao.Open(catalogue.ConnectionString());

@@ -15,7 +15,7 @@ namespace {
 struct Bench
 {
     const char16_t* name;
-    void (*run)(const Scale&, Table&);
+    void (*run)(const Scale&, ResultTable&);
 };
 
 constexpr std::array<Bench, 6> Benches{{
@@ -54,7 +54,7 @@ int main(int argc, char* argv[])
 
     QTextStream out(stdout);
     QTextStream progress(stderr);
-    Table table;
+    ResultTable table;
     for (const Bench& bench : Benches) {
         const QString name = QString::fromUtf16(bench.name);
         if (!names.isEmpty() && !names.contains(name))

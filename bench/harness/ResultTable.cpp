@@ -1,4 +1,4 @@
-#include "harness/Table.h"
+#include "harness/ResultTable.h"
 
 #include <QStringList>
 
@@ -23,25 +23,25 @@ QString Scaled(double value, double step, std::initializer_list<const char16_t*>
 
 } // namespace
 
-QString Table::Time(double nanoseconds)
+QString ResultTable::Time(double nanoseconds)
 {
     return Scaled(nanoseconds, 1000, {u"ns", u"µs", u"ms", u"s"});
 }
 
-QString Table::Bytes(double bytes)
+QString ResultTable::Bytes(double bytes)
 {
     return Scaled(bytes, 1024, {u"B", u"KiB", u"MiB", u"GiB"});
 }
 
-void Table::Add(const QString& work, double measured, const QString& against, double reference,
-                Aim aim)
+void ResultTable::Add(const QString& work, double measured, const QString& against,
+                      double reference, Aim aim)
 {
     const double ratio = aim.kind == Aim::AtLeast ? reference / measured : measured / reference;
     AddText(work, Time(measured), against + u": " + Time(reference), ratio, aim);
 }
 
-void Table::AddText(const QString& work, const QString& measured, const QString& against,
-                    double ratio, Aim aim)
+void ResultTable::AddText(const QString& work, const QString& measured, const QString& against,
+                          double ratio, Aim aim)
 {
     QString wanted;
     QString reached;
@@ -53,7 +53,7 @@ void Table::AddText(const QString& work, const QString& measured, const QString&
     m_rows.append({{work, measured, against, Number(ratio), wanted, reached}});
 }
 
-QString Table::ToText() const
+QString ResultTable::ToText() const
 {
     const QStringList head{u"work"_qs,  u"measured"_qs, u"reference"_qs,
                            u"ratio"_qs, u"aim"_qs,      u"ok?"_qs};

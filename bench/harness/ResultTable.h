@@ -14,7 +14,7 @@ struct Aim
 };
 
 /// The one table that the benchmarks print.
-class Table
+class ResultTable
 {
 public:
     /// @param work       what was done
