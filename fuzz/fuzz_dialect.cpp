@@ -453,6 +453,9 @@ void MatchPattern(Input& input)
     const bool expected = PlainLike(pattern).Matches(text);
     Same("LIKE", expected, like.Matches(text));
     Same("LIKE with bases at hand", expected, like.Matches(text, Fold::Bases(text)));
+    std::vector<Fold::Accented> accented;
+    Fold::AppendAccented(accented, text);
+    Same("LIKE without the text", expected, like.Matches(Fold::Bases(text), accented));
 }
 
 } // namespace

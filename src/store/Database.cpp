@@ -183,11 +183,25 @@ Recordset Connection::Database::Execute(const QString& sql)
             return Recordset(std::move(songs));
     }
     const Translation translation = Writer::Write(statement, Writer::Compared::Bound);
+    if (translation.isQuery)
+        return Run(translation);
+    const bool begins = !InBatch();
     // Immediate: a batch that cannot write fails before anything of it has run.
-    if (!translation.isQuery && !InBatch())
+    if (begins)
         RunKept("BEGIN IMMEDIATE");
-    if (!translation.isQuery)
-        m_shelf->BeforeChange(statement);
+    m_shelf->BeforeChange(statement);
+    try {
+        return Run(translation);
+    } catch (const RuntimeError&) {
+        // Nothing is left to commit: not even an empty page into a file that was emptied meanwhile.
+        if (begins)
+            Undo();
+        throw;
+    }
+}
+
+Recordset Connection::Database::Run(const Translation& translation)
+{
     if (translation.cacheable)
         return Run(m_statements->Get(translation.sql), translation);
     Statement once(m_handle.get(), translation.sql);
@@ -214,8 +228,14 @@ void Connection::Database::Commit()
     } catch (const RuntimeError& error) {
         if (!InBatch())
             throw; // SQLite has undone the batch itself, and the error says so
-        sqlite3_exec(m_handle.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+        Undo();
         throw RuntimeError(error.Number(), error.WhatFailed() + QStringView(Failure::Undone),
                            error.Description());
     }
+}
+
+void Connection::Database::Undo() noexcept
+{
+    if (InBatch())
+        sqlite3_exec(m_handle.get(), "ROLLBACK", nullptr, nullptr, nullptr);
 }

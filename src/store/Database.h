@@ -38,6 +38,8 @@ private:
     qint64 SchemaVersion();
     bool InBatch() const;
     void RunKept(const QByteArray& sql);
+    void Undo() noexcept;
+    Recordset Run(const Translation& translation);
     Recordset Run(Statement& statement, const Translation& translation);
 
     std::unique_ptr<sqlite3, CloseHandle> m_handle;

@@ -22,6 +22,7 @@ private slots:
     void initTestCase();
     void staysAnswerable_data();
     void staysAnswerable();
+    void writesNothingIntoAnEmptiedFile();
     void survivesAJournalThatIsNone();
     void cleanupTestCase();
 
@@ -304,6 +305,19 @@ void tst_damaged_catalogue::CheckChange(Connection& connection, bool sound)
     // Both or neither.
     for (const QStringList& row : rows.value_or(QList<QStringList>()))
         QCOMPARE(row[0], row[1]);
+}
+
+/// A change that fails leaves not even the first page of a new database behind.
+void tst_damaged_catalogue::writesNothingIntoAnEmptiedFile()
+{
+    Overwrite(m_catalogue.Path(), m_content);
+    Connection connection;
+    connection.Open(m_catalogue.ConnectionString());
+    Overwrite(m_catalogue.Path(), QByteArray());
+    QVERIFY(!Succeeds([&] { connection.Execute(u"DELETE FROM MUSICA WHERE ID = 03"_qs); }));
+    connection.CommitBatch();
+    connection.Close();
+    QCOMPARE(Content(m_catalogue.Path()), QByteArray());
 }
 
 /// A journal left by nobody says nothing about the catalogue.
