@@ -188,7 +188,7 @@ QString ModeloMusicas::Le_Temas(int posicao) const
     if (lidos != m_temas.end())
         return lidos->second;
     // Where the reading fails, the text stays empty and is not asked for again until the next fill.
-    const QString temas = Tenta([&] { return m_leitor(m_fonte->Id(posicao)); });
+    QString temas = Tenta([&] { return m_leitor(m_fonte->Id(posicao)); });
     m_temas.emplace(posicao, temas);
     return temas;
 }
