@@ -89,5 +89,5 @@ const std::vector<SongTable::Place>& SongTable::InOrder(bool mostPlayedFirst)
 
 std::size_t SongTable::Size() const noexcept
 {
-    return m_pile->Size() + m_rows.size() * (sizeof(SongRow*) + sizeof(qint64) + 2 * sizeof(Place));
+    return m_pile->Size() + m_rows.size() * (sizeof(void*) + sizeof(qint64) + 2 * sizeof(Place));
 }
