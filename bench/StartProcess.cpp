@@ -38,7 +38,7 @@ protected:
         if (event->type() != QEvent::Paint || !widget || m_inside)
             return false;
         if (widget->window()->objectName() == u"frmSplash" && widget->isWindow() && !m_splash)
-            AfterPainting([this, widget] { SplashPainted(*widget); }, m_splash);
+            AfterPainting([widget] { SplashPainted(*widget); }, m_splash);
         else if (auto* list = qobject_cast<ListaMusicas*>(widget->parentWidget());
                  list && widget == list->viewport() && list->ListCount() > 0 && !m_list)
             AfterPainting([this, list] { ListPainted(*list); }, m_list);
