@@ -6,7 +6,11 @@
 
 namespace {
 
-QString WaitFor(const std::function<QString()>& look)
+/// How often the server and the manager are started, and how long each start may take, in ms.
+constexpr int Attempts = 3;
+constexpr int StartMs = 20000;
+
+QString WaitFor(const std::function<QString()>& look, int ms = VirtualScreen::Patience)
 {
     QString found;
     (void)QTest::qWaitFor(
@@ -14,7 +18,7 @@ QString WaitFor(const std::function<QString()>& look)
             found = look();
             return !found.isEmpty();
         },
-        VirtualScreen::Patience);
+        ms);
     return found;
 }
 
@@ -23,38 +27,70 @@ QString WaitFor(const std::function<QString()>& look)
 VirtualScreen::VirtualScreen()
     : m_environment(QProcessEnvironment::systemEnvironment())
 {
-    m_server.start(u"Xvfb"_qs, {u"-displayfd"_qs, u"1"_qs, u"-screen"_qs, u"0"_qs,
-                                u"1366x768x24"_qs, u"-ac"_qs, u"-nolisten"_qs, u"tcp"_qs});
-    if (!m_server.waitForReadyRead(Patience)) {
-        m_error = u"Xvfb: "_qs + m_server.errorString();
-        return;
-    }
-    const QByteArray number = m_server.readLine().trimmed();
-    m_environment.insert(u"DISPLAY"_qs, u":"_qs + QString::fromLatin1(number));
     m_environment.insert(u"QT_QPA_PLATFORM"_qs, u"xcb"_qs);
     m_environment.remove(u"WAYLAND_DISPLAY"_qs);
     // This screen has no desktop around it, so no message bus either: one that the toolkit would
     // start for it stays behind.
     m_environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_qs, u"disabled:"_qs);
     m_environment.insert(u"DBUS_SYSTEM_BUS_ADDRESS"_qs, u"disabled:"_qs);
-    m_manager.setProcessEnvironment(m_environment);
-    m_manager.setStandardErrorFile(QProcess::nullDevice());
-    m_manager.start(u"openbox"_qs, QStringList());
-    if (!m_manager.waitForStarted(Patience)) {
-        m_error = u"openbox: "_qs + m_manager.errorString();
-        return;
+    for (int attempt = 0; attempt < Attempts; ++attempt) {
+        if (StartServer() && StartManager()) {
+            m_error.clear();
+            return;
+        }
+        StopBoth();
     }
-    // The desktop's name is there as soon as the manager manages.
-    if (WaitFor([this] { return Xdotool({u"get_desktop"_qs}); }).isEmpty())
-        m_error = u"xdotool: the window manager does not answer"_qs;
 }
 
 VirtualScreen::~VirtualScreen()
 {
-    m_manager.terminate();
-    m_manager.waitForFinished();
-    m_server.terminate();
-    m_server.waitForFinished();
+    StopBoth();
+}
+
+bool VirtualScreen::StartServer()
+{
+    // A server that may reset does so when its only client leaves, and takes along whoever is just
+    // coming: the first look for the manager would end the manager.
+    m_server.start(u"Xvfb"_qs,
+                   {u"-displayfd"_qs, u"1"_qs, u"-screen"_qs, u"0"_qs, u"1366x768x24"_qs, u"-ac"_qs,
+                    u"-noreset"_qs, u"-nolisten"_qs, u"tcp"_qs});
+    if (!m_server.waitForReadyRead(StartMs)) {
+        m_error += u"Xvfb: "_qs + m_server.errorString() + u'\n';
+        return false;
+    }
+    const QByteArray number = m_server.readLine().trimmed();
+    m_environment.insert(u"DISPLAY"_qs, u":"_qs + QString::fromLatin1(number));
+    return true;
+}
+
+bool VirtualScreen::StartManager()
+{
+    m_manager.setProcessEnvironment(m_environment);
+    m_manager.setProcessChannelMode(QProcess::MergedChannels);
+    m_manager.start(u"openbox"_qs, QStringList());
+    // The desktop's name is there as soon as the manager manages.
+    if (m_manager.waitForStarted(StartMs) &&
+        !WaitFor([this] { return Xdotool({u"get_desktop"_qs}); }, StartMs).isEmpty()) {
+        return true;
+    }
+    m_error += u"openbox on "_qs + m_environment.value(u"DISPLAY"_qs) +
+               (m_manager.state() == QProcess::Running ? u" runs but does not answer: "_qs
+                                                       : u" has ended: "_qs) +
+               QString::fromLocal8Bit(m_manager.readAll()) + u'\n';
+    return false;
+}
+
+void VirtualScreen::StopBoth()
+{
+    for (QProcess* process : {&m_manager, &m_server}) {
+        if (process->state() == QProcess::NotRunning)
+            continue;
+        process->terminate();
+        if (!process->waitForFinished(StartMs)) {
+            process->kill();
+            process->waitForFinished();
+        }
+    }
 }
 
 QString VirtualScreen::Xdotool(const QStringList& arguments) const
@@ -62,7 +98,7 @@ QString VirtualScreen::Xdotool(const QStringList& arguments) const
     QProcess process;
     process.setProcessEnvironment(m_environment);
     process.start(u"xdotool"_qs, arguments);
-    if (!process.waitForFinished(Patience) || process.exitCode() != 0)
+    if (!process.waitForFinished(StartMs) || process.exitCode() != 0)
         return QString();
     return QString::fromUtf8(process.readAllStandardOutput()).trimmed();
 }

@@ -9,7 +9,8 @@
 class VirtualScreen
 {
 public:
-    /// Starts the server; ErrorText() tells when that failed.
+    /// Starts the server, a second and a third time when it or the manager does not come up;
+    /// ErrorText() tells when even that failed, and how.
     VirtualScreen();
     ~VirtualScreen();
     VirtualScreen(const VirtualScreen&) = delete;
@@ -42,6 +43,9 @@ public:
     static constexpr int Patience = 60000;
 
 private:
+    bool StartServer();
+    bool StartManager();
+    void StopBoth();
     QString Xdotool(const QStringList& arguments) const;
     QStringList Windows(const QString& title) const;
 
