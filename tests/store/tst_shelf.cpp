@@ -175,7 +175,8 @@ void tst_shelf::readsLyricsWhileNobodySearches()
 
 void tst_shelf::answersTitlesWithoutRoomForLyrics()
 {
-    constexpr std::size_t room = 250 * 1024; // titles take a third of it, lyrics twice as much
+    constexpr std::size_t room =
+        std::size_t{250} * 1024; // titles take a third of it, lyrics twice as much
     SongShelf shelf(m_database, *m_statements, room);
     QVERIFY(Answers(shelf));
     QVERIFY(!Answers(shelf, {.lyrics = u"a"_qs}));
@@ -187,12 +188,13 @@ void tst_shelf::answersTitlesWithoutRoomForLyrics()
 
 void tst_shelf::answersNothingWithoutRoom()
 {
-    SongShelf shelf(m_database, *m_statements, 20 * 1024);
+    constexpr std::size_t room = std::size_t{20} * 1024;
+    SongShelf shelf(m_database, *m_statements, room);
     QVERIFY(!Answers(shelf));
     m_run.clear();
     QVERIFY(!Answers(shelf));
     QCOMPARE(Runs(AllSongs), 0);
-    QVERIFY(shelf.Size() <= 20 * 1024);
+    QVERIFY(shelf.Size() <= room);
 }
 
 void tst_shelf::givesTheRoomOfManyChangesBack()

@@ -64,6 +64,11 @@ int Sign(int number)
     return (number > 0) - (number < 0);
 }
 
+std::string Joined(const std::string& a, const char* between, const std::string& b)
+{
+    return std::string(a).append(between).append(b);
+}
+
 } // namespace
 
 /// What is kept of texts says the same as the texts.
@@ -102,8 +107,8 @@ void tst_shelf_text::matchesTheTwoPartsAsTheText()
         Fold::AppendAccented(accented, text);
         const std::string bases = Fold::Bases(text);
         const bool expected = like.Matches(text);
-        QVERIFY2(like.Matches(bases, accented) == expected, (text + " LIKE " + part).c_str());
-        QVERIFY2(like.Matches(text, bases) == expected, (text + " LIKE " + part).c_str());
+        QVERIFY2(like.Matches(bases, accented) == expected, Joined(text, " LIKE ", part).c_str());
+        QVERIFY2(like.Matches(text, bases) == expected, Joined(text, " LIKE ", part).c_str());
         QVERIFY(!expected || like.MayMatch(bases));
         matches += expected ? 1 : 0;
     }
@@ -124,7 +129,7 @@ void tst_shelf_text::ordersByLettersAsTheCollationDoes()
             lettersA == lettersB)
             continue;
         QVERIFY2(Sign(lettersA.compare(lettersB)) == Sign(collation.CompareInIcu(a, b)),
-                 (a + " and " + b).c_str());
+                 Joined(a, " and ", b).c_str());
         ++decided;
     }
     QVERIFY(decided > 1000);
