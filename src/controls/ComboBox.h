@@ -42,6 +42,7 @@ signals:
     void Click();
 
 protected:
+    void initStyleOption(QStyleOptionComboBox* option) const override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 

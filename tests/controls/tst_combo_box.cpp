@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QSignalSpy>
+#include <QStyleOptionComboBox>
 #include <QTest>
 #include <QWheelEvent>
 
@@ -33,6 +34,7 @@ private slots:
     void a_handler_may_fill_the_box_anew();
     void it_is_a_drop_down_list_unless_editable();
     void items_carry_their_data_for_others();
+    void a_text_without_room_is_cut_in_the_drawing_only();
     void twenty_thousand_entries_are_cheap_to_fill_and_open();
 
 private:
@@ -230,6 +232,27 @@ void tst_combo_box::items_carry_their_data_for_others()
     QCOMPARE(m_box->itemText(1), u"B1"_s);
     QCOMPARE(m_box->itemData(1).toLongLong(), 101);
     QCOMPARE(m_box->ItemData(1), 101);
+}
+
+void tst_combo_box::a_text_without_room_is_cut_in_the_drawing_only()
+{
+    struct : ComboBox
+    {
+        using ComboBox::initStyleOption;
+    } box;
+    box.resize(120, 30);
+    const QString title(200, u'W');
+    box.AddItem(title);
+    box.AddItem(u"Luar"_s);
+    box.SetListIndex(0);
+    QStyleOptionComboBox option;
+    box.initStyleOption(&option);
+    QVERIFY(option.currentText.endsWith(u'…'));
+    QVERIFY(box.fontMetrics().horizontalAdvance(option.currentText) < 120);
+    QCOMPARE(box.currentText(), title);
+    box.SetListIndex(1);
+    box.initStyleOption(&option);
+    QCOMPARE(option.currentText, u"Luar"_s);
 }
 
 void tst_combo_box::twenty_thousand_entries_are_cheap_to_fill_and_open()
