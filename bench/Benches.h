@@ -10,4 +10,5 @@ void BenchSearch(const Scale& scale, ResultTable& table);
 void BenchTyping(const Scale& scale, ResultTable& table);
 void BenchChords(const Scale& scale, ResultTable& table);
 void BenchViewer(const Scale& scale, ResultTable& table);
+void BenchSongList(const Scale& scale, ResultTable& table);
 void BenchStart(const Scale& scale, ResultTable& table);

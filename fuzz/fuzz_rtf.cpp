@@ -8,9 +8,12 @@
 #include "chords/Notas.h"
 #include "controls/RtfReader.h"
 #include "controls/RtfWriter.h"
+#include "controls/StandIns.h"
 #include "runtime/Text.h"
 
 #include <QStringList>
+#include <QTextCursor>
+#include <QTextDocument>
 
 #include <algorithm>
 
@@ -121,8 +124,30 @@ QString Described(const Rtf::Document& document)
     return text;
 }
 
+/// Put into a text document run by run, as the display does, and read from there: whole, also where
+/// lines are cut or characters mean something to the text document.
+void ShowAndReadBack(const Rtf::Document& document)
+{
+    // Few enough that lines of any input are cut.
+    constexpr StandIns::Limits Few = {5, 2};
+    static QTextDocument shown;
+    shown.clear();
+    StandIns standIns(Few);
+    QTextCursor cursor(&shown);
+    QStringView rest = document.text;
+    for (const Rtf::Run& run : document.runs) {
+        QTextCharFormat look;
+        look.setFontWeight(run.format.bold ? QFont::Bold : QFont::Normal);
+        standIns.Insert(cursor, rest.first(run.length), look);
+        rest = rest.sliced(run.length);
+    }
+    QString lines = document.text;
+    Same("shown and read back", lines.replace(u"\n"_qs, u"\r\n"_qs), standIns.Text(shown));
+}
+
 void WriteAndReadBack(Rtf::Document document)
 {
+    ShowAndReadBack(document);
     for (const QChar special : u"\\{};\r\n"_qs)
         document.fontName.remove(special);
     document.fontName = document.fontName.trimmed().left(256).trimmed();

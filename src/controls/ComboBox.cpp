@@ -1,11 +1,14 @@
 #include "controls/ComboBox.h"
 
 #include "controls/ItemModel.h"
+#include "controls/LongTexts.h"
 
 #include <QKeyEvent>
 #include <QListView>
+#include <QStyleOptionComboBox>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -30,6 +33,7 @@ ComboBox::ComboBox(QWidget* parent)
     list->setTextElideMode(Qt::ElideRight);
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setView(list);
+    setItemDelegate(new LongTexts::Delegate(this));
     setModel(m_items);
 
     // A choice of another item is told by the first, a choice of the same one by the second only.
@@ -136,6 +140,18 @@ void ComboBox::EndFill()
 QString ComboBox::Text(int index) const
 {
     return m_items->Text(index);
+}
+
+/// What has no room in the box ends in an ellipsis instead of half a letter.
+void ComboBox::initStyleOption(QStyleOptionComboBox* option) const
+{
+    QComboBox::initStyleOption(option);
+    constexpr int Margin = 2; // pixels that styles leave beside the text
+    const QRect field =
+        style()->subControlRect(QStyle::CC_ComboBox, option, QStyle::SC_ComboBoxEditField, this);
+    option->currentText =
+        fontMetrics().elidedText(LongTexts::Beginning(option->currentText), Qt::ElideRight,
+                                 std::max(field.width() - Margin, 0));
 }
 
 void ComboBox::showPopup()

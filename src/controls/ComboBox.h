@@ -9,7 +9,8 @@
 class ItemModel;
 
 /// A combo box with a number beside each item, a drop-down list unless made editable. It costs
-/// nothing per entry until it is opened. Indices count from 0, -1 means none; an index without an
+/// nothing per entry until it is opened, and little then; a style sheet of the box's own must say
+/// `combobox-popup: 0` for that. Indices count from 0, -1 means none; an index without an
 /// item is error 381 (RuntimeError InvalidIndex).
 class ComboBox : public QComboBox, public ListControl
 {
@@ -41,6 +42,7 @@ signals:
     void Click();
 
 protected:
+    void initStyleOption(QStyleOptionComboBox* option) const override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 

@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QFontDatabase>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QPalette>
 #include <QResizeEvent>
 #include <QScrollBar>
@@ -113,8 +114,7 @@ QString RichTextBox::TextRTF() const
 
 QString RichTextBox::Text() const
 {
-    // toPlainText would turn every no-break space into a blank.
-    return document()->toRawText().replace(QChar::ParagraphSeparator, u"\r\n"_qs);
+    return m_standIns.Text(*document());
 }
 
 void RichTextBox::SetText(const QString& text)
@@ -147,6 +147,17 @@ void RichTextBox::keyPressEvent(QKeyEvent* event)
     event->accept();
 }
 
+/// What is copied is the text as it was put in; without stand-ins everything is the text edit's.
+QMimeData* RichTextBox::createMimeDataFromSelection() const
+{
+    const QTextCursor cursor = textCursor();
+    if (!StandIns::MayBeIn(cursor.selectedText()))
+        return QTextEdit::createMimeDataFromSelection();
+    auto* copied = new QMimeData;
+    copied->setText(m_standIns.Text(*document(), cursor.selectionStart(), cursor.selectionEnd()));
+    return copied;
+}
+
 /// Replaces the content in one edit, so that it is laid out once, piece after piece: formatting a
 /// text that is already there would take it apart again.
 void RichTextBox::Fill(const Rtf::Document& sheet)
@@ -162,9 +173,10 @@ void RichTextBox::Fill(const Rtf::Document& sheet)
     cursor.setBlockFormat(QTextBlockFormat());
     cursor.setBlockCharFormat(plainLook);
     UseFont(InstalledFamily(sheet.fontName), sheet.halfPoints);
+    m_standIns.Clear();
     QStringView rest = sheet.text;
     for (const Rtf::Run& run : sheet.runs) {
-        cursor.insertText(rest.first(run.length).toString(),
+        m_standIns.Insert(cursor, rest.first(run.length),
                           run.format == plain ? plainLook : Look(run.format));
         rest = rest.sliced(run.length);
     }
@@ -200,7 +212,8 @@ Rtf::Document RichTextBox::Sheet() const
             sheet.Append(u"\n", FormatOf(block.charFormat(), HalfPoints(font())));
         for (auto part = block.begin(); !part.atEnd(); ++part) {
             const QTextFragment fragment = part.fragment();
-            sheet.Append(fragment.text(), FormatOf(fragment.charFormat(), HalfPoints(font())));
+            sheet.Append(m_standIns.Restored(fragment.text(), fragment.charFormat()),
+                         FormatOf(fragment.charFormat(), HalfPoints(font())));
         }
     }
     return sheet;

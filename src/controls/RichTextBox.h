@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/StandIns.h"
+
 #include <QTextEdit>
 
 namespace Rtf {
@@ -39,12 +41,14 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    QMimeData* createMimeDataFromSelection() const override;
 
 private:
     void Fill(const Rtf::Document& sheet);
     void UseFont(const QString& family, int halfPoints);
     Rtf::Document Sheet() const;
 
+    StandIns m_standIns;
     QString m_rtf;       ///< the document that was set last
     int m_revision = -1; ///< of the text document, when m_rtf was last the same
 };

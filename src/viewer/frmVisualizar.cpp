@@ -56,9 +56,9 @@ void frmVisualizar::Form_Load()
 
     if (ID_Musica > 0) {
         ID_Lista = 0;
-        Carrega_Musicas_Lista(0);
+        Carrega_Lista_Inicial();
     } else if (ID_Lista > 0) {
-        Carrega_Musicas_Lista(0);
+        Carrega_Lista_Inicial();
         if (ui->cmbLista->ListCount() > 0)
             ID_Musica = static_cast<double>(ui->cmbLista->ItemData(0));
         Mostra_Proximo_Anterior();
@@ -94,6 +94,9 @@ void frmVisualizar::Liga_Eventos()
     ConnectHandler(ui->cmdAumentaFonte, click, this, &Form::cmdAumentaFonte_Click);
     ConnectHandler(ui->cmdDiminuiFonte, click, this, &Form::cmdDiminuiFonte_Click);
     ConnectHandler(ui->lblVersao, &ClickableLabel::clicked, this, &Form::lblVersao_Click);
+    ConnectHandler(ui->cmbLista, &ComboBox::Click, this, &Form::cmbLista_Click);
+    ConnectHandler(ui->cmdAnterior, click, this, &Form::cmdAnterior_Click);
+    ConnectHandler(ui->cmdProxima, click, this, &Form::cmdProxima_Click);
     ConnectHandler(ui->cmdFechar, click, this, &Form::cmdFechar_Click);
     ConnectHandler(ui->cmdMinimizar, click, this, &Form::cmdMinimizar_Click);
 }

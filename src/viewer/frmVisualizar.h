@@ -92,11 +92,17 @@ private:
     void cmdAumentaFonte_Click();
     void cmdDiminuiFonte_Click();
     void lblVersao_Click();
+    void cmdAnterior_Click();
+    void cmdProxima_Click();
     void cmdFechar_Click();
     void cmdMinimizar_Click();
 
     // Moving through the song list.
+    void Carrega_Lista_Inicial();
+    /// Fills cmbLista: without a song with the setlist, of which the entry at indice (from 0) is
+    /// selected; else with the song's category. Reads MUSICA and LISTA_MUSICA.
     void Carrega_Musicas_Lista(int indice);
+    void Vai_Para_Musica(int indice);
     void Proxima_Musica();
     void Musica_Anterior();
     void Mostra_Proximo_Anterior();
@@ -118,6 +124,7 @@ private:
     void cmdDescartar_Click();
 
     std::unique_ptr<Ui::frmVisualizar> ui;
+    bool Abrindo = false; ///< the list comes up for the first time: nothing is shown yet
     QTimer* TimerRolagem;
     QTimer* tmrContador;
 

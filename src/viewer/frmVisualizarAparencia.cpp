@@ -6,7 +6,11 @@
 #include "controls/Appearance.h"
 #include "ui_frmVisualizar.h"
 
+#include <QAbstractItemView>
+
 namespace {
+
+constexpr int LarguraListaAberta = 480; // pixels
 
 void Pinta(QWidget* controle, QPalette::ColorRole papel, QColor cor)
 {
@@ -27,6 +31,9 @@ void frmVisualizar::Prepara_Aparencia()
         const bool moldura = nome.startsWith(u"imgFundo");
         imagem->Mostra_Imagem(Artwork::Path((moldura ? u"frame/"_qs : u"viewer/"_qs) + nome));
     }
+
+    // Titles with their references are longer than the box: opened, the list takes more room.
+    ui->cmbLista->view()->setMinimumWidth(LarguraListaAberta);
 
     Pinta(this, QPalette::Window, Appearance::Window);
     Pinta(ui->pctMusica, QPalette::Window, Appearance::Surface);

@@ -41,6 +41,16 @@ void frmVisualizar::lblVersao_Click()
     Muda_Versao();
 }
 
+void frmVisualizar::cmdAnterior_Click()
+{
+    Musica_Anterior();
+}
+
+void frmVisualizar::cmdProxima_Click()
+{
+    Proxima_Musica();
+}
+
 void frmVisualizar::cmdFechar_Click()
 {
     close();
@@ -72,7 +82,18 @@ bool frmVisualizar::Form_KeyDown(int tecla)
 {
     if (Editando)
         return true;
-    if (tecla == Qt::Key_Escape)
+    switch (tecla) {
+    case Qt::Key_P:
+        Proxima_Musica();
+        break;
+    case Qt::Key_A:
+        Musica_Anterior();
+        break;
+    case Qt::Key_Escape:
         cmdFechar_Click();
+        break;
+    default:
+        break;
+    }
     return false;
 }

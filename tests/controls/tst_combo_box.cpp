@@ -5,6 +5,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QSignalSpy>
+#include <QStyleOptionComboBox>
 #include <QTest>
 #include <QWheelEvent>
 
@@ -32,6 +33,7 @@ private slots:
     void a_handler_may_fill_the_box_anew();
     void it_is_a_drop_down_list_unless_editable();
     void items_carry_their_data_for_others();
+    void a_text_without_room_is_cut_in_the_drawing_only();
     void twenty_thousand_entries_open_at_the_chosen_one();
 
 private:
@@ -229,6 +231,27 @@ void tst_combo_box::items_carry_their_data_for_others()
     QCOMPARE(m_box->itemText(1), u"B1"_s);
     QCOMPARE(m_box->itemData(1).toLongLong(), 101);
     QCOMPARE(m_box->ItemData(1), 101);
+}
+
+void tst_combo_box::a_text_without_room_is_cut_in_the_drawing_only()
+{
+    struct : ComboBox
+    {
+        using ComboBox::initStyleOption;
+    } box;
+    box.resize(120, 30);
+    const QString title(200, u'W');
+    box.AddItem(title);
+    box.AddItem(u"Luar"_s);
+    box.SetListIndex(0);
+    QStyleOptionComboBox option;
+    box.initStyleOption(&option);
+    QVERIFY(option.currentText.endsWith(u'…'));
+    QVERIFY(box.fontMetrics().horizontalAdvance(option.currentText) < 120);
+    QCOMPARE(box.currentText(), title);
+    box.SetListIndex(1);
+    box.initStyleOption(&option);
+    QCOMPARE(option.currentText, u"Luar"_s);
 }
 
 void tst_combo_box::twenty_thousand_entries_open_at_the_chosen_one()

@@ -7,10 +7,12 @@
 #include "main/frmPrincipal.h"
 #include "store/Connection.h"
 #include "support/GeneratedSongs.h"
+#include "support/PlainSqlite.h"
 #include "support/TestCatalogue.h"
 #include "viewer/frmVisualizar.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QLineEdit>
 #include <QLocale>
@@ -117,6 +119,30 @@ void ShowViewers(Pictures& pictures, const QList<qint64>& songs)
     }
 }
 
+/// The viewer on the first, a middle and the last song of a setlist, and with its list open.
+void ShowSetlist(Pictures& pictures, const QString& catalogue)
+{
+    PlainSqlite database(catalogue);
+    database.Run("INSERT INTO LISTA (NOME, DATA) VALUES ('Domingo', '2026-11-22')");
+    database.Run("INSERT INTO LISTA_MUSICA (ID_LISTA, ID_MUSICA, ORDEM) "
+                 "SELECT (SELECT MAX(ID) FROM LISTA), ID, ID - 1 FROM MUSICA WHERE ID <= 9");
+    auto* viewer = new frmVisualizar; // deletes itself when closed
+    viewer->ID_Lista = 1;
+    viewer->Show();
+    pictures.Save(QStringLiteral("visualizador-lista-primeira"));
+    for (int i = 0; i < 4; ++i)
+        QTest::keyClick(viewer, Qt::Key_P);
+    pictures.Save(QStringLiteral("visualizador-lista-do-meio"));
+    Click(*viewer, QStringLiteral("cmbLista"));
+    pictures.Save(QStringLiteral("visualizador-lista-aberta"));
+    viewer->findChild<QComboBox*>(QStringLiteral("cmbLista"))->hidePopup();
+    for (int i = 0; i < 4; ++i)
+        QTest::keyClick(viewer, Qt::Key_P);
+    pictures.Save(QStringLiteral("visualizador-lista-ultima"));
+    viewer->close();
+    QTest::qWait(PaintMs);
+}
+
 void ShowDelivered(Pictures& pictures, const QString& catalogue)
 {
     Principal form(catalogue);
@@ -132,6 +158,7 @@ void ShowDelivered(Pictures& pictures, const QString& catalogue)
     Type(form, QStringLiteral("pei"));
     pictures.Save(QStringLiteral("principal-tres-letras"));
     ShowViewers(pictures, {1, 2, 3});
+    ShowSetlist(pictures, catalogue);
     form.close();
 }
 
@@ -163,6 +190,10 @@ void ShowMany(Pictures& pictures)
     form.show();
     QTest::qWait(SearchMs);
     pictures.Save(QStringLiteral("principal-20000"));
+    frmVisualizar* viewer = Open(ManySongs / 2);
+    Click(*viewer, QStringLiteral("cmbLista"));
+    pictures.Save(QStringLiteral("visualizador-categoria-aberta"));
+    viewer->close();
     form.close();
 }
 

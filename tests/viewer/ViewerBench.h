@@ -50,6 +50,15 @@ public:
         return Open(catalogue.AddSong(song));
     }
 
+    /// @return a viewer that plays the setlist
+    QPointer<frmVisualizar> OpenList(qint64 setlist) const
+    {
+        auto* viewer = new frmVisualizar;
+        viewer->ID_Lista = static_cast<double>(setlist);
+        viewer->Show();
+        return viewer;
+    }
+
     TestCatalogue catalogue;
 };
 

@@ -90,6 +90,11 @@ void tst_hostile_songs::songsAreShownAndReadBack_data()
     row("10,000 backslashes", QString(10'000, u'\\'));
     row("unpaired surrogates", QString(1000, QChar(0xD83C)) + u'a' + QString(1000, QChar(0xDF00)));
     row("signs on one letter", u"a"_qs + QString(5000, QChar(0x0301)));
+    row("1,000,000 signs on one letter", u"a"_qs + QString(1'000'000 / Share, QChar(0x0301)));
+    QTest::newRow("1,000,000 signs on 100 letters")
+        << QString(u"C\r\na"_qs + QString(10'000 / Share, QChar(0x0301)) + u"\r\n").repeated(100);
+    row("1,000,000 letters of another script", QString(1'000'000 / Share, QChar(0x6B4C)));
+    row("paragraph separators", u"a\u2029"_qs.repeated(5000));
     row("marks of direction", u"\u202Ea\u202B\u2066b\u200F"_qs.repeated(500));
     row("line separators", u"a\u2028"_qs.repeated(1000));
     row("tabs", QString(5000, u'\t'));
@@ -121,11 +126,9 @@ void tst_hostile_songs::everyControlCharacterComesBack()
         if (c != u'%' && c != u'\r' && c != u'\n')
             line += QChar(c);
     }
-    for (char16_t c = 0x2000; c < 0x2070; ++c) {
-        if (c != QChar::ParagraphSeparator)
-            line += QChar(c);
-    }
-    line += u"\uFEFF\uFFF9\uFFFA\uFFFB"_qs;
+    for (char16_t c = 0x2000; c < 0x2070; ++c)
+        line += QChar(c);
+    line += u"\uFDD0\uFDD1\uFDD2\uFEFF\uFFF9\uFFFA\uFFFB"_qs;
     const auto viewer = bench->Open({.text2 = u"C\r\n"_qs + line});
     Play(viewer);
     QCOMPARE(Box(viewer, 2)->Text(), u"C\r\n"_qs + line);

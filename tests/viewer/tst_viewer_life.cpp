@@ -53,13 +53,13 @@ void tst_viewer_life::controlsAtFirst_data()
     QTest::addColumn<bool>("visible");
     for (const char* shown :
          {"cmdSobe", "cmdDesce", "cmdTomOriginal", "cmdLetra", "cmdAumentaFonte", "cmdDiminuiFonte",
-          "cmdAutoRolagem", "cmdAnterior", "cmdProxima", "cmdEditar", "cmdDescartar2", "cmdFechar",
-          "cmdMinimizar", "lblVersao", "cmbLista", "RichTextBox_2"})
+          "cmdAutoRolagem", "cmdEditar", "cmdDescartar2", "cmdFechar", "cmdMinimizar", "lblVersao",
+          "cmbLista", "RichTextBox_2"})
         QTest::addRow("%s is shown", shown) << QByteArray(shown) << true;
     for (const char* hidden :
          {"cmdSobe2", "cmdDesce2", "cmdTomOriginal2", "cmdLetra2", "cmdAumentaFonte2",
           "cmdDiminuiFonte2", "cmdAutoRolagem2", "cmdAnterior2", "cmdProxima2", "cmdSalvar",
-          "cmdDescartar", "ProgressBarRolagem", "RichTextBox_1"})
+          "cmdDescartar", "cmdAnterior", "cmdProxima", "ProgressBarRolagem", "RichTextBox_1"})
         QTest::addRow("%s is hidden", hidden) << QByteArray(hidden) << false;
 }
 
