@@ -11,8 +11,10 @@
 #include "support/TestCatalogue.h"
 #include "viewer/frmVisualizar.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QDialog>
 #include <QDir>
 #include <QLineEdit>
 #include <QLocale>
@@ -20,7 +22,9 @@
 #include <QScreen>
 #include <QTest>
 #include <QTextStream>
+#include <QTimer>
 
+#include <functional>
 #include <utility>
 
 namespace {
@@ -29,7 +33,7 @@ constexpr int ManySongs = 20000;
 constexpr int PaintMs = 400;   // a window manager maps, paints and raises within this
 constexpr int SearchMs = 1200; // the clock of the search and the search itself
 
-class Pictures
+class Pictures : public QObject
 {
 public:
     explicit Pictures(QString folder)
@@ -119,83 +123,135 @@ void ShowViewers(Pictures& pictures, const QList<qint64>& songs)
     }
 }
 
-/// The viewer on the first, a middle and the last song of a setlist, and with its list open.
-void ShowSetlist(Pictures& pictures, const QString& catalogue)
+/// Does something that opens a box, and takes the box's picture before closing it.
+void SaveBox(Pictures& pictures, const QString& name, const std::function<void()>& open)
 {
-    PlainSqlite database(catalogue);
-    database.Run("INSERT INTO LISTA (NOME, DATA) VALUES ('Domingo', '2026-11-22')");
-    database.Run("INSERT INTO LISTA_MUSICA (ID_LISTA, ID_MUSICA, ORDEM) "
-                 "SELECT (SELECT MAX(ID) FROM LISTA), ID, ID - 1 FROM MUSICA WHERE ID <= 9");
-    auto* viewer = new frmVisualizar; // deletes itself when closed
-    viewer->ID_Lista = 1;
-    viewer->Show();
-    pictures.Save(QStringLiteral("visualizador-lista-primeira"));
-    for (int i = 0; i < 4; ++i)
-        QTest::keyClick(viewer, Qt::Key_P);
-    pictures.Save(QStringLiteral("visualizador-lista-do-meio"));
-    Click(*viewer, QStringLiteral("cmbLista"));
-    pictures.Save(QStringLiteral("visualizador-lista-aberta"));
-    viewer->findChild<QComboBox*>(QStringLiteral("cmbLista"))->hidePopup();
-    for (int i = 0; i < 4; ++i)
-        QTest::keyClick(viewer, Qt::Key_P);
-    pictures.Save(QStringLiteral("visualizador-lista-ultima"));
-    viewer->close();
-    QTest::qWait(PaintMs);
+    QTimer::singleShot(0, &pictures, [&pictures, name] {
+        pictures.Save(name);
+        if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+            box->reject();
+    });
+    open();
 }
 
-void ShowDelivered(Pictures& pictures, const QString& catalogue)
+void SaveFailedSave(Pictures& pictures, QWidget& form, const QString& name)
 {
-    Principal form(catalogue);
-    auto* splash = new frmSplash(form, [&form] { form.Form_Load(QString()); });
-    splash->Form_Load();
-    splash->show();
-    pictures.Save(QStringLiteral("abertura"));
-    splash->Inicializar();
-    QTest::qWait(SearchMs);
-    pictures.Save(QStringLiteral("principal"));
-    Type(form, QStringLiteral("zzz"));
-    pictures.Save(QStringLiteral("principal-vazio"));
-    Type(form, QStringLiteral("pei"));
-    pictures.Save(QStringLiteral("principal-tres-letras"));
-    ShowViewers(pictures, {1, 2, 3});
-    ShowSetlist(pictures, catalogue);
-    form.close();
+    SaveBox(pictures, name, [&form] { Click(form, QStringLiteral("cmdCadSalvar")); });
 }
 
-void AddManySongs(const TestCatalogue& catalogue)
+/// The entry panel: for a new song with each box that a save answers, and with a stored song.
+void ShowEntry(Pictures& pictures, Principal& form)
 {
-    const qint64 theme = catalogue.AddTheme(QStringLiteral("Louvor"), 1);
-    SongGenerator generator(1);
-    QString insert = QStringLiteral("BEGIN;");
-    for (int id = 1; id <= ManySongs; ++id) {
-        const GeneratedSong song = generator.Next();
-        insert += QStringLiteral("INSERT INTO MUSICA (TITULO, REFERENCIA, MUSICA, TOM, VARIACAO, "
-                                 "CATEGORIA, CONTADOR) VALUES ('%1','%2','%3','%4','%5',%6,%7);"
-                                 "INSERT INTO TEMA_MUSICA VALUES (%8,%9);")
-                      .arg(song.title, song.reference, song.text, song.key, song.variation)
-                      .arg(song.category)
-                      .arg(song.count)
-                      .arg(id)
-                      .arg(theme);
+    const auto box = [&form](const char* name) {
+        auto* found = form.findChild<QWidget*>(QString::fromLatin1(name));
+        found->setFocus();
+        return found;
+    };
+    const auto checkTheme = [&form](int row) {
+        auto* themes = form.findChild<QAbstractItemView*>(QStringLiteral("lstCadTema"));
+        QTest::mouseClick(themes->viewport(), Qt::LeftButton, {},
+                          themes->visualRect(themes->model()->index(row, 0)).center());
+    };
+    form.mnuCadastro_Click();
+    pictures.Save(QStringLiteral("cadastro-nova"));
+    SaveFailedSave(pictures, form, QStringLiteral("cadastro-sem-titulo"));
+    QTest::keyClicks(box("txtCadTitulo"), QStringLiteral("Peixe vivo de novo"));
+    SaveFailedSave(pictures, form, QStringLiteral("cadastro-sem-referencia"));
+    QTest::keyClicks(box("txtCadReferencia"), QStringLiteral("Tradicional"));
+    SaveFailedSave(pictures, form, QStringLiteral("cadastro-sem-letra"));
+    QTest::keyClicks(box("txtCadLetra_0"), QStringLiteral("C     G7"));
+    QTest::keyClick(box("txtCadLetra_0"), Qt::Key_Return);
+    QTest::keyClicks(box("txtCadLetra_0"), QStringLiteral("Como pode"));
+    SaveFailedSave(pictures, form, QStringLiteral("cadastro-sem-tema"));
+    SaveBox(pictures, QStringLiteral("cadastro-novo-tema"),
+            [&form] { Click(form, QStringLiteral("cmdCadTema")); });
+    checkTheme(0);
+    SaveFailedSave(pictures, form, QStringLiteral("cadastro-guardada"));
+    form.Inicializa_Cadastro(2);
+    pictures.Save(QStringLiteral("cadastro-carregada"));
+    Click(form, QStringLiteral("lblMostraMusica_1"));
+    pictures.Save(QStringLiteral("cadastro-versao-2"));
+    SaveBox(pictures, QStringLiteral("cadastro-excluir"),
+            [&form] { Click(form, QStringLiteral("cmdExcluir")); });
+    /// The viewer on the first, a middle and the last song of a setlist, and with its list open.
+    void ShowSetlist(Pictures & pictures, const QString& catalogue)
+    {
+        PlainSqlite database(catalogue);
+        database.Run("INSERT INTO LISTA (NOME, DATA) VALUES ('Domingo', '2026-11-22')");
+        database.Run("INSERT INTO LISTA_MUSICA (ID_LISTA, ID_MUSICA, ORDEM) "
+                     "SELECT (SELECT MAX(ID) FROM LISTA), ID, ID - 1 FROM MUSICA WHERE ID <= 9");
+        auto* viewer = new frmVisualizar; // deletes itself when closed
+        viewer->ID_Lista = 1;
+        viewer->Show();
+        pictures.Save(QStringLiteral("visualizador-lista-primeira"));
+        for (int i = 0; i < 4; ++i)
+            QTest::keyClick(viewer, Qt::Key_P);
+        pictures.Save(QStringLiteral("visualizador-lista-do-meio"));
+        Click(*viewer, QStringLiteral("cmbLista"));
+        pictures.Save(QStringLiteral("visualizador-lista-aberta"));
+        viewer->findChild<QComboBox*>(QStringLiteral("cmbLista"))->hidePopup();
+        for (int i = 0; i < 4; ++i)
+            QTest::keyClick(viewer, Qt::Key_P);
+        pictures.Save(QStringLiteral("visualizador-lista-ultima"));
+        viewer->close();
+        QTest::qWait(PaintMs);
     }
-    catalogue.Run(insert + u"COMMIT;");
-}
 
-void ShowMany(Pictures& pictures)
-{
-    const TestCatalogue catalogue;
-    AddManySongs(catalogue);
-    Principal form(catalogue.Path());
-    form.Form_Load(QString());
-    form.show();
-    QTest::qWait(SearchMs);
-    pictures.Save(QStringLiteral("principal-20000"));
-    frmVisualizar* viewer = Open(ManySongs / 2);
-    Click(*viewer, QStringLiteral("cmbLista"));
-    pictures.Save(QStringLiteral("visualizador-categoria-aberta"));
-    viewer->close();
-    form.close();
-}
+    void ShowDelivered(Pictures & pictures, const QString& catalogue)
+    {
+        Principal form(catalogue);
+        auto* splash = new frmSplash(form, [&form] { form.Form_Load(QString()); });
+        splash->Form_Load();
+        splash->show();
+        pictures.Save(QStringLiteral("abertura"));
+        splash->Inicializar();
+        QTest::qWait(SearchMs);
+        pictures.Save(QStringLiteral("principal"));
+        Type(form, QStringLiteral("zzz"));
+        pictures.Save(QStringLiteral("principal-vazio"));
+        Type(form, QStringLiteral("pei"));
+        pictures.Save(QStringLiteral("principal-tres-letras"));
+        ShowViewers(pictures, {1, 2, 3});
+        ShowEntry(pictures, form);
+        ShowSetlist(pictures, catalogue);
+        form.close();
+    }
+
+    void AddManySongs(const TestCatalogue& catalogue)
+    {
+        const qint64 theme = catalogue.AddTheme(QStringLiteral("Louvor"), 1);
+        SongGenerator generator(1);
+        QString insert = QStringLiteral("BEGIN;");
+        for (int id = 1; id <= ManySongs; ++id) {
+            const GeneratedSong song = generator.Next();
+            insert +=
+                QStringLiteral("INSERT INTO MUSICA (TITULO, REFERENCIA, MUSICA, TOM, VARIACAO, "
+                               "CATEGORIA, CONTADOR) VALUES ('%1','%2','%3','%4','%5',%6,%7);"
+                               "INSERT INTO TEMA_MUSICA VALUES (%8,%9);")
+                    .arg(song.title, song.reference, song.text, song.key, song.variation)
+                    .arg(song.category)
+                    .arg(song.count)
+                    .arg(id)
+                    .arg(theme);
+        }
+        catalogue.Run(insert + u"COMMIT;");
+    }
+
+    void ShowMany(Pictures & pictures)
+    {
+        const TestCatalogue catalogue;
+        AddManySongs(catalogue);
+        Principal form(catalogue.Path());
+        form.Form_Load(QString());
+        form.show();
+        QTest::qWait(SearchMs);
+        pictures.Save(QStringLiteral("principal-20000"));
+        frmVisualizar* viewer = Open(ManySongs / 2);
+        Click(*viewer, QStringLiteral("cmbLista"));
+        pictures.Save(QStringLiteral("visualizador-categoria-aberta"));
+        viewer->close();
+        form.close();
+    }
 
 } // namespace
 
