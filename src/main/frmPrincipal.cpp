@@ -5,6 +5,7 @@
 #include "artwork/Artwork.h"
 #include "controls/Dialogs.h"
 #include "controls/Handler.h"
+#include "controls/TextBox.h"
 #include "controls/Twips.h"
 #include "main/Conecta_Banco.h"
 #include "main/TeclasAcesso.h"
@@ -102,7 +103,7 @@ void frmPrincipal::Form_Load(const QString& linha_comando)
     for (Painel* painel : pctFrame)
         painel->Mostra(false);
     pctFrame[Pesquisa]->Mostra(true);
-    ui->pctTeclado->hide();
+    ui->pctTeclado->Oculta_Teclado();
     setWindowTitle(u"Melodario v." % Version::ToText());
     Conecta_Banco();
     m_conectado = true;
@@ -233,9 +234,15 @@ void frmPrincipal::cmdExcluir_Click()
 
 void frmPrincipal::Importa_Musicas(const QString& /*caminho*/) {}
 
-void frmPrincipal::Mostra_Teclado(TextBox& /*caixa*/) {}
+void frmPrincipal::Mostra_Teclado(TextBox& caixa)
+{
+    ui->pctTeclado->Mostra_Teclado(caixa);
+}
 
-void frmPrincipal::Oculta_Teclado() {}
+void frmPrincipal::Oculta_Teclado()
+{
+    ui->pctTeclado->Oculta_Teclado();
+}
 
 void frmPrincipal::Conecta_Banco()
 {

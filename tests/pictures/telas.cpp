@@ -38,7 +38,8 @@ public:
     void Save(const QString& name)
     {
         QTest::qWait(PaintMs);
-        const QSize size = QApplication::primaryScreen()->size();
+        const QScreen* screen = QApplication::primaryScreen();
+        const QSize size = (QSizeF(screen->size()) * screen->devicePixelRatio()).toSize();
         const QString file = QStringLiteral("%1/%2-%3x%4.png")
                                  .arg(m_folder, name)
                                  .arg(size.width())
@@ -117,6 +118,23 @@ void ShowViewers(Pictures& pictures, const QList<qint64>& songs)
     }
 }
 
+void ShowKeyboard(Pictures& pictures, const QWidget& form)
+{
+    const auto click = [&form](const QString& name) {
+        QTest::mouseClick(form.findChild<QWidget*>(name), Qt::LeftButton);
+        QTest::qWait(SearchMs);
+    };
+    for (int i = 0; i < 3; ++i) {
+        click(QStringLiteral("imgTeclado_%1").arg(i));
+        pictures.Save(QStringLiteral("teclado-%1").arg(i));
+    }
+    // ~ and A on the keyboard: the accent joined, the key touched last highlighted.
+    click(QStringLiteral("lblTecla_126"));
+    click(QStringLiteral("lblTecla_65"));
+    pictures.Save(QStringLiteral("teclado-acento"));
+    click(QStringLiteral("imgFecharTeclado"));
+}
+
 void ShowDelivered(Pictures& pictures, const QString& catalogue)
 {
     Principal form(catalogue);
@@ -131,6 +149,7 @@ void ShowDelivered(Pictures& pictures, const QString& catalogue)
     pictures.Save(QStringLiteral("principal-vazio"));
     Type(form, QStringLiteral("pei"));
     pictures.Save(QStringLiteral("principal-tres-letras"));
+    ShowKeyboard(pictures, form);
     ShowViewers(pictures, {1, 2, 3});
     form.close();
 }
