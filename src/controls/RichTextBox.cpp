@@ -147,6 +147,12 @@ void RichTextBox::keyPressEvent(QKeyEvent* event)
     event->accept();
 }
 
+void RichTextBox::focusInEvent(QFocusEvent* event)
+{
+    QTextEdit::focusInEvent(event);
+    emit GotFocus();
+}
+
 /// Replaces the content in one edit, so that it is laid out once, piece after piece: formatting a
 /// text that is already there would take it apart again.
 void RichTextBox::Fill(const Rtf::Document& sheet)

@@ -37,8 +37,12 @@ public:
     /// been shown; until then the scroll bars know only a part of it.
     void FinishLayout();
 
+signals:
+    void GotFocus();
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
 
 private:
     void Fill(const Rtf::Document& sheet);
