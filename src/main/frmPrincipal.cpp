@@ -203,6 +203,11 @@ void frmPrincipal::Pesquisa()
     ui->pctFrame_0->Pesquisa();
 }
 
+void frmPrincipal::Abre_Musica(double id)
+{
+    ui->pctFrame_0->Abre_Musica(id);
+}
+
 void frmPrincipal::Executa_Comando(const QString& comando)
 {
     const QStringList partes = Text::Split(comando, u'@');
@@ -212,7 +217,7 @@ void frmPrincipal::Executa_Comando(const QString& comando)
         const auto id = Number::FromText(partes[1]);
         if (id &&
             Funcoes::Pergunta(this, QStringLiteral("Foi enviada uma nova música. Deseja abrí-la?")))
-            ui->pctFrame_0->Abre_Musica(*id);
+            Abre_Musica(*id);
     } else if (partes[0] == u"msg") {
         Funcoes::Mostra_Mensagem(this, partes[1], Icone::Informacao);
     }

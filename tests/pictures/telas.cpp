@@ -173,6 +173,26 @@ void AddManySongs(const TestCatalogue& catalogue)
     catalogue.Run(insert + u"COMMIT;");
 }
 
+/// Both suggestion lists, with nothing to suggest and with many.
+void ShowSuggestions(Pictures& pictures, frmPrincipal& form)
+{
+    form.mnuCadastro_Click();
+    const auto type = [&](const QString& name, const QString& text, const QString& picture) {
+        auto* box = form.findChild<QLineEdit*>(name);
+        box->setFocus();
+        QTest::keyClicks(box, text);
+        pictures.Save(picture);
+    };
+    type(QStringLiteral("txtCadTitulo"), QStringLiteral("a"), QStringLiteral("sugestoes-titulo"));
+    type(QStringLiteral("txtCadTitulo"), QStringLiteral("zzz"),
+         QStringLiteral("sugestoes-titulo-nenhuma"));
+    type(QStringLiteral("txtCadReferencia"), QStringLiteral("c"),
+         QStringLiteral("sugestoes-referencia"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+    pictures.Save(QStringLiteral("sugestoes-referencia-escolha"));
+}
+
 void ShowMany(Pictures& pictures)
 {
     const TestCatalogue catalogue;
@@ -182,6 +202,7 @@ void ShowMany(Pictures& pictures)
     form.show();
     QTest::qWait(SearchMs);
     pictures.Save(QStringLiteral("principal-20000"));
+    ShowSuggestions(pictures, form);
     form.close();
 }
 
