@@ -25,6 +25,10 @@ constexpr QColor OutraVersao(192, 192, 192);
 
 void Pinta(ClickableLabel& aba, const QColor& cor)
 {
+    // Under the pointer a label would take the accent's colour, which is too dark for that ground.
+    // The palette comes last: a new style sheet brings back an older one.
+    aba.setStyleSheet(
+        u"ClickableLabel:hover { color: %1; text-decoration: underline; }"_qs.arg(cor.name()));
     QPalette paleta = aba.palette();
     paleta.setColor(QPalette::WindowText, cor);
     aba.setPalette(paleta);

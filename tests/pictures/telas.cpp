@@ -10,7 +10,9 @@
 #include "support/TestCatalogue.h"
 #include "viewer/frmVisualizar.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QLineEdit>
 #include <QLocale>
@@ -18,7 +20,9 @@
 #include <QScreen>
 #include <QTest>
 #include <QTextStream>
+#include <QTimer>
 
+#include <functional>
 #include <utility>
 
 namespace {
@@ -27,7 +31,7 @@ constexpr int ManySongs = 20000;
 constexpr int PaintMs = 400;   // a window manager maps, paints and raises within this
 constexpr int SearchMs = 1200; // the clock of the search and the search itself
 
-class Pictures
+class Pictures : public QObject
 {
 public:
     explicit Pictures(QString folder)
@@ -135,6 +139,58 @@ void ShowKeyboard(Pictures& pictures, const QWidget& form)
     click(QStringLiteral("imgFecharTeclado"));
 }
 
+/// Does something that opens a box, and takes the box's picture before closing it.
+void SaveBox(Pictures& pictures, const QString& name, const std::function<void()>& open)
+{
+    QTimer::singleShot(0, &pictures, [&pictures, name] {
+        pictures.Save(name);
+        if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+            box->reject();
+    });
+    open();
+}
+
+void SaveFailedSave(Pictures& pictures, QWidget& form, const QString& name)
+{
+    SaveBox(pictures, name, [&form] { Click(form, QStringLiteral("cmdCadSalvar")); });
+}
+
+/// The entry panel: for a new song with each box that a save answers, and with a stored song.
+void ShowEntry(Pictures& pictures, Principal& form)
+{
+    const auto box = [&form](const char* name) {
+        auto* found = form.findChild<QWidget*>(QString::fromLatin1(name));
+        found->setFocus();
+        return found;
+    };
+    const auto checkTheme = [&form](int row) {
+        auto* themes = form.findChild<QAbstractItemView*>(QStringLiteral("lstCadTema"));
+        QTest::mouseClick(themes->viewport(), Qt::LeftButton, {},
+                          themes->visualRect(themes->model()->index(row, 0)).center());
+    };
+    form.mnuCadastro_Click();
+    pictures.Save(QStringLiteral("cadastro-nova"));
+    SaveFailedSave(pictures, form, QStringLiteral("cadastro-sem-titulo"));
+    QTest::keyClicks(box("txtCadTitulo"), QStringLiteral("Peixe vivo de novo"));
+    SaveFailedSave(pictures, form, QStringLiteral("cadastro-sem-referencia"));
+    QTest::keyClicks(box("txtCadReferencia"), QStringLiteral("Tradicional"));
+    SaveFailedSave(pictures, form, QStringLiteral("cadastro-sem-letra"));
+    QTest::keyClicks(box("txtCadLetra_0"), QStringLiteral("C     G7"));
+    QTest::keyClick(box("txtCadLetra_0"), Qt::Key_Return);
+    QTest::keyClicks(box("txtCadLetra_0"), QStringLiteral("Como pode"));
+    SaveFailedSave(pictures, form, QStringLiteral("cadastro-sem-tema"));
+    SaveBox(pictures, QStringLiteral("cadastro-novo-tema"),
+            [&form] { Click(form, QStringLiteral("cmdCadTema")); });
+    checkTheme(0);
+    SaveFailedSave(pictures, form, QStringLiteral("cadastro-guardada"));
+    form.Inicializa_Cadastro(2);
+    pictures.Save(QStringLiteral("cadastro-carregada"));
+    Click(form, QStringLiteral("lblMostraMusica_1"));
+    pictures.Save(QStringLiteral("cadastro-versao-2"));
+    SaveBox(pictures, QStringLiteral("cadastro-excluir"),
+            [&form] { Click(form, QStringLiteral("cmdExcluir")); });
+}
+
 void ShowDelivered(Pictures& pictures, const QString& catalogue)
 {
     Principal form(catalogue);
@@ -151,6 +207,7 @@ void ShowDelivered(Pictures& pictures, const QString& catalogue)
     pictures.Save(QStringLiteral("principal-tres-letras"));
     ShowKeyboard(pictures, form);
     ShowViewers(pictures, {1, 2, 3});
+    ShowEntry(pictures, form);
     form.close();
 }
 
