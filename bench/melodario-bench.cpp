@@ -18,10 +18,11 @@ struct Bench
     void (*run)(const Scale&, ResultTable&);
 };
 
-constexpr std::array<Bench, 7> Benches{{
+constexpr std::array<Bench, 8> Benches{{
     {u"fill", BenchFill},
     {u"search", BenchSearch},
     {u"typing", BenchTyping},
+    {u"suggestions", BenchSuggestions},
     {u"chords", BenchChords},
     {u"viewer", BenchViewer},
     {u"songlist", BenchSongList},
@@ -64,7 +65,7 @@ int main(int argc, char* argv[])
         bench.run(scale, table);
     }
     if (table.IsEmpty()) {
-        out << "Names: fill search typing chords viewer songlist start\n";
+        out << "Names: fill search typing suggestions chords viewer songlist start\n";
         return 1;
     }
     out << table.ToText();

@@ -9,6 +9,7 @@
 #include "controls/Dialogs.h"
 #include "controls/Handler.h"
 #include "main/ServicosPrincipal.h"
+#include "main/Sugestoes.h"
 #include "runtime/Number.h"
 #include "viewer/frmVisualizar.h"
 
@@ -57,6 +58,8 @@ void PainelCadastro::Liga_Eventos(ServicosPrincipal& principal)
 {
     using Form = PainelCadastro;
     m_principal = &principal;
+    new Sugestoes(*this, {ui->txtCadTitulo, ui->txtCadReferencia, txtCadLetra},
+                  [&principal](double id) { principal.Abre_Musica(id); });
     for (int i = 0; i < 2; ++i)
         ConnectHandler(lblMostraMusica[static_cast<std::size_t>(i)], &ClickableLabel::clicked, this,
                        [this, i] { lblMostraMusica_Click(i); });

@@ -5,6 +5,7 @@
 #include "artwork/Artwork.h"
 #include "controls/Dialogs.h"
 #include "controls/Handler.h"
+#include "controls/TextBox.h"
 #include "controls/Twips.h"
 #include "main/Conecta_Banco.h"
 #include "main/TeclasAcesso.h"
@@ -103,7 +104,7 @@ void frmPrincipal::Form_Load(const QString& linha_comando)
     for (Painel* painel : pctFrame)
         painel->Mostra(false);
     pctFrame[QuadroPesquisa]->Mostra(true);
-    ui->pctTeclado->hide();
+    ui->pctTeclado->Oculta_Teclado();
     setWindowTitle(u"Melodario v." % Version::ToText());
     Conecta_Banco();
     m_conectado = true;
@@ -202,6 +203,11 @@ void frmPrincipal::Pesquisa()
     ui->pctFrame_0->Pesquisa();
 }
 
+void frmPrincipal::Abre_Musica(double id)
+{
+    ui->pctFrame_0->Abre_Musica(id);
+}
+
 void frmPrincipal::Executa_Comando(const QString& comando)
 {
     const QStringList partes = Text::Split(comando, u'@');
@@ -211,7 +217,7 @@ void frmPrincipal::Executa_Comando(const QString& comando)
         const auto id = Number::FromText(partes[1]);
         if (id &&
             Funcoes::Pergunta(this, QStringLiteral("Foi enviada uma nova música. Deseja abrí-la?")))
-            ui->pctFrame_0->Abre_Musica(*id);
+            Abre_Musica(*id);
     } else if (partes[0] == u"msg") {
         Funcoes::Mostra_Mensagem(this, partes[1], Icone::Informacao);
     }
@@ -239,9 +245,15 @@ void frmPrincipal::cmdExcluir_Click()
 
 void frmPrincipal::Importa_Musicas(const QString& /*caminho*/) {}
 
-void frmPrincipal::Mostra_Teclado(TextBox& /*caixa*/) {}
+void frmPrincipal::Mostra_Teclado(TextBox& caixa)
+{
+    ui->pctTeclado->Mostra_Teclado(caixa);
+}
 
-void frmPrincipal::Oculta_Teclado() {}
+void frmPrincipal::Oculta_Teclado()
+{
+    ui->pctTeclado->Oculta_Teclado();
+}
 
 void frmPrincipal::Conecta_Banco()
 {

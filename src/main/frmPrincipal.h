@@ -45,6 +45,7 @@ public:
 
     void Reinicia_Timer1() override;
     void Pesquisa() override;
+    void Abre_Musica(double id) override;
     void Inicializa_Cadastro(double id) override;
     void cmdExcluir_Click() override;
     void Mostra_Teclado(TextBox& caixa) override;

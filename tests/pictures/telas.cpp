@@ -44,7 +44,8 @@ public:
     void Save(const QString& name)
     {
         QTest::qWait(PaintMs);
-        const QSize size = QApplication::primaryScreen()->size();
+        const QScreen* screen = QApplication::primaryScreen();
+        const QSize size = (QSizeF(screen->size()) * screen->devicePixelRatio()).toSize();
         const QString file = QStringLiteral("%1/%2-%3x%4.png")
                                  .arg(m_folder, name)
                                  .arg(size.width())
@@ -123,6 +124,23 @@ void ShowViewers(Pictures& pictures, const QList<qint64>& songs)
     }
 }
 
+void ShowKeyboard(Pictures& pictures, const QWidget& form)
+{
+    const auto click = [&form](const QString& name) {
+        QTest::mouseClick(form.findChild<QWidget*>(name), Qt::LeftButton);
+        QTest::qWait(SearchMs);
+    };
+    for (int i = 0; i < 3; ++i) {
+        click(QStringLiteral("imgTeclado_%1").arg(i));
+        pictures.Save(QStringLiteral("teclado-%1").arg(i));
+    }
+    // ~ and A on the keyboard: the accent joined, the key touched last highlighted.
+    click(QStringLiteral("lblTecla_126"));
+    click(QStringLiteral("lblTecla_65"));
+    pictures.Save(QStringLiteral("teclado-acento"));
+    click(QStringLiteral("imgFecharTeclado"));
+}
+
 /// Does something that opens a box, and takes the box's picture before closing it.
 void SaveBox(Pictures& pictures, const QString& name, const std::function<void()>& open)
 {
@@ -173,85 +191,108 @@ void ShowEntry(Pictures& pictures, Principal& form)
     pictures.Save(QStringLiteral("cadastro-versao-2"));
     SaveBox(pictures, QStringLiteral("cadastro-excluir"),
             [&form] { Click(form, QStringLiteral("cmdExcluir")); });
-    /// The viewer on the first, a middle and the last song of a setlist, and with its list open.
-    void ShowSetlist(Pictures & pictures, const QString& catalogue)
-    {
-        PlainSqlite database(catalogue);
-        database.Run("INSERT INTO LISTA (NOME, DATA) VALUES ('Domingo', '2026-11-22')");
-        database.Run("INSERT INTO LISTA_MUSICA (ID_LISTA, ID_MUSICA, ORDEM) "
-                     "SELECT (SELECT MAX(ID) FROM LISTA), ID, ID - 1 FROM MUSICA WHERE ID <= 9");
-        auto* viewer = new frmVisualizar; // deletes itself when closed
-        viewer->ID_Lista = 1;
-        viewer->Show();
-        pictures.Save(QStringLiteral("visualizador-lista-primeira"));
-        for (int i = 0; i < 4; ++i)
-            QTest::keyClick(viewer, Qt::Key_P);
-        pictures.Save(QStringLiteral("visualizador-lista-do-meio"));
-        Click(*viewer, QStringLiteral("cmbLista"));
-        pictures.Save(QStringLiteral("visualizador-lista-aberta"));
-        viewer->findChild<QComboBox*>(QStringLiteral("cmbLista"))->hidePopup();
-        for (int i = 0; i < 4; ++i)
-            QTest::keyClick(viewer, Qt::Key_P);
-        pictures.Save(QStringLiteral("visualizador-lista-ultima"));
-        viewer->close();
-        QTest::qWait(PaintMs);
-    }
+}
 
-    void ShowDelivered(Pictures & pictures, const QString& catalogue)
-    {
-        Principal form(catalogue);
-        auto* splash = new frmSplash(form, [&form] { form.Form_Load(QString()); });
-        splash->Form_Load();
-        splash->show();
-        pictures.Save(QStringLiteral("abertura"));
-        splash->Inicializar();
-        QTest::qWait(SearchMs);
-        pictures.Save(QStringLiteral("principal"));
-        Type(form, QStringLiteral("zzz"));
-        pictures.Save(QStringLiteral("principal-vazio"));
-        Type(form, QStringLiteral("pei"));
-        pictures.Save(QStringLiteral("principal-tres-letras"));
-        ShowViewers(pictures, {1, 2, 3});
-        ShowEntry(pictures, form);
-        ShowSetlist(pictures, catalogue);
-        form.close();
-    }
+/// The viewer on the first, a middle and the last song of a setlist, and with its list open.
+void ShowSetlist(Pictures& pictures, const QString& catalogue)
+{
+    PlainSqlite database(catalogue);
+    database.Run("INSERT INTO LISTA (NOME, DATA) VALUES ('Domingo', '2026-11-22')");
+    database.Run("INSERT INTO LISTA_MUSICA (ID_LISTA, ID_MUSICA, ORDEM) "
+                 "SELECT (SELECT MAX(ID) FROM LISTA), ID, ID - 1 FROM MUSICA WHERE ID <= 9");
+    auto* viewer = new frmVisualizar; // deletes itself when closed
+    viewer->ID_Lista = 1;
+    viewer->Show();
+    pictures.Save(QStringLiteral("visualizador-lista-primeira"));
+    for (int i = 0; i < 4; ++i)
+        QTest::keyClick(viewer, Qt::Key_P);
+    pictures.Save(QStringLiteral("visualizador-lista-do-meio"));
+    Click(*viewer, QStringLiteral("cmbLista"));
+    pictures.Save(QStringLiteral("visualizador-lista-aberta"));
+    viewer->findChild<QComboBox*>(QStringLiteral("cmbLista"))->hidePopup();
+    for (int i = 0; i < 4; ++i)
+        QTest::keyClick(viewer, Qt::Key_P);
+    pictures.Save(QStringLiteral("visualizador-lista-ultima"));
+    viewer->close();
+    QTest::qWait(PaintMs);
+}
 
-    void AddManySongs(const TestCatalogue& catalogue)
-    {
-        const qint64 theme = catalogue.AddTheme(QStringLiteral("Louvor"), 1);
-        SongGenerator generator(1);
-        QString insert = QStringLiteral("BEGIN;");
-        for (int id = 1; id <= ManySongs; ++id) {
-            const GeneratedSong song = generator.Next();
-            insert +=
-                QStringLiteral("INSERT INTO MUSICA (TITULO, REFERENCIA, MUSICA, TOM, VARIACAO, "
-                               "CATEGORIA, CONTADOR) VALUES ('%1','%2','%3','%4','%5',%6,%7);"
-                               "INSERT INTO TEMA_MUSICA VALUES (%8,%9);")
-                    .arg(song.title, song.reference, song.text, song.key, song.variation)
-                    .arg(song.category)
-                    .arg(song.count)
-                    .arg(id)
-                    .arg(theme);
-        }
-        catalogue.Run(insert + u"COMMIT;");
-    }
+void ShowDelivered(Pictures& pictures, const QString& catalogue)
+{
+    Principal form(catalogue);
+    auto* splash = new frmSplash(form, [&form] { form.Form_Load(QString()); });
+    splash->Form_Load();
+    splash->show();
+    pictures.Save(QStringLiteral("abertura"));
+    splash->Inicializar();
+    QTest::qWait(SearchMs);
+    pictures.Save(QStringLiteral("principal"));
+    Type(form, QStringLiteral("zzz"));
+    pictures.Save(QStringLiteral("principal-vazio"));
+    Type(form, QStringLiteral("pei"));
+    pictures.Save(QStringLiteral("principal-tres-letras"));
+    ShowKeyboard(pictures, form);
+    ShowViewers(pictures, {1, 2, 3});
+    ShowEntry(pictures, form);
+    ShowSetlist(pictures, catalogue);
+    form.close();
+}
 
-    void ShowMany(Pictures & pictures)
-    {
-        const TestCatalogue catalogue;
-        AddManySongs(catalogue);
-        Principal form(catalogue.Path());
-        form.Form_Load(QString());
-        form.show();
-        QTest::qWait(SearchMs);
-        pictures.Save(QStringLiteral("principal-20000"));
-        frmVisualizar* viewer = Open(ManySongs / 2);
-        Click(*viewer, QStringLiteral("cmbLista"));
-        pictures.Save(QStringLiteral("visualizador-categoria-aberta"));
-        viewer->close();
-        form.close();
+void AddManySongs(const TestCatalogue& catalogue)
+{
+    const qint64 theme = catalogue.AddTheme(QStringLiteral("Louvor"), 1);
+    SongGenerator generator(1);
+    QString insert = QStringLiteral("BEGIN;");
+    for (int id = 1; id <= ManySongs; ++id) {
+        const GeneratedSong song = generator.Next();
+        insert += QStringLiteral("INSERT INTO MUSICA (TITULO, REFERENCIA, MUSICA, TOM, VARIACAO, "
+                                 "CATEGORIA, CONTADOR) VALUES ('%1','%2','%3','%4','%5',%6,%7);"
+                                 "INSERT INTO TEMA_MUSICA VALUES (%8,%9);")
+                      .arg(song.title, song.reference, song.text, song.key, song.variation)
+                      .arg(song.category)
+                      .arg(song.count)
+                      .arg(id)
+                      .arg(theme);
     }
+    catalogue.Run(insert + u"COMMIT;");
+}
+
+/// Both suggestion lists, with nothing to suggest and with many.
+void ShowSuggestions(Pictures& pictures, frmPrincipal& form)
+{
+    form.mnuCadastro_Click();
+    const auto type = [&](const QString& name, const QString& text, const QString& picture) {
+        auto* box = form.findChild<QLineEdit*>(name);
+        box->setFocus();
+        QTest::keyClicks(box, text);
+        pictures.Save(picture);
+    };
+    type(QStringLiteral("txtCadTitulo"), QStringLiteral("a"), QStringLiteral("sugestoes-titulo"));
+    type(QStringLiteral("txtCadTitulo"), QStringLiteral("zzz"),
+         QStringLiteral("sugestoes-titulo-nenhuma"));
+    type(QStringLiteral("txtCadReferencia"), QStringLiteral("c"),
+         QStringLiteral("sugestoes-referencia"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+    pictures.Save(QStringLiteral("sugestoes-referencia-escolha"));
+}
+
+void ShowMany(Pictures& pictures)
+{
+    const TestCatalogue catalogue;
+    AddManySongs(catalogue);
+    Principal form(catalogue.Path());
+    form.Form_Load(QString());
+    form.show();
+    QTest::qWait(SearchMs);
+    pictures.Save(QStringLiteral("principal-20000"));
+    frmVisualizar* viewer = Open(ManySongs / 2);
+    Click(*viewer, QStringLiteral("cmbLista"));
+    pictures.Save(QStringLiteral("visualizador-categoria-aberta"));
+    viewer->close();
+    ShowSuggestions(pictures, form);
+    form.close();
+}
 
 } // namespace
 

@@ -124,10 +124,12 @@ std::vector<const SongRow*> SongShelf::Find(const SongSearch& search)
     }
     std::vector<const SongRow*> rows;
     rows.reserve(static_cast<std::size_t>(std::count(marks.begin(), marks.end(), 1)));
-    for (const SongTable::Place place : m_songs.InOrder(search.mostPlayedFirst)) {
+    for (const SongTable::Place place : m_songs.InOrder(search.order)) {
         if (marks[place] != 0)
             rows.push_back(m_songs.At(place));
     }
+    if (search.eachReferenceOnce)
+        TitleOrder::KeepEachReferenceOnce(rows);
     return rows;
 }
 
