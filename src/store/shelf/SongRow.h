@@ -21,8 +21,6 @@ struct SongRow
     Text reference;
     Text key;
     Text variation;
-    std::string_view titleBases; ///< Fold::Bases
-    std::string_view referenceBases;
 };
 
 /// Songs of one reading of the catalogue. A song that changes is added anew, the old one stays for

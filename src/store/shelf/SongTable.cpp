@@ -20,8 +20,11 @@ void SongTable::Arrange()
     if (!std::is_sorted(m_rows.begin(), m_rows.end(), byId))
         std::sort(m_rows.begin(), m_rows.end(), byId);
     m_ids.reserve(m_rows.size());
-    for (const SongRow* row : m_rows)
+    m_categories.reserve(m_rows.size());
+    for (const SongRow* row : m_rows) {
         m_ids.push_back(row->id);
+        m_categories.push_back(row->category);
+    }
     m_byTitle = TitleOrder::Sorted(m_rows);
 }
 
@@ -56,11 +59,13 @@ bool SongTable::Put(const SongRow& row)
         place = Places();
         m_ids.push_back(row.id);
         m_rows.push_back(nullptr);
+        m_categories.emplace_back();
     }
     Remove(row.id);
     const SongRow& kept = m_pile->rows.emplace_back(row);
     m_byTitle.insert(PlaceInOrder(kept), place);
     m_rows[place] = &kept;
+    m_categories[place] = kept.category;
     return true;
 }
 
@@ -72,6 +77,7 @@ void SongTable::Remove(qint64 id)
     m_byCount.clear();
     m_byTitle.erase(PlaceInOrder(*m_rows[place]));
     m_rows[place] = nullptr;
+    m_categories[place].reset();
 }
 
 const std::vector<SongTable::Place>& SongTable::InOrder(bool mostPlayedFirst)
@@ -89,5 +95,6 @@ const std::vector<SongTable::Place>& SongTable::InOrder(bool mostPlayedFirst)
 
 std::size_t SongTable::Size() const noexcept
 {
-    return m_pile->Size() + m_rows.size() * (sizeof(void*) + sizeof(qint64) + 2 * sizeof(Place));
+    return m_pile->Size() + m_rows.size() * (sizeof(void*) + sizeof(qint64) +
+                                             sizeof(SongRow::Number) + 2 * sizeof(Place));
 }
