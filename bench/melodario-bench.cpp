@@ -51,6 +51,7 @@ int main(int argc, char* argv[])
     Scale scale = names.removeAll(u"--short"_qs) > 0 ? ShortScale() : Scale();
     if (names.removeAll(u"--100000"_qs) > 0)
         scale.songs = 100000;
+    scale.withNaiveSearch = names.removeAll(u"--without-naive"_qs) == 0;
 
     ReadProcessorTime = names.removeAll(u"--processor-time"_qs) > 0;
 

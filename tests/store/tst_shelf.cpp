@@ -135,7 +135,8 @@ void tst_shelf::readsAChangedSongAlone()
     QCOMPARE(Runs(OneSong), 3);
     QCOMPARE(Runs(AllSongs), 0);
     QCOMPARE(Runs(Lyrics), 0);
-    QVERIFY(shelf.Size() < size + 4096);
+    // Three songs and the block of texts that they may begin; all songs once more take 40 KiB.
+    QVERIFY(shelf.Size() < size + 12 * 1024);
 }
 
 void tst_shelf::readsAllAfterManyChanges()

@@ -22,6 +22,7 @@ struct SongRow
     Text reference;
     Text key;
     Text variation;
+
     /// @return "title - reference"; what is missing is empty
     std::string Label() const
     {
@@ -29,9 +30,6 @@ struct SongRow
         label.append(title.value_or(std::string_view())).append(" - ");
         return label.append(reference.value_or(std::string_view()));
     }
-
-    std::string_view titleBases; ///< Fold::Bases
-    std::string_view referenceBases;
 };
 
 /// Songs of one reading of the catalogue. A song that changes is added anew, the old one stays for

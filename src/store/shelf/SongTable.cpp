@@ -18,8 +18,11 @@ void SongTable::Arrange()
     if (!std::is_sorted(m_rows.begin(), m_rows.end(), byId))
         std::sort(m_rows.begin(), m_rows.end(), byId);
     m_ids.reserve(m_rows.size());
-    for (const SongRow* row : m_rows)
+    m_categories.reserve(m_rows.size());
+    for (const SongRow* row : m_rows) {
         m_ids.push_back(row->id);
+        m_categories.push_back(row->category);
+    }
     for (Order* order : {&m_byTitle, &m_byLabel, &m_byReference})
         order->isKept = false;
     Sorted(m_byTitle);
@@ -64,6 +67,7 @@ bool SongTable::Put(const SongRow& row)
         place = Places();
         m_ids.push_back(row.id);
         m_rows.push_back(nullptr);
+        m_categories.emplace_back();
     }
     Remove(row.id);
     const SongRow& kept = m_pile->rows.emplace_back(row);
@@ -72,6 +76,7 @@ bool SongTable::Put(const SongRow& row)
             order->places.insert(PlaceInOrder(*order, kept), place);
     }
     m_rows[place] = &kept;
+    m_categories[place] = kept.category;
     return true;
 }
 
@@ -86,6 +91,7 @@ void SongTable::Remove(qint64 id)
             order->places.erase(PlaceInOrder(*order, *m_rows[place]));
     }
     m_rows[place] = nullptr;
+    m_categories[place].reset();
 }
 
 const std::vector<SongTable::Place>& SongTable::InOrder(SongSearch::Order order)
@@ -112,5 +118,6 @@ const std::vector<SongTable::Place>& SongTable::InOrder(SongSearch::Order order)
 
 std::size_t SongTable::Size() const noexcept
 {
-    return m_pile->Size() + m_rows.size() * (sizeof(void*) + sizeof(qint64) + 4 * sizeof(Place));
+    return m_pile->Size() + m_rows.size() * (sizeof(void*) + sizeof(qint64) +
+                                             sizeof(SongRow::Number) + 4 * sizeof(Place));
 }

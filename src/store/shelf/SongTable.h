@@ -38,6 +38,9 @@ public:
     /// @return the song, or nullptr at an empty place
     const SongRow* At(Place place) const { return m_rows[place]; }
 
+    /// @return the category of the song at a place; nothing at an empty one.
+    const SongRow::Number& CategoryAt(Place place) const { return m_categories[place]; }
+
     /// @return the ID of the song that is or was at a place.
     qint64 IdAt(Place place) const { return m_ids[place]; }
 
@@ -70,6 +73,7 @@ private:
     std::shared_ptr<SongPile> m_pile;
     std::vector<const SongRow*> m_rows;
     std::vector<qint64> m_ids;
+    std::vector<SongRow::Number> m_categories; ///< apart: every search asks for all of them
     Order m_byTitle{TitleOrder::Key::Title, {}, false};
     Order m_byLabel{TitleOrder::Key::Label, {}, false};         ///< once somebody asked
     Order m_byReference{TitleOrder::Key::Reference, {}, false}; ///< once somebody asked
