@@ -305,7 +305,7 @@ void tst_lista_grade::accessKeysAnswer()
             if (tecla == u' ')
                 QTest::keyClick(dialogo.focusWidget(), Qt::Key_Space);
             else
-                QTest::keyClick(&dialogo, tecla.toLatin1(), Qt::AltModifier);
+                QTest::keyClick(&dialogo, static_cast<Qt::Key>(tecla.unicode()), Qt::AltModifier);
         }
         // A single button answers by itself, with the short animation of a press.
         QTRY_VERIFY(!dialogo.isVisible());
