@@ -52,6 +52,8 @@ private slots:
     void matches();
     void agreesWithItsPlainMeaning();
     void decidesByBasesAsByText();
+    void matchesBeginWithTheStart_data();
+    void matchesBeginWithTheStart();
     void staysFastWithManySigns();
     void longPartsAgreeWithTheirPlainMeaning();
     void staysFastWithLongParts_data();
@@ -179,8 +181,11 @@ void tst_like::agreesWithItsPlainMeaning()
         const bool expected = PlainMatches(letters.data(), letters.data() + letters.size(),
                                            signs.data(), signs.data() + signs.size());
         matched += expected ? 1 : 0;
-        if (Like(pattern).Matches(text) != expected)
+        const Like like(pattern);
+        if (like.Matches(text) != expected)
             QFAIL(("'" + text + "' by '" + pattern + "'").c_str());
+        if (expected && Fold::Bases(text).rfind(like.Start(), 0) != 0)
+            QFAIL(("'" + text + "' does not begin like '" + pattern + "'").c_str());
     }
     QVERIFY2(matched > 5000 && matched < 55000, qPrintable(QString::number(matched)));
 }
@@ -196,6 +201,27 @@ void tst_like::decidesByBasesAsByText()
         if (like.Matches(text) != like.Matches(text, Fold::Bases(text)))
             QFAIL(("'" + text + "' by '" + pattern + "'").c_str());
     }
+}
+
+void tst_like::matchesBeginWithTheStart_data()
+{
+    QTest::addColumn<QString>("pattern");
+    QTest::addColumn<QString>("start");
+    QTest::newRow("letters") << u"Luz%"_qs << u"luz"_qs;
+    QTest::newRow("accents") << u"Água%"_qs << u"agua"_qs;
+    QTest::newRow("a part") << u"%luz%"_qs << QString();
+    QTest::newRow("one character") << u"lu_z%"_qs << u"lu"_qs;
+    QTest::newRow("a set") << u"l[uo]z%"_qs << u"l"_qs;
+    QTest::newRow("an open bracket") << u"[vivo%"_qs << u"[vivo"_qs;
+    QTest::newRow("a whole text") << u"Luz"_qs << u"luz"_qs;
+    QTest::newRow("nothing") << QString() << QString();
+}
+
+void tst_like::matchesBeginWithTheStart()
+{
+    QFETCH(QString, pattern);
+    QFETCH(QString, start);
+    QCOMPARE(Like(pattern.toStdString()).Start(), start.toStdString());
 }
 
 void tst_like::staysFastWithManySigns()

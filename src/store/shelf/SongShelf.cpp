@@ -2,6 +2,7 @@
 
 #include "runtime/RuntimeError.h"
 #include "store/shelf/SongView.h"
+#include "store/shelf/TextStart.h"
 #include "store/sqlite/LockPatience.h"
 #include "store/sqlite/ReadSnapshot.h"
 
@@ -95,6 +96,11 @@ std::vector<char> SongShelf::Candidates(const SongSearch& search)
     if (search.links)
         m_links.Mark(marks, m_songs, search.links->themes);
     const std::vector<Condition> conditions = Conditions(search, false);
+    for (const Condition& condition : conditions)
+        TextStart::Unmark(marks,
+                          condition.field == Field::Title ? m_songs.TitleStarts()
+                                                          : m_songs.ReferenceStarts(),
+                          condition.like.Start());
     const auto fits = [&](const SongRow& song) {
         if (search.categories &&
             (!song.category || !std::binary_search(search.categories->begin(),

@@ -1,5 +1,7 @@
 #include "store/shelf/SongTable.h"
 
+#include "store/shelf/TextStart.h"
+
 #include <algorithm>
 
 SongTable::SongTable()
@@ -18,8 +20,11 @@ void SongTable::Arrange()
     if (!std::is_sorted(m_rows.begin(), m_rows.end(), byId))
         std::sort(m_rows.begin(), m_rows.end(), byId);
     m_ids.reserve(m_rows.size());
-    for (const SongRow* row : m_rows)
+    for (const SongRow* row : m_rows) {
         m_ids.push_back(row->id);
+        m_titleStarts.push_back(TextStart::Of(row->titleBases));
+        m_referenceStarts.push_back(TextStart::Of(row->referenceBases));
+    }
     for (Order* order : {&m_byTitle, &m_byLabel, &m_byReference})
         order->isKept = false;
     Sorted(m_byTitle);
@@ -64,6 +69,8 @@ bool SongTable::Put(const SongRow& row)
         place = Places();
         m_ids.push_back(row.id);
         m_rows.push_back(nullptr);
+        m_titleStarts.push_back(0);
+        m_referenceStarts.push_back(0);
     }
     Remove(row.id);
     const SongRow& kept = m_pile->rows.emplace_back(row);
@@ -72,6 +79,8 @@ bool SongTable::Put(const SongRow& row)
             order->places.insert(PlaceInOrder(*order, kept), place);
     }
     m_rows[place] = &kept;
+    m_titleStarts[place] = TextStart::Of(kept.titleBases);
+    m_referenceStarts[place] = TextStart::Of(kept.referenceBases);
     return true;
 }
 
@@ -112,5 +121,6 @@ const std::vector<SongTable::Place>& SongTable::InOrder(SongSearch::Order order)
 
 std::size_t SongTable::Size() const noexcept
 {
-    return m_pile->Size() + m_rows.size() * (sizeof(void*) + sizeof(qint64) + 4 * sizeof(Place));
+    return m_pile->Size() +
+           m_rows.size() * (sizeof(void*) + 3 * sizeof(qint64) + 4 * sizeof(Place));
 }

@@ -43,6 +43,11 @@ public:
 
     Place PlaceOf(qint64 id) const;
 
+    /// TextStart::Of the bases of all titles and references, by place; of any number at an empty
+    /// place.
+    const std::vector<std::uint64_t>& TitleStarts() const noexcept { return m_titleStarts; }
+    const std::vector<std::uint64_t>& ReferenceStarts() const noexcept { return m_referenceStarts; }
+
     /// @return the places of all songs in an order.
     const std::vector<Place>& InOrder(SongSearch::Order order);
 
@@ -70,6 +75,8 @@ private:
     std::shared_ptr<SongPile> m_pile;
     std::vector<const SongRow*> m_rows;
     std::vector<qint64> m_ids;
+    std::vector<std::uint64_t> m_titleStarts;
+    std::vector<std::uint64_t> m_referenceStarts;
     Order m_byTitle{TitleOrder::Key::Title, {}, false};
     Order m_byLabel{TitleOrder::Key::Label, {}, false};         ///< once somebody asked
     Order m_byReference{TitleOrder::Key::Reference, {}, false}; ///< once somebody asked

@@ -307,6 +307,17 @@ bool Like::MatchesFully(std::string_view text) const
     return MatchesRest(letters.data(), letters.size());
 }
 
+std::string Like::Start() const
+{
+    std::string start;
+    for (const Item& item : m_parts.front()) {
+        if (item.kind != Item::Exact)
+            break;
+        Fold::AppendBase(start, item.letter);
+    }
+    return start;
+}
+
 bool Like::Matches(std::string_view text) const
 {
     // A start to compare with is cheaper than the bases of a long text.

@@ -38,6 +38,9 @@ public:
     /// @return bases that every match contains.
     const std::string& Needle() const noexcept { return m_needle.Needle(); }
 
+    /// @return bases that every match begins with.
+    std::string Start() const;
+
     /// @return true when every text that may match does.
     bool IsDecidedByBases() const noexcept { return m_needleDecides; }
 
