@@ -1,6 +1,7 @@
 #include "CadastroTeste.h"
 
 #include "chords/Notas.h"
+#include "controls/Appearance.h"
 #include "runtime/RuntimeError.h"
 
 #include <QLabel>
@@ -11,6 +12,8 @@ class tst_cadastro : public CadastroTeste
     Q_OBJECT
 
 private slots:
+    void initTestCase() { Appearance::Apply(*qApp); }
+
     void newSongIsEmpty();
     void newSongAsksForItsLists();
     void storedSongIsShown();
