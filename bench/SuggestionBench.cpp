@@ -1,4 +1,4 @@
-// The suggestions of the entry panel: from a letter typed to the filled and to the painted list.
+// The suggestions of the entry panel: from a letter typed to the painted list.
 
 #include "Benches.h"
 #include "controls/ListBox.h"
@@ -44,28 +44,17 @@ void Measure(const Suggestion& suggestion, const Scale& scale, MainForm& form, R
                         QString(suggestion.letter));
         QCoreApplication::sendEvent(&box, &press);
     };
-    const auto fill = [&] {
-        box.setText(QString::fromUtf16(suggestion.before));
-        PaintCounter::Settle();
-        return Timed(type);
-    };
     const auto paint = [&] {
         box.setText(QString::fromUtf16(suggestion.before));
         return painted.UntilPainted(type);
     };
     const auto repaint = [&] { return painted.Bare(form); };
-    const auto times = Interleaved(scale.Rounds(Rounds), {fill, paint, repaint});
+    const auto times = Interleaved(scale.Rounds(Rounds), {paint, repaint});
     const QString text = QString::fromUtf16(suggestion.before) + suggestion.letter;
-    const QString hits = u"%1 %2 (%3)"_qs.arg(QStringView(suggestion.column), text,
-                                              QString::number(list.ListCount()));
-    const auto aim = [&](double ratio) {
-        return suggestion.isTyped ? Aim{Aim::AtMost, ratio} : Aim{};
-    };
-    table.Add(u"letter to filled suggestions, "_qs + hits, times[0], u"repaint of the form"_qs,
-              times[2], aim(1));
-    // The list's own painting comes on top, and what shines through at its corners.
-    table.Add(u"letter to painted suggestions, "_qs + hits, times[1], u"repaint of the form"_qs,
-              times[2], aim(2));
+    const QString work = u"letter to painted suggestions, %1 %2 (%3)"_qs.arg(
+        QStringView(suggestion.column), text, QString::number(list.ListCount()));
+    table.Add(work, times[0], u"repaint of the form"_qs, times[1],
+              suggestion.isTyped ? Aim{Aim::AtMost, 1} : Aim{});
 }
 
 } // namespace
