@@ -71,10 +71,12 @@ PainelPesquisa::PainelPesquisa(QWidget* parent)
     ui->Label3->setForegroundRole(QPalette::PlaceholderText);
     ui->lstTema->setMode(ListBox::CheckBoxes);
     ui->lblResultado->setKeyboardReachable(true);
-    // Room for any count: the line below the list must not be laid out anew at every search.
+    // Room for any count, and none to give: with a size of its own the panel is not laid out anew
+    // twice at every search.
     ui->lblResultado->ensurePolished();
-    ui->lblResultado->setMinimumWidth(
-        ui->lblResultado->fontMetrics().horizontalAdvance(Texto_Contagem(88888)));
+    ui->lblResultado->setFixedSize(
+        ui->lblResultado->fontMetrics().horizontalAdvance(Texto_Contagem(8888888)),
+        ui->lblResultado->sizeHint().height());
 }
 
 PainelPesquisa::~PainelPesquisa() = default;
