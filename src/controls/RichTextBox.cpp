@@ -1,6 +1,7 @@
 #include "controls/RichTextBox.h"
 
 #include "controls/Appearance.h"
+#include "controls/PastedText.h"
 #include "controls/RtfReader.h"
 #include "controls/RtfWriter.h"
 #include "controls/SheetLayout.h"
@@ -8,6 +9,7 @@
 #include <QCoreApplication>
 #include <QFontDatabase>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QPalette>
 #include <QResizeEvent>
 #include <QScrollBar>
@@ -145,6 +147,27 @@ void RichTextBox::keyPressEvent(QKeyEvent* event)
     textCursor().insertBlock();
     ensureCursorVisible();
     event->accept();
+}
+
+QMimeData* RichTextBox::createMimeDataFromSelection() const
+{
+    auto* clipboard = new QMimeData; // whoever asked owns it
+    clipboard->setText(textCursor().selectedText().replace(QChar::ParagraphSeparator, u'\n'));
+    return clipboard;
+}
+
+void RichTextBox::insertFromMimeData(const QMimeData* source)
+{
+    if (!source || isReadOnly())
+        return;
+    textCursor().insertText(PastedText(*source));
+    ensureCursorVisible();
+}
+
+void RichTextBox::focusInEvent(QFocusEvent* event)
+{
+    QTextEdit::focusInEvent(event);
+    emit GotFocus();
 }
 
 /// Replaces the content in one edit, so that it is laid out once, piece after piece: formatting a

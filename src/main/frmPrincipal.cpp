@@ -94,6 +94,7 @@ void frmPrincipal::Liga_Eventos()
         ConnectHandler(painel, &Painel::Click, this, &frmPrincipal::pctFrame_Click);
     ConnectUnattended(Timer1, &QTimer::timeout, this, &frmPrincipal::Timer1_Timer);
     ui->pctFrame_0->Liga_Eventos(*this);
+    ui->pctFrame_2->Liga_Eventos(*this);
 }
 
 void frmPrincipal::Form_Load(const QString& linha_comando)
@@ -101,7 +102,7 @@ void frmPrincipal::Form_Load(const QString& linha_comando)
     Posiciona();
     for (Painel* painel : pctFrame)
         painel->Mostra(false);
-    pctFrame[Pesquisa]->Mostra(true);
+    pctFrame[QuadroPesquisa]->Mostra(true);
     ui->pctTeclado->hide();
     setWindowTitle(u"Melodario v." % Version::ToText());
     Conecta_Banco();
@@ -125,7 +126,7 @@ void frmPrincipal::Posiciona()
 
 void frmPrincipal::Mostra_Painel(Indice indice)
 {
-    for (int i = 0; i < Paineis; ++i)
+    for (int i = 0; i < Quadros; ++i)
         pctFrame[static_cast<std::size_t>(i)]->Mostra(i == indice);
 }
 
@@ -133,7 +134,7 @@ void frmPrincipal::mnuPesquisa_Click()
 {
     if (!Verifica_Modificacoes())
         return;
-    Mostra_Painel(Pesquisa);
+    Mostra_Painel(QuadroPesquisa);
     ui->pctFrame_0->Foca_Titulo();
 }
 
@@ -142,14 +143,14 @@ void frmPrincipal::mnuCadastro_Click()
     if (!Verifica_Modificacoes())
         return;
     Inicializa_Cadastro(0);
-    Mostra_Painel(Cadastro);
+    Mostra_Painel(QuadroCadastro);
     ui->pctFrame_2->Foca_Titulo();
 }
 
 void frmPrincipal::mnuLista_Click()
 {
     Inicializa_Lista();
-    Mostra_Painel(Lista);
+    Mostra_Painel(QuadroLista);
     ui->pctFrame_1->Foca_Nome();
 }
 
@@ -194,6 +195,11 @@ void frmPrincipal::Reinicia_Timer1()
 {
     Timer1->stop();
     Timer1->start();
+}
+
+void frmPrincipal::Pesquisa()
+{
+    ui->pctFrame_0->Pesquisa();
 }
 
 void frmPrincipal::Executa_Comando(const QString& comando)

@@ -78,7 +78,7 @@ void tst_fundo::clickBesideTheBackgroundKeepsTheKeyboard_data()
     QTest::newRow("a label of the setlists")
         << QByteArray("mnuLista") << 1 << QByteArray("lblEmBreve");
     QTest::newRow("a label of the song entry")
-        << QByteArray("mnuCadastro") << 2 << QByteArray("lblEmBreve");
+        << QByteArray("mnuCadastro") << 2 << QByteArray("lblCadDica");
 }
 
 void tst_fundo::clickBesideTheBackgroundKeepsTheKeyboard()

@@ -10,7 +10,9 @@
 #include "support/TestCatalogue.h"
 #include "viewer/frmVisualizar.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QLineEdit>
 #include <QLocale>
@@ -18,7 +20,9 @@
 #include <QScreen>
 #include <QTest>
 #include <QTextStream>
+#include <QTimer>
 
+#include <functional>
 #include <utility>
 
 namespace {
@@ -27,7 +31,7 @@ constexpr int ManySongs = 20000;
 constexpr int PaintMs = 400;   // a window manager maps, paints and raises within this
 constexpr int SearchMs = 1200; // the clock of the search and the search itself
 
-class Pictures
+class Pictures : public QObject
 {
 public:
     explicit Pictures(QString folder)
@@ -117,6 +121,104 @@ void ShowViewers(Pictures& pictures, const QList<qint64>& songs)
     }
 }
 
+/// Does something that opens a box, and takes the box's picture before closing it.
+void SaveBox(Pictures& pictures, const QString& name, const std::function<void()>& open)
+{
+    QTimer::singleShot(0, &pictures, [&pictures, name] {
+        pictures.Save(name);
+        if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+            box->reject();
+    });
+    open();
+}
+
+void SaveFailedSave(Pictures& pictures, QWidget& form, const QString& name)
+{
+    SaveBox(pictures, name, [&form] { Click(form, QStringLiteral("cmdCadSalvar")); });
+}
+
+/// The entry panel: for a new song with each box that a save answers, and with a stored song.
+void ShowEntry(Pictures& pictures, Principal& form)
+{
+    const auto box = [&form](const char* name) {
+        auto* found = form.findChild<QWidget*>(QString::fromLatin1(name));
+        found->setFocus();
+        return found;
+    };
+    const auto checkTheme = [&form](int row) {
+        auto* themes = form.findChild<QAbstractItemView*>(QStringLiteral("lstCadTema"));
+        QTest::mouseClick(themes->viewport(), Qt::LeftButton, {},
+                          themes->visualRect(themes->model()->index(row, 0)).center());
+    };
+    form.mnuCadastro_Click();
+    pictures.Save(QStringLiteral("cadastro-nova"));
+    SaveFailedSave(pictures, form, QStringLiteral("cadastro-sem-titulo"));
+    QTest::keyClicks(box("txtCadTitulo"), QStringLiteral("Peixe vivo de novo"));
+    SaveFailedSave(pictures, form, QStringLiteral("cadastro-sem-referencia"));
+    QTest::keyClicks(box("txtCadReferencia"), QStringLiteral("Tradicional"));
+    SaveFailedSave(pictures, form, QStringLiteral("cadastro-sem-letra"));
+    QTest::keyClicks(box("txtCadLetra_0"), QStringLiteral("C     G7"));
+    QTest::keyClick(box("txtCadLetra_0"), Qt::Key_Return);
+    QTest::keyClicks(box("txtCadLetra_0"), QStringLiteral("Como pode"));
+    SaveFailedSave(pictures, form, QStringLiteral("cadastro-sem-tema"));
+    SaveBox(pictures, QStringLiteral("cadastro-novo-tema"),
+            [&form] { Click(form, QStringLiteral("cmdCadTema")); });
+    checkTheme(0);
+    SaveFailedSave(pictures, form, QStringLiteral("cadastro-guardada"));
+    form.Inicializa_Cadastro(2);
+    pictures.Save(QStringLiteral("cadastro-carregada"));
+    Click(form, QStringLiteral("lblMostraMusica_1"));
+    pictures.Save(QStringLiteral("cadastro-versao-2"));
+    SaveBox(pictures, QStringLiteral("cadastro-excluir"),
+            [&form] { Click(form, QStringLiteral("cmdExcluir")); });
+}
+
+void DoubleClick(QWidget& form, const char* view, int row)
+{
+    auto* rows = form.findChild<QAbstractItemView*>(QString::fromLatin1(view));
+    const QPoint place = rows->visualRect(rows->model()->index(row, 0)).center();
+    QTest::mouseClick(rows->viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(rows->viewport(), Qt::LeftButton, {}, place);
+}
+
+/// The setlist panel: empty, in use, and with each box that it asks with.
+void ShowSetlists(Pictures& pictures, Principal& form)
+{
+    form.mnuLista_Click();
+    pictures.Save(QStringLiteral("lista-vazia"));
+    SaveBox(pictures, QStringLiteral("lista-sem-nome"),
+            [&form] { Click(form, QStringLiteral("cmdSalvar")); });
+    const auto store = [&form](const QString& name, const QString& date) {
+        for (const auto& [box, text] : {std::pair{"txtNome", name}, std::pair{"txtData", date}}) {
+            auto* edit = form.findChild<QLineEdit*>(QString::fromLatin1(box));
+            edit->selectAll();
+            QTest::keyClicks(edit, text);
+        }
+        for (const int row : {2, 0, 3})
+            DoubleClick(form, "lstMusicasLista", row);
+        QTimer::singleShot(PaintMs, &form, [] {
+            if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+                box->reject();
+        });
+        Click(form, QStringLiteral("cmdSalvar"));
+    };
+    store(QStringLiteral("Ensaio de quinta"), QStringLiteral("05032009"));
+    store(QStringLiteral("Culto de domingo"), QStringLiteral("08032009"));
+    store(QStringLiteral("Natal"), QStringLiteral("24122008"));
+    SaveBox(pictures, QStringLiteral("lista-mensagem"),
+            [&form] { DoubleClick(form, "lstLista", 1); });
+    QTimer::singleShot(
+        0, &form, [] { Click(*QApplication::activeModalWidget(), QStringLiteral("cmdEditar")); });
+    DoubleClick(form, "lstLista", 1);
+    DoubleClick(form, "lstMusicasLista", 1);
+    auto* chosen = form.findChild<QAbstractItemView*>(QStringLiteral("lstMusicasSelecionadas"));
+    QTest::mouseClick(chosen->viewport(), Qt::LeftButton, {},
+                      chosen->visualRect(chosen->model()->index(1, 0)).center());
+    pictures.Save(QStringLiteral("lista-editada"));
+    SaveBox(pictures, QStringLiteral("lista-descartar"),
+            [&form] { Click(form, QStringLiteral("cmdLimpar")); });
+}
+
 void ShowDelivered(Pictures& pictures, const QString& catalogue)
 {
     Principal form(catalogue);
@@ -132,6 +234,8 @@ void ShowDelivered(Pictures& pictures, const QString& catalogue)
     Type(form, QStringLiteral("pei"));
     pictures.Save(QStringLiteral("principal-tres-letras"));
     ShowViewers(pictures, {1, 2, 3});
+    ShowEntry(pictures, form);
+    ShowSetlists(pictures, form);
     form.close();
 }
 
