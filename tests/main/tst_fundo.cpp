@@ -79,7 +79,7 @@ void tst_fundo::clickBesideTheBackgroundKeepsTheKeyboard_data()
     for (const char* rotulo : {"lblTitulo", "lblTema", "Label3", "lblResultado", "fraAlfa"})
         QTest::newRow(rotulo) << QByteArray("mnuPesquisa") << 0 << QByteArray(rotulo);
     QTest::newRow("a label of the setlists")
-        << QByteArray("mnuLista") << 1 << QByteArray("lblEmBreve");
+        << QByteArray("mnuLista") << 1 << QByteArray("lblDica");
     QTest::newRow("a label of the song entry")
         << QByteArray("mnuCadastro") << 2 << QByteArray("lblCadDica");
 }

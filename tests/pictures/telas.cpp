@@ -217,6 +217,52 @@ void ShowSetlist(Pictures& pictures, const QString& catalogue)
     QTest::qWait(PaintMs);
 }
 
+void DoubleClick(QWidget& form, const char* view, int row)
+{
+    auto* rows = form.findChild<QAbstractItemView*>(QString::fromLatin1(view));
+    const QPoint place = rows->visualRect(rows->model()->index(row, 0)).center();
+    QTest::mouseClick(rows->viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(rows->viewport(), Qt::LeftButton, {}, place);
+}
+
+/// The setlist panel: empty, in use, and with each box that it asks with.
+void ShowSetlists(Pictures& pictures, Principal& form)
+{
+    form.mnuLista_Click();
+    pictures.Save(QStringLiteral("lista-vazia"));
+    SaveBox(pictures, QStringLiteral("lista-sem-nome"),
+            [&form] { Click(form, QStringLiteral("cmdSalvar")); });
+    const auto store = [&form](const QString& name, const QString& date) {
+        for (const auto& [box, text] : {std::pair{"txtNome", name}, std::pair{"txtData", date}}) {
+            auto* edit = form.findChild<QLineEdit*>(QString::fromLatin1(box));
+            edit->selectAll();
+            QTest::keyClicks(edit, text);
+        }
+        for (const int row : {2, 0, 3})
+            DoubleClick(form, "lstMusicasLista", row);
+        QTimer::singleShot(PaintMs, &form, [] {
+            if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+                box->reject();
+        });
+        Click(form, QStringLiteral("cmdSalvar"));
+    };
+    store(QStringLiteral("Ensaio de quinta"), QStringLiteral("05032009"));
+    store(QStringLiteral("Culto de domingo"), QStringLiteral("08032009"));
+    store(QStringLiteral("Natal"), QStringLiteral("24122008"));
+    SaveBox(pictures, QStringLiteral("lista-mensagem"),
+            [&form] { DoubleClick(form, "lstLista", 1); });
+    QTimer::singleShot(
+        0, &form, [] { Click(*QApplication::activeModalWidget(), QStringLiteral("cmdEditar")); });
+    DoubleClick(form, "lstLista", 1);
+    DoubleClick(form, "lstMusicasLista", 1);
+    auto* chosen = form.findChild<QAbstractItemView*>(QStringLiteral("lstMusicasSelecionadas"));
+    QTest::mouseClick(chosen->viewport(), Qt::LeftButton, {},
+                      chosen->visualRect(chosen->model()->index(1, 0)).center());
+    pictures.Save(QStringLiteral("lista-editada"));
+    SaveBox(pictures, QStringLiteral("lista-descartar"),
+            [&form] { Click(form, QStringLiteral("cmdLimpar")); });
+}
+
 void ShowDelivered(Pictures& pictures, const QString& catalogue)
 {
     Principal form(catalogue);
@@ -235,6 +281,7 @@ void ShowDelivered(Pictures& pictures, const QString& catalogue)
     ShowViewers(pictures, {1, 2, 3});
     ShowEntry(pictures, form);
     ShowSetlist(pictures, catalogue);
+    ShowSetlists(pictures, form);
     form.close();
 }
 
