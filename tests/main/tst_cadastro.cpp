@@ -98,12 +98,18 @@ void tst_cadastro::storedSongIsAskedForAsGiven()
     Carrega();
     m_form->Inicializa_Cadastro(static_cast<double>(id));
     QCOMPARE(m_comandos,
-             QStringList({u"SELECT * FROM TOM ORDER BY ORDEM"_qs,
-                          u"SELECT * FROM MUSICA WHERE ID = 01"_qs,
-                          u"SELECT ID, NOTA FROM TOM ORDER BY ORDEM"_qs,
-                          u"SELECT ID, NOMENCLATURA FROM VARIACAO ORDER BY ID"_qs,
-                          u"SELECT * FROM TEMA_MUSICA WHERE ID_MUSICA = 01"_qs,
-                          u"SELECT * FROM TEMA ORDER BY TEMA.ORDEM, TEMA.DESCRICAO"_qs}));
+             QStringList(
+                 {u"SELECT * FROM TOM ORDER BY ORDEM"_qs, u"SELECT * FROM MUSICA WHERE ID = 01"_qs,
+                  // the boxes' changes ask for suggestions
+                  u"SELECT ID, TITULO & ' - ' & REFERENCIA FROM MUSICA WHERE TITULO LIKE '"_qs +
+                      Acha<QLineEdit>("txtCadTitulo")->text() +
+                      u"%' ORDER BY TITULO & ' - ' & REFERENCIA"_qs,
+                  u"SELECT DISTINCT 1, REFERENCIA FROM MUSICA WHERE REFERENCIA LIKE '"_qs +
+                      Acha<QLineEdit>("txtCadReferencia")->text() + u"%' ORDER BY REFERENCIA"_qs,
+                  u"SELECT ID, NOTA FROM TOM ORDER BY ORDEM"_qs,
+                  u"SELECT ID, NOMENCLATURA FROM VARIACAO ORDER BY ID"_qs,
+                  u"SELECT * FROM TEMA_MUSICA WHERE ID_MUSICA = 01"_qs,
+                  u"SELECT * FROM TEMA ORDER BY TEMA.ORDEM, TEMA.DESCRICAO"_qs}));
     QVERIFY(!Funcoes::Consulta.IsOpen());
 }
 
