@@ -7,6 +7,7 @@
 
 void BenchFill(const Scale& scale, ResultTable& table);
 void BenchSearch(const Scale& scale, ResultTable& table);
+void BenchSuggestions(const Scale& scale, ResultTable& table);
 void BenchTyping(const Scale& scale, ResultTable& table);
 void BenchChords(const Scale& scale, ResultTable& table);
 void BenchViewer(const Scale& scale, ResultTable& table);

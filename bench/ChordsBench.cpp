@@ -79,6 +79,7 @@ void BenchChords(const Scale& scale, ResultTable& table)
         scale.isShort ? "--benchmark_repetitions=1" : "--benchmark_repetitions=11",
         scale.isShort ? "--benchmark_min_time=0.001" : "--benchmark_min_time=0.1"};
     std::vector<char*> argv;
+    argv.reserve(arguments.size());
     for (std::string& argument : arguments)
         argv.push_back(argument.data());
     int argc = static_cast<int>(argv.size());

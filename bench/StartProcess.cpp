@@ -74,8 +74,9 @@ private:
         Say(u"songs %1"_qs.arg(list.ListCount()));
         m_inside = true;
         std::vector<Nanoseconds> repaints;
-        constexpr int Repaints = 9;
-        for (int i = 0; i < Repaints; ++i)
+        constexpr std::size_t Repaints = 9;
+        repaints.reserve(Repaints);
+        for (std::size_t i = 0; i < Repaints; ++i)
             repaints.push_back(Timed([&] { list.repaint(); }));
         Say(u"repaint %1"_qs.arg(Median(repaints)));
         list.window()->close();

@@ -37,14 +37,7 @@ public:
             const QString text = key == Qt::Key_Backspace ? QString() : QString(QChar(key));
             presses.push_back(new QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier, text));
         }
-        std::thread typist([&] {
-            for (QKeyEvent* press : presses) {
-                std::this_thread::sleep_for(Pause);
-                const QMutexLocker lock(&m_mutex);
-                m_typed.push_back(Clock::now());
-                QCoreApplication::postEvent(&m_box, press);
-            }
-        });
+        std::thread typist(&WaitingKeys::Type, this, std::cref(presses));
         while (m_arrived < keys.size())
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         typist.join();
@@ -68,6 +61,16 @@ protected:
     }
 
 private:
+    void Type(const std::vector<QKeyEvent*>& presses)
+    {
+        for (QKeyEvent* press : presses) {
+            std::this_thread::sleep_for(Pause);
+            const QMutexLocker lock(&m_mutex);
+            m_typed.push_back(Clock::now());
+            QCoreApplication::postEvent(&m_box, press);
+        }
+    }
+
     QWidget& m_box;
     QMutex m_mutex;
     std::vector<Clock::time_point> m_typed;

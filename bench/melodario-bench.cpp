@@ -18,10 +18,11 @@ struct Bench
     void (*run)(const Scale&, ResultTable&);
 };
 
-constexpr std::array<Bench, 7> Benches{{
+constexpr std::array<Bench, 8> Benches{{
     {u"fill", BenchFill},
     {u"search", BenchSearch},
     {u"typing", BenchTyping},
+    {u"suggestions", BenchSuggestions},
     {u"chords", BenchChords},
     {u"viewer", BenchViewer},
     {u"songlist", BenchSongList},
@@ -50,6 +51,7 @@ int main(int argc, char* argv[])
     Scale scale = names.removeAll(u"--short"_qs) > 0 ? ShortScale() : Scale();
     if (names.removeAll(u"--100000"_qs) > 0)
         scale.songs = 100000;
+    scale.withNaiveSearch = names.removeAll(u"--without-naive"_qs) == 0;
 
     ReadProcessorTime = names.removeAll(u"--processor-time"_qs) > 0;
 
@@ -64,7 +66,7 @@ int main(int argc, char* argv[])
         bench.run(scale, table);
     }
     if (table.IsEmpty()) {
-        out << "Names: fill search typing chords viewer songlist start\n";
+        out << "Names: fill search typing suggestions chords viewer songlist start\n";
         return 1;
     }
     out << table.ToText();

@@ -11,7 +11,7 @@ qint64 Memory::Held()
 {
 #ifdef __GLIBC__
     const auto held = mallinfo2();
-    return static_cast<qint64>(held.uordblks + held.hblkhd);
+    return static_cast<qint64>(held.uordblks) + static_cast<qint64>(held.hblkhd);
 #else
     return 0;
 #endif

@@ -6,6 +6,7 @@
 struct Scale
 {
     bool isShort = false;
+    bool withNaiveSearch = true;
     int songs = 20000;
     int sheetLines = 200;
     int longSheetLines = 2000;

@@ -3,6 +3,7 @@
 #include "controls/ItemModel.h"
 #include "controls/LongTexts.h"
 
+#include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -225,6 +226,16 @@ void ListBox::keyPressEvent(QKeyEvent* event)
     disconnect(watch);
     if (m_mode == MultipleSelection ? turnedOver : m_mode == SingleChoice && ListIndex() != before)
         emit Click();
+}
+
+void ListBox::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (event->reason() != QContextMenuEvent::Keyboard) {
+        QListView::contextMenuEvent(event);
+        return;
+    }
+    event->accept();
+    emit MouseUp(Qt::RightButton);
 }
 
 void ListBox::focusInEvent(QFocusEvent* event)

@@ -59,6 +59,7 @@ signals:
     void DblClick();
     /// Before the list looks at the key; a handler that accepts the event keeps it from the list.
     void KeyDown(QKeyEvent* event);
+    /// The menu key of the keyboard stands for the right button.
     void MouseUp(Qt::MouseButton button);
     void GotFocus();
     void LostFocus();
@@ -69,6 +70,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     bool viewportEvent(QEvent* event) override;

@@ -1,7 +1,6 @@
 #include "controls/ListaMusicas.h"
 
 #include "controls/LongTexts.h"
-#include "runtime/RuntimeError.h"
 #include "store/Preenche.h"
 
 #include <QHeaderView>
@@ -67,6 +66,7 @@ ListaMusicas::ListaMusicas(QWidget* parent)
     setTextElideMode(Qt::ElideRight);
     Arruma_Cabecalho();
     connect(m_modelo, &ModeloMusicas::FalhaNaLinha, this, &ListaMusicas::Relata_Falha);
+    connect(m_modelo, &ModeloMusicas::LeituraLimpa, this, [this] { m_leituraTemas.Run([] {}); });
 }
 
 void ListaMusicas::Arruma_Cabecalho()
@@ -152,6 +152,16 @@ void ListaMusicas::Ordena_Por(int coluna)
     m_modelo->sort(coluna, m_direcao);
     header()->setSortIndicator(coluna, m_direcao);
     header()->setSortIndicatorShown(true);
+}
+
+void ListaMusicas::keyboardSearch(const QString& inicio)
+{
+    // The tree view looks in the column of its current index.
+    const QModelIndex atual = currentIndex();
+    if (atual.column() > ModeloMusicas::Titulo)
+        selectionModel()->setCurrentIndex(atual.siblingAtColumn(ModeloMusicas::Titulo),
+                                          QItemSelectionModel::NoUpdate);
+    QTreeView::keyboardSearch(inicio);
 }
 
 void ListaMusicas::keyPressEvent(QKeyEvent* evento)
@@ -269,15 +279,12 @@ void ListaMusicas::Guarda_Proporcao(int coluna, int largura)
     m_proporcoes[i] = static_cast<double>(largura) / viewport()->width();
 }
 
-void ListaMusicas::Relata_Falha(int numero, const QString& oQueFalhou, const QString& descricao)
+void ListaMusicas::Relata_Falha(const std::exception_ptr& falha)
 {
     // Sorting ignores its errors; painting must not open a box, so the report waits for its end.
     if (m_ordenando)
         return;
     QMetaObject::invokeMethod(
-        this,
-        [this, numero, oQueFalhou, descricao] {
-            m_leituraTemas.Run([&] { throw RuntimeError(numero, oQueFalhou, descricao); });
-        },
+        this, [this, falha] { m_leituraTemas.Run([&] { std::rethrow_exception(falha); }); },
         Qt::QueuedConnection);
 }

@@ -56,6 +56,10 @@ public:
     /// sorts by the texts of a column. @param coluna  position from 0
     void Ordena_Por(int coluna);
 
+    /// Looks for the titles that begin so, whatever column was clicked: themes would have to be
+    /// read for every row.
+    void keyboardSearch(const QString& inicio) override;
+
 signals:
     /// The left button, twice, on a row.
     void DblClick();
@@ -83,7 +87,7 @@ private:
     void Arruma_Cabecalho();
     void Reparte_Colunas();
     void Guarda_Proporcao(int coluna, int largura);
-    void Relata_Falha(int numero, const QString& oQueFalhou, const QString& descricao);
+    void Relata_Falha(const std::exception_ptr& falha);
 
     ModeloMusicas* m_modelo;
     Unattended m_leituraTemas;

@@ -1,7 +1,5 @@
 #include "controls/ModeloMusicas.h"
 
-#include "runtime/RuntimeError.h"
-
 #include <QCollator>
 #include <QLocale>
 
@@ -45,6 +43,8 @@ void ModeloMusicas::Preenche(std::vector<LinhaMusica> linhas)
 
 void ModeloMusicas::Preenche_De(std::shared_ptr<const FonteMusicas> fonte)
 {
+    if (!m_temas.empty() && !m_falhaContada)
+        emit LeituraLimpa();
     beginResetModel();
     m_fonte = std::move(fonte);
     m_quantas = m_fonte->Quantas();
@@ -70,7 +70,7 @@ void ModeloMusicas::sort(int coluna, Qt::SortOrder ordem)
     posicoes.reserve(quantas);
     for (int linha = 0; linha < rowCount(); ++linha) {
         posicoes.push_back(Posicao(linha));
-        chaves.push_back(collator.sortKey(Texto(posicoes.back(), coluna)));
+        chaves.push_back(collator.sortKey(Tenta([&] { return Texto(posicoes.back(), coluna); })));
     }
     std::vector<std::size_t> antigas(quantas);
     std::iota(antigas.begin(), antigas.end(), std::size_t{0});
@@ -116,14 +116,19 @@ QVariant ModeloMusicas::data(const QModelIndex& index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return QVariant();
-    const int posicao = Posicao(index.row());
-    switch (role) {
+    return Tenta([&] { return Dado(index.row(), index.column(), role); });
+}
+
+QVariant ModeloMusicas::Dado(int linha, int coluna, int papel) const
+{
+    const int posicao = Posicao(linha);
+    switch (papel) {
     case Qt::DisplayRole:
-        return Texto(posicao, index.column());
+        return Texto(posicao, coluna);
     case Qt::ToolTipRole:
-        return Dica(posicao, index.column());
+        return Dica(posicao, coluna);
     case Qt::UserRole:
-        return index.column() == Titulo ? QVariant(Tag(posicao)) : QVariant();
+        return coluna == Titulo ? QVariant(Tag(posicao)) : QVariant();
     default:
         return QVariant();
     }
@@ -163,7 +168,7 @@ QString ModeloMusicas::Texto(int posicao, int coluna) const
 {
     if (coluna == Temas)
         return Le_Temas(posicao);
-    const LinhaMusica musica = Tenta([&] { return m_fonte->Le(posicao); });
+    const LinhaMusica musica = m_fonte->Le(posicao);
     if (coluna == Referencia)
         return musica.referencia;
     return musica.titulo % u" (" % musica.tom % u')';
@@ -173,13 +178,13 @@ QString ModeloMusicas::Dica(int posicao, int coluna) const
 {
     if (coluna != Titulo)
         return Texto(posicao, coluna);
-    const LinhaMusica musica = Tenta([&] { return m_fonte->Le(posicao); });
+    const LinhaMusica musica = m_fonte->Le(posicao);
     return musica.titulo % u" [" % musica.contador % u"] (" % musica.tom % u')';
 }
 
 QString ModeloMusicas::Tag(int posicao) const
 {
-    return QString::number(Tenta([&] { return m_fonte->Id(posicao); }));
+    return QString::number(m_fonte->Id(posicao));
 }
 
 QString ModeloMusicas::Le_Temas(int posicao) const
@@ -199,9 +204,9 @@ auto ModeloMusicas::Tenta(Leitura leitura) const -> decltype(leitura())
 {
     try {
         return leitura();
-    } catch (const RuntimeError& erro) {
+    } catch (const std::exception&) {
         if (!std::exchange(m_falhaContada, true))
-            emit FalhaNaLinha(erro.Number(), erro.WhatFailed(), erro.Description());
+            emit FalhaNaLinha(std::current_exception());
     }
     return {};
 }

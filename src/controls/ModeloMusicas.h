@@ -2,6 +2,7 @@
 
 #include <QAbstractTableModel>
 
+#include <exception>
 #include <functional>
 #include <memory>
 #include <unordered_map>
@@ -76,11 +77,15 @@ public:
 
 signals:
     /// The first row of a fill that could not be read, or whose themes could not; told once per
-    /// fill, from inside whatever asked for the text.
-    void FalhaNaLinha(int numero, const QString& oQueFalhou, const QString& descricao) const;
+    /// fill, from inside whatever asked for the text. @param falha  what was thrown
+    void FalhaNaLinha(const std::exception_ptr& falha) const;
+
+    /// The fill that ends now has read themes, and nothing of it failed.
+    void LeituraLimpa() const;
 
 private:
     int Posicao(int linha) const;
+    QVariant Dado(int linha, int coluna, int papel) const;
     QString Texto(int posicao, int coluna) const;
     QString Dica(int posicao, int coluna) const;
     QString Tag(int posicao) const;

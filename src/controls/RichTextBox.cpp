@@ -1,6 +1,7 @@
 #include "controls/RichTextBox.h"
 
 #include "controls/Appearance.h"
+#include "controls/PastedText.h"
 #include "controls/RtfReader.h"
 #include "controls/RtfWriter.h"
 #include "controls/SheetLayout.h"
@@ -147,15 +148,31 @@ void RichTextBox::keyPressEvent(QKeyEvent* event)
     event->accept();
 }
 
-/// What is copied is the text as it was put in; without stand-ins everything is the text edit's.
 QMimeData* RichTextBox::createMimeDataFromSelection() const
 {
     const QTextCursor cursor = textCursor();
-    if (!StandIns::MayBeIn(cursor.selectedText()))
-        return QTextEdit::createMimeDataFromSelection();
-    auto* copied = new QMimeData;
-    copied->setText(m_standIns.Text(*document(), cursor.selectionStart(), cursor.selectionEnd()));
-    return copied;
+    auto* clipboard = new QMimeData; // whoever asked owns it
+    clipboard->setText(m_standIns.Text(*document(), cursor.selectionStart(), cursor.selectionEnd())
+                           .replace(u"\r\n"_qs, u"\n"_qs));
+    return clipboard;
+}
+
+void RichTextBox::insertFromMimeData(const QMimeData* source)
+{
+    if (!source || isReadOnly())
+        return;
+    QTextCursor cursor = textCursor();
+    cursor.beginEditBlock();
+    m_standIns.BeginLine();
+    m_standIns.Insert(cursor, PastedText(*source), cursor.charFormat());
+    cursor.endEditBlock();
+    ensureCursorVisible();
+}
+
+void RichTextBox::focusInEvent(QFocusEvent* event)
+{
+    QTextEdit::focusInEvent(event);
+    emit GotFocus();
 }
 
 /// Replaces the content in one edit, so that it is laid out once, piece after piece: formatting a

@@ -39,9 +39,16 @@ public:
     /// been shown; until then the scroll bars know only a part of it.
     void FinishLayout();
 
+signals:
+    void GotFocus();
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    /// Gives the plain text alone as it was put in, its lines separated by LF.
     QMimeData* createMimeDataFromSelection() const override;
+    /// Takes the plain text alone (controls/PastedText.h), in the look that the caret stands in.
+    void insertFromMimeData(const QMimeData* source) override;
 
 private:
     void Fill(const Rtf::Document& sheet);

@@ -64,10 +64,15 @@ bool StandIns::MayBeIn(QStringView text)
     return text.contains(Sign);
 }
 
-void StandIns::Clear()
+void StandIns::BeginLine()
 {
     m_shaped = 0;
     m_marks = 0;
+}
+
+void StandIns::Clear()
+{
+    BeginLine();
     m_originals.clear();
     for (const QChar letter : Breaks)
         m_originals.append(letter);
@@ -99,7 +104,7 @@ qsizetype StandIns::Drawable(QStringView text)
     for (qsizetype i = 0; i < text.size();) {
         const QChar letter = text[i];
         if (letter == u'\n') {
-            m_shaped = m_marks = 0;
+            BeginLine();
             ++i;
             continue;
         }

@@ -34,7 +34,11 @@ public:
     /// Begins a new document; those put into the one before can no longer be read.
     void Clear();
 
-    /// Puts text where the cursor is, which must be where the text before was put.
+    /// The next text is not put where the one before was.
+    void BeginLine();
+
+    /// Puts text where the cursor is, which must be where the text before was put, unless BeginLine
+    /// was called in between.
     /// @param text  lines separated by LF
     void Insert(QTextCursor& cursor, QStringView text, const QTextCharFormat& look);
 

@@ -10,6 +10,7 @@
 #include "viewer/frmVisualizar.h"
 
 #include <QCoreApplication>
+#include <QEvent>
 #include <QPointer>
 
 namespace {
@@ -20,8 +21,9 @@ void Deixa_Eventos()
 }
 
 /// While a list is emptied and filled again its last picture stays on the screen: every letter
-/// typed into a box would flash otherwise.
-class PinturaParada
+/// typed into a box would flash otherwise. Should a box be opened meanwhile, the list is painted
+/// again from then on: nobody knows how long the box will stand.
+class PinturaParada final : public QObject
 {
 public:
     explicit PinturaParada(QWidget& controle)
@@ -29,16 +31,27 @@ public:
         , m_pintava(controle.updatesEnabled())
     {
         controle.setUpdatesEnabled(false);
+        controle.window()->installEventFilter(this);
     }
-    ~PinturaParada()
-    {
-        if (m_controle)
-            m_controle->setUpdatesEnabled(m_pintava);
-    }
+    ~PinturaParada() override { Retoma(); }
     PinturaParada(const PinturaParada&) = delete;
     PinturaParada& operator=(const PinturaParada&) = delete;
 
+    bool eventFilter(QObject* /*janela*/, QEvent* evento) override
+    {
+        if (evento->type() == QEvent::WindowBlocked)
+            Retoma();
+        return false;
+    }
+
 private:
+    void Retoma()
+    {
+        if (m_controle)
+            m_controle->setUpdatesEnabled(m_pintava);
+        m_controle.clear();
+    }
+
     QPointer<QWidget> m_controle;
     bool m_pintava;
 };
@@ -58,10 +71,12 @@ PainelPesquisa::PainelPesquisa(QWidget* parent)
     ui->Label3->setForegroundRole(QPalette::PlaceholderText);
     ui->lstTema->setMode(ListBox::CheckBoxes);
     ui->lblResultado->setKeyboardReachable(true);
-    // Room for any count: the line below the list must not be laid out anew at every search.
+    // Room for any count, and none to give: with a size of its own the panel is not laid out anew
+    // twice at every search.
     ui->lblResultado->ensurePolished();
-    ui->lblResultado->setMinimumWidth(
-        ui->lblResultado->fontMetrics().horizontalAdvance(Texto_Contagem(88888)));
+    ui->lblResultado->setFixedSize(
+        ui->lblResultado->fontMetrics().horizontalAdvance(Texto_Contagem(8888888)),
+        ui->lblResultado->sizeHint().height());
 }
 
 PainelPesquisa::~PainelPesquisa() = default;

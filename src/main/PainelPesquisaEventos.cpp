@@ -6,7 +6,6 @@
 
 #include "controls/Handler.h"
 #include "main/ServicosPrincipal.h"
-#include "runtime/RuntimeError.h"
 
 void PainelPesquisa::Liga_Eventos(ServicosPrincipal& principal)
 {
@@ -150,7 +149,7 @@ void PainelPesquisa::lstMusicas_ColumnClick(int coluna)
 {
     try {
         ui->lstMusicas->Ordena_Por(coluna);
-    } catch (const RuntimeError&) {
+    } catch (const std::exception&) {
         // the list stays as it is
     }
 }

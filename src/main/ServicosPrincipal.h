@@ -12,6 +12,13 @@ public:
     /// Restarts the 200 ms after which a search runs.
     virtual void Reinicia_Timer1() = 0;
 
+    /// Searches anew by what the search panel's controls say. Lets events run.
+    /// @throws RuntimeError of the store
+    virtual void Pesquisa() = 0;
+
+    /// Opens a song in one more viewer. Errors are ignored. @param id  MUSICA.ID
+    virtual void Abre_Musica(double id) = 0;
+
     /// Shows the song entry panel for a new song, unless the user stays with an unsaved setlist.
     virtual void mnuCadastro_Click() = 0;
 

@@ -5,6 +5,7 @@
 #include "artwork/Artwork.h"
 #include "controls/Dialogs.h"
 #include "controls/Handler.h"
+#include "controls/TextBox.h"
 #include "controls/Twips.h"
 #include "main/Conecta_Banco.h"
 #include "main/TeclasAcesso.h"
@@ -94,6 +95,7 @@ void frmPrincipal::Liga_Eventos()
         ConnectHandler(painel, &Painel::Click, this, &frmPrincipal::pctFrame_Click);
     ConnectUnattended(Timer1, &QTimer::timeout, this, &frmPrincipal::Timer1_Timer);
     ui->pctFrame_0->Liga_Eventos(*this);
+    ui->pctFrame_2->Liga_Eventos(*this);
 }
 
 void frmPrincipal::Form_Load(const QString& linha_comando)
@@ -101,8 +103,8 @@ void frmPrincipal::Form_Load(const QString& linha_comando)
     Posiciona();
     for (Painel* painel : pctFrame)
         painel->Mostra(false);
-    pctFrame[Pesquisa]->Mostra(true);
-    ui->pctTeclado->hide();
+    pctFrame[QuadroPesquisa]->Mostra(true);
+    ui->pctTeclado->Oculta_Teclado();
     setWindowTitle(u"Melodario v." % Version::ToText());
     Conecta_Banco();
     m_conectado = true;
@@ -125,7 +127,7 @@ void frmPrincipal::Posiciona()
 
 void frmPrincipal::Mostra_Painel(Indice indice)
 {
-    for (int i = 0; i < Paineis; ++i)
+    for (int i = 0; i < Quadros; ++i)
         pctFrame[static_cast<std::size_t>(i)]->Mostra(i == indice);
 }
 
@@ -133,7 +135,7 @@ void frmPrincipal::mnuPesquisa_Click()
 {
     if (!Verifica_Modificacoes())
         return;
-    Mostra_Painel(Pesquisa);
+    Mostra_Painel(QuadroPesquisa);
     ui->pctFrame_0->Foca_Titulo();
 }
 
@@ -142,14 +144,14 @@ void frmPrincipal::mnuCadastro_Click()
     if (!Verifica_Modificacoes())
         return;
     Inicializa_Cadastro(0);
-    Mostra_Painel(Cadastro);
+    Mostra_Painel(QuadroCadastro);
     ui->pctFrame_2->Foca_Titulo();
 }
 
 void frmPrincipal::mnuLista_Click()
 {
     Inicializa_Lista();
-    Mostra_Painel(Lista);
+    Mostra_Painel(QuadroLista);
     ui->pctFrame_1->Foca_Nome();
 }
 
@@ -196,6 +198,16 @@ void frmPrincipal::Reinicia_Timer1()
     Timer1->start();
 }
 
+void frmPrincipal::Pesquisa()
+{
+    ui->pctFrame_0->Pesquisa();
+}
+
+void frmPrincipal::Abre_Musica(double id)
+{
+    ui->pctFrame_0->Abre_Musica(id);
+}
+
 void frmPrincipal::Executa_Comando(const QString& comando)
 {
     const QStringList partes = Text::Split(comando, u'@');
@@ -205,7 +217,7 @@ void frmPrincipal::Executa_Comando(const QString& comando)
         const auto id = Number::FromText(partes[1]);
         if (id &&
             Funcoes::Pergunta(this, QStringLiteral("Foi enviada uma nova música. Deseja abrí-la?")))
-            ui->pctFrame_0->Abre_Musica(*id);
+            Abre_Musica(*id);
     } else if (partes[0] == u"msg") {
         Funcoes::Mostra_Mensagem(this, partes[1], Icone::Informacao);
     }
@@ -233,9 +245,15 @@ void frmPrincipal::cmdExcluir_Click()
 
 void frmPrincipal::Importa_Musicas(const QString& /*caminho*/) {}
 
-void frmPrincipal::Mostra_Teclado(TextBox& /*caixa*/) {}
+void frmPrincipal::Mostra_Teclado(TextBox& caixa)
+{
+    ui->pctTeclado->Mostra_Teclado(caixa);
+}
 
-void frmPrincipal::Oculta_Teclado() {}
+void frmPrincipal::Oculta_Teclado()
+{
+    ui->pctTeclado->Oculta_Teclado();
+}
 
 void frmPrincipal::Conecta_Banco()
 {

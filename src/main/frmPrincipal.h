@@ -44,6 +44,8 @@ public:
     void mnuSair_Click();
 
     void Reinicia_Timer1() override;
+    void Pesquisa() override;
+    void Abre_Musica(double id) override;
     void Inicializa_Cadastro(double id) override;
     void cmdExcluir_Click() override;
     void Mostra_Teclado(TextBox& caixa) override;
@@ -64,7 +66,7 @@ protected:
     void closeEvent(QCloseEvent* evento) override;
 
 private:
-    enum Indice { Pesquisa, Lista, Cadastro, Paineis };
+    enum Indice { QuadroPesquisa, QuadroLista, QuadroCadastro, Quadros };
 
     void Monta_Toolbar();
     void Liga_Eventos();
@@ -76,7 +78,7 @@ private:
     void Form_Unload();
 
     std::unique_ptr<Ui::frmPrincipal> ui;
-    std::array<Painel*, Paineis> pctFrame{};
+    std::array<Painel*, Quadros> pctFrame{};
     QTimer* Timer1;
     bool m_conectado = false;
 };

@@ -141,3 +141,9 @@ void VirtualScreen::Click(const QString& window) const
 {
     Xdotool({u"mousemove"_qs, u"--window"_qs, window, u"60"_qs, u"60"_qs, u"click"_qs, u"1"_qs});
 }
+
+void VirtualScreen::RightClick(const QString& window, const QPoint& place) const
+{
+    Xdotool({u"mousemove"_qs, u"--window"_qs, window, QString::number(place.x()),
+             QString::number(place.y()), u"click"_qs, u"3"_qs});
+}

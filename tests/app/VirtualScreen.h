@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPoint>
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QString>
@@ -38,6 +39,9 @@ public:
 
     /// Clicks into a window, near its upper-left corner.
     void Click(const QString& window) const;
+
+    /// Clicks with the right button. @param place  in the window's pixels
+    void RightClick(const QString& window, const QPoint& place) const;
 
     /// How long a wait lasts at most, in ms: long, since it ends as soon as it may.
     static constexpr int Patience = 60000;

@@ -16,6 +16,8 @@ public:
         QString text;
         Icone icon = Icone::Nenhum;
         QString title;
+        QString initial = {};              ///< what an input box came with
+        std::optional<QPoint> corner = {}; ///< where an input box was asked to stand
     };
 
     RecordingDialogs() { SetDialogs(this); }
@@ -37,13 +39,16 @@ public:
     }
 
     QString Input(QWidget*, const QString& prompt, const QString& title, const QString& initial,
-                  std::optional<QPoint>) override
+                  std::optional<QPoint> corner) override
     {
-        boxes.append({prompt, Icone::Nenhum, title});
-        return initial;
+        boxes.append({prompt, Icone::Nenhum, title, initial, corner});
+        if (whileOpen)
+            whileOpen();
+        return typed.isEmpty() ? initial : typed.takeFirst();
     }
 
     QList<Box> boxes;
     bool answer = true;              ///< to every question
+    QStringList typed;               ///< into input boxes, one after the other; else OK at once
     std::function<void()> whileOpen; ///< what happens while a box stands open
 };

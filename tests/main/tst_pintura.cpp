@@ -33,6 +33,7 @@ class tst_pintura : public PesquisaTeste
 
 private slots:
     void listKeepsItsLastPictureWhileSearching();
+    void listIsPaintedWhileABoxStandsOpen();
 };
 
 void tst_pintura::listKeepsItsLastPictureWhileSearching()
@@ -70,6 +71,39 @@ void tst_pintura::listKeepsItsLastPictureWhileSearching()
     QVERIFY(!pinturas.linhas.contains(0));
     QCOMPARE(pinturas.linhas.last(), 2);
     QCOMPARE(lugares(), antes);
+}
+
+/// A handler that runs while a search lets events through opens a box and leaves it standing.
+void tst_pintura::listIsPaintedWhileABoxStandsOpen()
+{
+    for (const QString& titulo : {u"Aboio"_qs, u"Bossa"_qs, u"Baque"_qs})
+        Musica(titulo);
+    Carrega();
+    QTest::qWait(50);
+    Pinturas pinturas(*m_lista);
+    QList<int> durante;
+    SetDialogs(nullptr);
+    Funcoes::Conexao.SetStatementHook([&](const QString& sql) {
+        if (!sql.startsWith(u"SELECT DISTINCT"))
+            return;
+        QTimer::singleShot(0, m_form.get(), [&] {
+            QTimer::singleShot(100, m_form.get(), [&] {
+                pinturas.linhas.clear();
+                m_lista->viewport()->update();
+                QTest::qWait(50);
+                durante = pinturas.linhas;
+                QApplication::activeModalWidget()->close();
+            });
+            Funcoes::Mostra_Mensagem(m_form.get(), u"Pronto."_qs, Icone::Informacao);
+        });
+    });
+    Clica_Letra(1);
+    Funcoes::Conexao.SetStatementHook({});
+    QVERIFY(!durante.isEmpty());
+    pinturas.linhas.clear();
+    m_lista->viewport()->update();
+    QTRY_VERIFY(!pinturas.linhas.isEmpty());
+    QCOMPARE(pinturas.linhas.last(), 2);
 }
 
 QTEST_MAIN(tst_pintura)

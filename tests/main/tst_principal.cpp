@@ -524,20 +524,20 @@ void tst_principal::f10ReachesTheMenuAndLeavesIt()
 void tst_principal::accessKeyOfTheShownPanelWins()
 {
     Dispara("mnuCadastro");
-    auto* salvar = new QPushButton(u"&Salvar"_qs, Painel(2));
-    salvar->show();
-    QSignalSpy cliques(salvar, &QPushButton::clicked);
+    QSignalSpy cliques(m_form->Acha<QPushButton>("cmdCadSalvar"), &QPushButton::clicked);
     for (int i = 1; i <= 3; ++i) {
         QTest::keyClick(m_form->Acha<QWidget>("txtCadTitulo"), Qt::Key_S, Qt::AltModifier);
         QCOMPARE(cliques.size(), i);
+        QCOMPARE(m_caixas->boxes.size(), i);
+        QCOMPARE(m_caixas->boxes.last().text, u"Preencha o Título da música."_qs);
     }
-    QVERIFY(m_caixas->boxes.isEmpty());
 
     // Hidden with its panel, it leaves the letter to the menu.
     Dispara("mnuPesquisa");
     QTest::keyClick(m_form->Acha<QWidget>("txtTitulo"), Qt::Key_S, Qt::AltModifier);
     QCOMPARE(cliques.size(), 3);
-    QCOMPARE(m_caixas->boxes.size(), 1);
+    QCOMPARE(m_caixas->boxes.size(), 4);
+    QVERIFY(m_caixas->boxes.last().text.startsWith(u"Melodario Versão"));
 }
 
 void tst_principal::accessKeysReachTheMenuOtherwise()

@@ -11,8 +11,10 @@
 #include "support/TestCatalogue.h"
 #include "viewer/frmVisualizar.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QDialog>
 #include <QDir>
 #include <QLineEdit>
 #include <QLocale>
@@ -20,7 +22,9 @@
 #include <QScreen>
 #include <QTest>
 #include <QTextStream>
+#include <QTimer>
 
+#include <functional>
 #include <utility>
 
 namespace {
@@ -29,7 +33,7 @@ constexpr int ManySongs = 20000;
 constexpr int PaintMs = 400;   // a window manager maps, paints and raises within this
 constexpr int SearchMs = 1200; // the clock of the search and the search itself
 
-class Pictures
+class Pictures : public QObject
 {
 public:
     explicit Pictures(QString folder)
@@ -40,7 +44,8 @@ public:
     void Save(const QString& name)
     {
         QTest::qWait(PaintMs);
-        const QSize size = QApplication::primaryScreen()->size();
+        const QScreen* screen = QApplication::primaryScreen();
+        const QSize size = (QSizeF(screen->size()) * screen->devicePixelRatio()).toSize();
         const QString file = QStringLiteral("%1/%2-%3x%4.png")
                                  .arg(m_folder, name)
                                  .arg(size.width())
@@ -119,6 +124,75 @@ void ShowViewers(Pictures& pictures, const QList<qint64>& songs)
     }
 }
 
+void ShowKeyboard(Pictures& pictures, const QWidget& form)
+{
+    const auto click = [&form](const QString& name) {
+        QTest::mouseClick(form.findChild<QWidget*>(name), Qt::LeftButton);
+        QTest::qWait(SearchMs);
+    };
+    for (int i = 0; i < 3; ++i) {
+        click(QStringLiteral("imgTeclado_%1").arg(i));
+        pictures.Save(QStringLiteral("teclado-%1").arg(i));
+    }
+    // ~ and A on the keyboard: the accent joined, the key touched last highlighted.
+    click(QStringLiteral("lblTecla_126"));
+    click(QStringLiteral("lblTecla_65"));
+    pictures.Save(QStringLiteral("teclado-acento"));
+    click(QStringLiteral("imgFecharTeclado"));
+}
+
+/// Does something that opens a box, and takes the box's picture before closing it.
+void SaveBox(Pictures& pictures, const QString& name, const std::function<void()>& open)
+{
+    QTimer::singleShot(0, &pictures, [&pictures, name] {
+        pictures.Save(name);
+        if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+            box->reject();
+    });
+    open();
+}
+
+void SaveFailedSave(Pictures& pictures, QWidget& form, const QString& name)
+{
+    SaveBox(pictures, name, [&form] { Click(form, QStringLiteral("cmdCadSalvar")); });
+}
+
+/// The entry panel: for a new song with each box that a save answers, and with a stored song.
+void ShowEntry(Pictures& pictures, Principal& form)
+{
+    const auto box = [&form](const char* name) {
+        auto* found = form.findChild<QWidget*>(QString::fromLatin1(name));
+        found->setFocus();
+        return found;
+    };
+    const auto checkTheme = [&form](int row) {
+        auto* themes = form.findChild<QAbstractItemView*>(QStringLiteral("lstCadTema"));
+        QTest::mouseClick(themes->viewport(), Qt::LeftButton, {},
+                          themes->visualRect(themes->model()->index(row, 0)).center());
+    };
+    form.mnuCadastro_Click();
+    pictures.Save(QStringLiteral("cadastro-nova"));
+    SaveFailedSave(pictures, form, QStringLiteral("cadastro-sem-titulo"));
+    QTest::keyClicks(box("txtCadTitulo"), QStringLiteral("Peixe vivo de novo"));
+    SaveFailedSave(pictures, form, QStringLiteral("cadastro-sem-referencia"));
+    QTest::keyClicks(box("txtCadReferencia"), QStringLiteral("Tradicional"));
+    SaveFailedSave(pictures, form, QStringLiteral("cadastro-sem-letra"));
+    QTest::keyClicks(box("txtCadLetra_0"), QStringLiteral("C     G7"));
+    QTest::keyClick(box("txtCadLetra_0"), Qt::Key_Return);
+    QTest::keyClicks(box("txtCadLetra_0"), QStringLiteral("Como pode"));
+    SaveFailedSave(pictures, form, QStringLiteral("cadastro-sem-tema"));
+    SaveBox(pictures, QStringLiteral("cadastro-novo-tema"),
+            [&form] { Click(form, QStringLiteral("cmdCadTema")); });
+    checkTheme(0);
+    SaveFailedSave(pictures, form, QStringLiteral("cadastro-guardada"));
+    form.Inicializa_Cadastro(2);
+    pictures.Save(QStringLiteral("cadastro-carregada"));
+    Click(form, QStringLiteral("lblMostraMusica_1"));
+    pictures.Save(QStringLiteral("cadastro-versao-2"));
+    SaveBox(pictures, QStringLiteral("cadastro-excluir"),
+            [&form] { Click(form, QStringLiteral("cmdExcluir")); });
+}
+
 /// The viewer on the first, a middle and the last song of a setlist, and with its list open.
 void ShowSetlist(Pictures& pictures, const QString& catalogue)
 {
@@ -143,6 +217,52 @@ void ShowSetlist(Pictures& pictures, const QString& catalogue)
     QTest::qWait(PaintMs);
 }
 
+void DoubleClick(QWidget& form, const char* view, int row)
+{
+    auto* rows = form.findChild<QAbstractItemView*>(QString::fromLatin1(view));
+    const QPoint place = rows->visualRect(rows->model()->index(row, 0)).center();
+    QTest::mouseClick(rows->viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(rows->viewport(), Qt::LeftButton, {}, place);
+}
+
+/// The setlist panel: empty, in use, and with each box that it asks with.
+void ShowSetlists(Pictures& pictures, Principal& form)
+{
+    form.mnuLista_Click();
+    pictures.Save(QStringLiteral("lista-vazia"));
+    SaveBox(pictures, QStringLiteral("lista-sem-nome"),
+            [&form] { Click(form, QStringLiteral("cmdSalvar")); });
+    const auto store = [&form](const QString& name, const QString& date) {
+        for (const auto& [box, text] : {std::pair{"txtNome", name}, std::pair{"txtData", date}}) {
+            auto* edit = form.findChild<QLineEdit*>(QString::fromLatin1(box));
+            edit->selectAll();
+            QTest::keyClicks(edit, text);
+        }
+        for (const int row : {2, 0, 3})
+            DoubleClick(form, "lstMusicasLista", row);
+        QTimer::singleShot(PaintMs, &form, [] {
+            if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+                box->reject();
+        });
+        Click(form, QStringLiteral("cmdSalvar"));
+    };
+    store(QStringLiteral("Ensaio de quinta"), QStringLiteral("05032009"));
+    store(QStringLiteral("Culto de domingo"), QStringLiteral("08032009"));
+    store(QStringLiteral("Natal"), QStringLiteral("24122008"));
+    SaveBox(pictures, QStringLiteral("lista-mensagem"),
+            [&form] { DoubleClick(form, "lstLista", 1); });
+    QTimer::singleShot(
+        0, &form, [] { Click(*QApplication::activeModalWidget(), QStringLiteral("cmdEditar")); });
+    DoubleClick(form, "lstLista", 1);
+    DoubleClick(form, "lstMusicasLista", 1);
+    auto* chosen = form.findChild<QAbstractItemView*>(QStringLiteral("lstMusicasSelecionadas"));
+    QTest::mouseClick(chosen->viewport(), Qt::LeftButton, {},
+                      chosen->visualRect(chosen->model()->index(1, 0)).center());
+    pictures.Save(QStringLiteral("lista-editada"));
+    SaveBox(pictures, QStringLiteral("lista-descartar"),
+            [&form] { Click(form, QStringLiteral("cmdLimpar")); });
+}
+
 void ShowDelivered(Pictures& pictures, const QString& catalogue)
 {
     Principal form(catalogue);
@@ -157,8 +277,11 @@ void ShowDelivered(Pictures& pictures, const QString& catalogue)
     pictures.Save(QStringLiteral("principal-vazio"));
     Type(form, QStringLiteral("pei"));
     pictures.Save(QStringLiteral("principal-tres-letras"));
+    ShowKeyboard(pictures, form);
     ShowViewers(pictures, {1, 2, 3});
+    ShowEntry(pictures, form);
     ShowSetlist(pictures, catalogue);
+    ShowSetlists(pictures, form);
     form.close();
 }
 
@@ -181,6 +304,26 @@ void AddManySongs(const TestCatalogue& catalogue)
     catalogue.Run(insert + u"COMMIT;");
 }
 
+/// Both suggestion lists, with nothing to suggest and with many.
+void ShowSuggestions(Pictures& pictures, frmPrincipal& form)
+{
+    form.mnuCadastro_Click();
+    const auto type = [&](const QString& name, const QString& text, const QString& picture) {
+        auto* box = form.findChild<QLineEdit*>(name);
+        box->setFocus();
+        QTest::keyClicks(box, text);
+        pictures.Save(picture);
+    };
+    type(QStringLiteral("txtCadTitulo"), QStringLiteral("a"), QStringLiteral("sugestoes-titulo"));
+    type(QStringLiteral("txtCadTitulo"), QStringLiteral("zzz"),
+         QStringLiteral("sugestoes-titulo-nenhuma"));
+    type(QStringLiteral("txtCadReferencia"), QStringLiteral("c"),
+         QStringLiteral("sugestoes-referencia"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+    pictures.Save(QStringLiteral("sugestoes-referencia-escolha"));
+}
+
 void ShowMany(Pictures& pictures)
 {
     const TestCatalogue catalogue;
@@ -194,6 +337,7 @@ void ShowMany(Pictures& pictures)
     Click(*viewer, QStringLiteral("cmbLista"));
     pictures.Save(QStringLiteral("visualizador-categoria-aberta"));
     viewer->close();
+    ShowSuggestions(pictures, form);
     form.close();
 }
 

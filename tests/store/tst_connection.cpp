@@ -147,7 +147,7 @@ void tst_connection::refusesADamagedTable()
     const int page =
         catalogue.Field(u"SELECT rootpage FROM sqlite_master WHERE name = 'TOM'"_qs).toInt();
     QByteArray content = Content(catalogue.Path());
-    content.replace((page - 1) * 16384, 16384, QByteArray(16384, '\xee'));
+    content.replace(qsizetype{page - 1} * 16384, 16384, QByteArray(16384, '\xee'));
     Write(catalogue.Path(), content);
     const Failed failed = Opening(catalogue.ConnectionString());
     QCOMPARE(failed.whatFailed, u"O arquivo do banco de dados está danificado."_qs);

@@ -24,7 +24,7 @@ private slots:
     void staysAnswerable();
     void writesNothingIntoAnEmptiedFile();
     void survivesAJournalThatIsNone();
-    void cleanupTestCase();
+    void cleanupTestCase() const;
 
 private:
     void Damaged(const QByteArray& content, bool whileOpen);
@@ -334,7 +334,7 @@ void tst_damaged_catalogue::survivesAJournalThatIsNone()
     }
 }
 
-void tst_damaged_catalogue::cleanupTestCase()
+void tst_damaged_catalogue::cleanupTestCase() const
 {
     qInfo("%d damaged catalogues: %d refused; %d statements answered, %d failed; %d searches"
           " compared; %d changes arrived, %d failed",

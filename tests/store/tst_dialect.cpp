@@ -1,18 +1,25 @@
 #include "runtime/RuntimeError.h"
 #include "store/CatalogueSchema.h"
+#include "store/Connection.h"
 #include "store/dialect/Dialect.h"
 #include "store/dialect/Parser.h"
+#include "support/TestCatalogue.h"
 
 #include <QElapsedTimer>
 #include <QStringList>
 #include <QTest>
 
-/// What SQLite gets to see of a statement: its text and its parameters.
+#include <memory>
+
+/// What statements give and leave on a real catalogue, and what is refused before SQLite sees it.
 class tst_dialect : public QObject
 {
     Q_OBJECT
 
 private slots:
+    void init();
+    void cleanup();
+
     void select_data();
     void select();
     void order_data();
@@ -31,6 +38,13 @@ private slots:
     void deepNestingIsRefused_data();
     void deepNestingIsRefused();
     void longStatementsTakeLinearTime();
+
+private:
+    QStringList Rows(const QString& sql);
+    void CheckRows();
+
+    std::unique_ptr<TestCatalogue> m_catalogue;
+    std::unique_ptr<Connection> m_connection;
 };
 
 namespace {
@@ -41,260 +55,266 @@ Translation Translated(const QString& sql)
     return Translate(sql, schema);
 }
 
-QStringList Texts(const Translation& translation)
-{
-    QStringList texts;
-    for (const Value& value : translation.values)
-        texts.append(value.ToText());
-    return texts;
-}
-
 void Columns()
 {
     QTest::addColumn<QString>("sql");
-    QTest::addColumn<QByteArray>("expected");
-    QTest::addColumn<QStringList>("values");
+    QTest::addColumn<QStringList>("expected");
 }
 
-void Row(const char* name, const QString& sql, const QByteArray& expected,
-         const QStringList& values = {})
+/// @param expected  the names of the columns, then the rows, each joined by |
+void Row(const char* name, const QString& sql, const QStringList& expected)
 {
-    QTest::newRow(name) << sql << expected << values;
-}
-
-void Check()
-{
-    QFETCH(QString, sql);
-    const Translation translation = Translated(sql);
-    QTEST(translation.sql, "expected");
-    QTEST(Texts(translation), "values");
+    QTest::newRow(name) << sql << expected;
 }
 
 } // namespace
+
+void tst_dialect::init()
+{
+    m_catalogue = std::make_unique<TestCatalogue>();
+    m_catalogue->Run(
+        u"INSERT INTO MUSICA (ID, TITULO, REFERENCIA, MUSICA, TOM, VARIACAO, CATEGORIA, CONTADOR)"
+        " VALUES (1, 'Água Viva', 'Ana', 'a', 'C', '', 1, 2),"
+        " (2, 'abc', NULL, 'b', 'd', 'm', 2, 10),"
+        " (3, 'ABC', 'Bia', 'c', 'c', '', 1, 2),"
+        " (5, NULL, 'bia', 'd', 'G', '', 2, 0),"
+        " (12, 'd''água', 'Ana', 'e', 'C', 'm', 1, 1);"
+        "INSERT INTO TEMA (ID, DESCRICAO, ORDEM, COR) VALUES (1, 'Louvor', 2, ''),"
+        " (2, 'adoração', 1, ''), (3, 'Água', 2, NULL), (7, 'ágape', 9, 'x');"
+        "INSERT INTO TEMA_MUSICA VALUES (12, 3), (1, 1), (12, 1), (2, 7), (2, 1), (3, 2);"
+        "INSERT INTO LISTA (ID, NOME, DATA) VALUES (1, 'Ensaio', '2009-03-05'),"
+        " (2, 'ensaio', '2010-01-20'), (3, 'Culto', '2008-12-31');"_qs);
+    m_connection = std::make_unique<Connection>();
+    m_connection->Open(m_catalogue->ConnectionString());
+}
+
+void tst_dialect::cleanup()
+{
+    m_connection.reset();
+    m_catalogue.reset();
+}
+
+/// @return the names of the columns, then the rows, each joined by |
+QStringList tst_dialect::Rows(const QString& sql)
+{
+    Recordset recordset = m_connection->Execute(sql);
+    const QStringList names = recordset.FieldNames();
+    QStringList rows{names.join(u'|')};
+    for (; !recordset.Eof(); recordset.MoveNext()) {
+        QStringList fields;
+        for (int i = 0; i < names.size(); ++i)
+            fields.append(recordset.Fields(i).IsNull() ? u"NULL"_qs : recordset.Fields(i).ToText());
+        rows.append(fields.join(u'|'));
+    }
+    return rows;
+}
+
+void tst_dialect::CheckRows()
+{
+    QFETCH(QString, sql);
+    QTEST(Rows(sql), "expected");
+}
 
 void tst_dialect::select_data()
 {
     Columns();
     Row("a column carries its name", u"SELECT DESCRICAO FROM TEMA"_qs,
-        R"(SELECT "TEMA"."DESCRICAO" AS "DESCRICAO" FROM "TEMA" ORDER BY "TEMA"."ID")");
-    Row("names in any letter case", u"select musica.titulo from Musica"_qs,
-        R"(SELECT "MUSICA"."TITULO" AS "TITULO" FROM "MUSICA" ORDER BY "MUSICA"."ID")");
-    Row("names in brackets", u"SELECT [TITULO] AS [o título] FROM [MUSICA]"_qs,
-        R"(SELECT "MUSICA"."TITULO" AS "o título" FROM "MUSICA" ORDER BY "MUSICA"."ID")");
-    Row("a column may be called like its table", u"SELECT MUSICA FROM MUSICA"_qs,
-        R"(SELECT "MUSICA"."MUSICA" AS "MUSICA" FROM "MUSICA" ORDER BY "MUSICA"."ID")");
-    Row("the star gives the columns in the order of the schema", u"SELECT * FROM LISTA"_qs,
-        R"(SELECT "LISTA"."ID" AS "ID", "LISTA"."NOME" AS "NOME", "LISTA"."DATA" AS "DATA")"
-        R"( FROM "LISTA" ORDER BY "LISTA"."ID")");
+        {u"DESCRICAO"_qs, u"Louvor"_qs, u"adoração"_qs, u"Água"_qs, u"ágape"_qs});
+    Row("names in any letter case", u"select musica.titulo from Musica where id = 1"_qs,
+        {u"TITULO"_qs, u"Água Viva"_qs});
+    Row("names in brackets", u"SELECT [TITULO] AS [o título] FROM [MUSICA] WHERE [ID] = 1"_qs,
+        {u"o título"_qs, u"Água Viva"_qs});
+    Row("a column may be called like its table", u"SELECT MUSICA FROM MUSICA WHERE ID = 2"_qs,
+        {u"MUSICA"_qs, u"b"_qs});
+    Row("the star gives the columns in the order of the schema",
+        u"SELECT * FROM LISTA WHERE ID = 1"_qs, {u"ID|NOME|DATA"_qs, u"1|Ensaio|05/03/2009"_qs});
     Row("computed columns are called after their place",
-        u"SELECT ID, TITULO & ' - ' & REFERENCIA, CONTADOR + 1 FROM MUSICA"_qs,
-        R"(SELECT "MUSICA"."ID" AS "ID", db_concat("MUSICA"."TITULO", ?, "MUSICA"."REFERENCIA"))"
-        R"( AS "Expr1001", "MUSICA"."CONTADOR" + 1 AS "Expr1002" FROM "MUSICA")"
-        R"( ORDER BY "MUSICA"."ID")",
-        {u" - "_qs});
+        u"SELECT ID, TITULO & ' - ' & REFERENCIA, CONTADOR + 1 FROM MUSICA WHERE ID < 3"_qs,
+        {u"ID|Expr1001|Expr1002"_qs, u"1|Água Viva - Ana|3"_qs, u"2|abc - |11"_qs});
     Row("an alias may be called like the column inside it", u"SELECT MAX(ID) AS ID FROM MUSICA"_qs,
-        R"(SELECT MAX("MUSICA"."ID") AS "ID" FROM "MUSICA")");
+        {u"ID"_qs, u"12"_qs});
     Row("the greatest text is the greatest under the collation",
-        u"SELECT MAX(TITULO), MIN(DATA) FROM MUSICA INNER JOIN LISTA ON LISTA.ID = MUSICA.ID"_qs,
-        R"(SELECT MAX("MUSICA"."TITULO" COLLATE db_text) AS "Expr1000", MIN("LISTA"."DATA"))"
-        R"( AS "Expr1001" FROM "MUSICA" INNER JOIN "LISTA" ON "LISTA"."ID" = "MUSICA"."ID")");
-    Row("counted rows", u"SELECT COUNT(*) FROM TEMA"_qs,
-        R"(SELECT COUNT(*) AS "Expr1000" FROM "TEMA")");
-    Row("grouped texts", u"SELECT TOM, COUNT(ID) AS N FROM MUSICA GROUP BY TOM, CATEGORIA"_qs,
-        R"(SELECT "MUSICA"."TOM" AS "TOM", COUNT("MUSICA"."ID") AS "N" FROM "MUSICA")"
-        R"( GROUP BY "MUSICA"."TOM" COLLATE db_text, "MUSICA"."CATEGORIA")");
-    Row("DISTINCT compares texts under the collation and leaves dates alone",
-        u"SELECT DISTINCT NOME, DATA FROM LISTA"_qs,
-        R"(SELECT DISTINCT "LISTA"."NOME" COLLATE db_text AS "NOME", "LISTA"."DATA" AS "DATA")"
-        R"( FROM "LISTA")");
+        u"SELECT MAX(DESCRICAO), MIN(DATA) FROM TEMA INNER JOIN LISTA ON LISTA.ID = TEMA.ID"_qs,
+        {u"Expr1000|Expr1001"_qs, u"Louvor|2008-12-31"_qs});
+    Row("counted rows", u"SELECT COUNT(*) FROM TEMA"_qs, {u"Expr1000"_qs, u"4"_qs});
+    Row("grouped texts", u"SELECT COUNT(ID) AS N FROM MUSICA GROUP BY TOM, CATEGORIA"_qs,
+        {u"N"_qs, u"3"_qs, u"1"_qs, u"1"_qs});
+    Row("DISTINCT compares texts under the collation",
+        u"SELECT DISTINCT NOME FROM LISTA ORDER BY NOME"_qs,
+        {u"NOME"_qs, u"Culto"_qs, u"Ensaio"_qs});
+    Row("DISTINCT leaves dates alone", u"SELECT DISTINCT NOME, DATA FROM LISTA ORDER BY DATA"_qs,
+        {u"NOME|DATA"_qs, u"Culto|31/12/2008"_qs, u"Ensaio|05/03/2009"_qs,
+         u"ensaio|20/01/2010"_qs});
     Row("a sub-query's names bind inside it",
         u"SELECT TITULO FROM MUSICA WHERE MUSICA.CATEGORIA IN (SELECT CATEGORIA FROM MUSICA WHERE"
         " ID = 05)"_qs,
-        R"(SELECT "MUSICA"."TITULO" AS "TITULO" FROM "MUSICA" WHERE "MUSICA"."CATEGORIA" IN)"
-        R"( (SELECT "MUSICA"."CATEGORIA" AS "CATEGORIA" FROM "MUSICA" WHERE "MUSICA"."ID" = 5))"
-        R"( ORDER BY "MUSICA"."ID")");
+        {u"TITULO"_qs, u"abc"_qs, u"NULL"_qs});
     Row("a sub-query sees the tables around it",
         u"SELECT ID FROM TEMA WHERE ID IN (SELECT ID_TEMA FROM TEMA_MUSICA WHERE ID_MUSICA ="
         " ORDEM)"_qs,
-        R"(SELECT "TEMA"."ID" AS "ID" FROM "TEMA" WHERE "TEMA"."ID" IN (SELECT)"
-        R"( "TEMA_MUSICA"."ID_TEMA" AS "ID_TEMA" FROM "TEMA_MUSICA" WHERE)"
-        R"( "TEMA_MUSICA"."ID_MUSICA" = "TEMA"."ORDEM") ORDER BY "TEMA"."ID")");
+        {u"ID"_qs, u"1"_qs});
     Row("two joins",
-        u"SELECT NOTA FROM TOM INNER JOIN MUSICA ON MUSICA.TOM = NOTA INNER JOIN TEMA_MUSICA ON"
-        " ID_MUSICA = MUSICA.ID"_qs,
-        R"(SELECT "TOM"."NOTA" AS "NOTA" FROM "TOM" INNER JOIN "MUSICA" ON "MUSICA"."TOM")"
-        R"( COLLATE db_text = "TOM"."NOTA" INNER JOIN "TEMA_MUSICA" ON)"
-        R"( "TEMA_MUSICA"."ID_MUSICA" = "MUSICA"."ID" ORDER BY "TOM"."ID", "MUSICA"."ID",)"
-        R"( "TEMA_MUSICA".rowid)");
+        u"SELECT NOTA, ID_TEMA FROM TOM INNER JOIN MUSICA ON MUSICA.TOM = NOTA INNER JOIN"
+        " TEMA_MUSICA ON ID_MUSICA = MUSICA.ID"_qs,
+        {u"NOTA|ID_TEMA"_qs, u"C|1"_qs, u"C|2"_qs, u"C|3"_qs, u"C|1"_qs, u"D|7"_qs, u"D|1"_qs});
 }
 
 void tst_dialect::select()
 {
-    Check();
+    CheckRows();
 }
 
 void tst_dialect::order_data()
 {
     Columns();
-    Row("texts under the collation, ties by ID", u"SELECT ID FROM TEMA ORDER BY DESCRICAO"_qs,
-        R"(SELECT "TEMA"."ID" AS "ID" FROM "TEMA" ORDER BY "TEMA"."DESCRICAO" COLLATE db_text,)"
-        R"( "TEMA"."ID")");
+    Row("texts under the collation", u"SELECT ID FROM TEMA ORDER BY DESCRICAO"_qs,
+        {u"ID"_qs, u"2"_qs, u"7"_qs, u"3"_qs, u"1"_qs});
+    Row("no text first, ties by ID", u"SELECT ID FROM MUSICA ORDER BY TITULO"_qs,
+        {u"ID"_qs, u"5"_qs, u"2"_qs, u"3"_qs, u"1"_qs, u"12"_qs});
     Row("numbers as they are, downwards",
         u"SELECT ID FROM MUSICA ORDER BY CONTADOR DESC, TITULO ASC"_qs,
-        R"(SELECT "MUSICA"."ID" AS "ID" FROM "MUSICA" ORDER BY "MUSICA"."CONTADOR" DESC,)"
-        R"( "MUSICA"."TITULO" COLLATE db_text, "MUSICA"."ID")");
-    Row("the ID needs no tie", u"SELECT ID FROM TEMA ORDER BY ID DESC"_qs,
-        R"(SELECT "TEMA"."ID" AS "ID" FROM "TEMA" ORDER BY "TEMA"."ID" DESC)");
+        {u"ID"_qs, u"2"_qs, u"3"_qs, u"1"_qs, u"12"_qs, u"5"_qs});
+    Row("by the ID downwards", u"SELECT ID FROM TEMA ORDER BY ID DESC"_qs,
+        {u"ID"_qs, u"7"_qs, u"3"_qs, u"2"_qs, u"1"_qs});
     Row("a name means the column, not the alias",
         u"SELECT ID, Day(DATA) & '/' & Month(DATA) & '/' &  Year(DATA) AS DATA FROM LISTA ORDER BY"
         " DATA DESC"_qs,
-        R"(SELECT "LISTA"."ID" AS "ID", db_concat(db_day("LISTA"."DATA"), ?,)"
-        R"( db_month("LISTA"."DATA"), ?, db_year("LISTA"."DATA")) AS "DATA" FROM "LISTA")"
-        R"( ORDER BY "LISTA"."DATA" DESC, "LISTA"."ID")",
-        {u"/"_qs, u"/"_qs});
+        {u"ID|DATA"_qs, u"2|20/1/2010"_qs, u"1|5/3/2009"_qs, u"3|31/12/2008"_qs});
     Row("an alias where FROM has no such column", u"SELECT TITULO AS T FROM MUSICA ORDER BY t"_qs,
-        R"(SELECT "MUSICA"."TITULO" AS "T" FROM "MUSICA" ORDER BY 1 COLLATE db_text,)"
-        R"( "MUSICA"."ID")");
+        {u"T"_qs, u"NULL"_qs, u"abc"_qs, u"ABC"_qs, u"Água Viva"_qs, u"d'água"_qs});
     Row("the number of a result column", u"SELECT ID, ORDEM FROM TEMA ORDER BY 2 DESC"_qs,
-        R"(SELECT "TEMA"."ID" AS "ID", "TEMA"."ORDEM" AS "ORDEM" FROM "TEMA" ORDER BY 2 DESC,)"
-        R"( "TEMA"."ID")");
-    Row("what is computed as a column is not computed again",
+        {u"ID|ORDEM"_qs, u"7|9"_qs, u"1|2"_qs, u"3|2"_qs, u"2|1"_qs});
+    Row("what is computed as a column",
         u"SELECT ID, TITULO & ' - ' & REFERENCIA FROM MUSICA ORDER BY TITULO & ' - ' &"
         " REFERENCIA"_qs,
-        R"(SELECT "MUSICA"."ID" AS "ID", db_concat("MUSICA"."TITULO", ?, "MUSICA"."REFERENCIA"))"
-        R"( AS "Expr1001" FROM "MUSICA" ORDER BY 2 COLLATE db_text, "MUSICA"."ID")",
-        {u" - "_qs});
+        {u"ID|Expr1001"_qs, u"5| - bia"_qs, u"2|abc - "_qs, u"3|ABC - Bia"_qs,
+         u"1|Água Viva - Ana"_qs, u"12|d'água - Ana"_qs});
     Row("another text is another computation",
-        u"SELECT TITULO & '-' FROM MUSICA ORDER BY TITULO & '+'"_qs,
-        R"(SELECT db_concat("MUSICA"."TITULO", ?) AS "Expr1000" FROM "MUSICA" ORDER BY)"
-        R"( db_concat("MUSICA"."TITULO", ?) COLLATE db_text, "MUSICA"."ID")",
-        {u"-"_qs, u"+"_qs});
+        u"SELECT REFERENCIA & '-' FROM MUSICA ORDER BY REFERENCIA & 'c'"_qs,
+        {u"Expr1000"_qs, u"Ana-"_qs, u"Ana-"_qs, u"Bia-"_qs, u"bia-"_qs, u"-"_qs});
     Row("without ORDER BY a link comes in its place", u"SELECT * FROM TEMA_MUSICA"_qs,
-        R"(SELECT "TEMA_MUSICA"."ID_MUSICA" AS "ID_MUSICA", "TEMA_MUSICA"."ID_TEMA" AS "ID_TEMA")"
-        R"( FROM "TEMA_MUSICA" ORDER BY "TEMA_MUSICA".rowid)");
+        {u"ID_MUSICA|ID_TEMA"_qs, u"12|3"_qs, u"1|1"_qs, u"12|1"_qs, u"2|7"_qs, u"2|1"_qs,
+         u"3|2"_qs});
     Row("without ORDER BY a join comes by the outer ID, then the link's place",
-        u"SELECT DESCRICAO FROM TEMA INNER JOIN TEMA_MUSICA ON TEMA.ID = TEMA_MUSICA.ID_TEMA WHERE"
-        " ID_MUSICA = 012"_qs,
-        R"(SELECT "TEMA"."DESCRICAO" AS "DESCRICAO" FROM "TEMA" INNER JOIN "TEMA_MUSICA" ON)"
-        R"( "TEMA"."ID" = "TEMA_MUSICA"."ID_TEMA" WHERE "TEMA_MUSICA"."ID_MUSICA" = 12)"
-        R"( ORDER BY "TEMA"."ID", "TEMA_MUSICA".rowid)");
+        u"SELECT DESCRICAO, ID_MUSICA FROM TEMA INNER JOIN TEMA_MUSICA ON TEMA.ID ="
+        " TEMA_MUSICA.ID_TEMA WHERE ID_MUSICA IN (012,1)"_qs,
+        {u"DESCRICAO|ID_MUSICA"_qs, u"Louvor|1"_qs, u"Louvor|12"_qs, u"Água|12"_qs});
     Row("a DISTINCT that hides the ID is not sorted by it",
         u"SELECT DISTINCT 1, REFERENCIA FROM MUSICA ORDER BY REFERENCIA"_qs,
-        R"(SELECT DISTINCT 1 AS "Expr1000", "MUSICA"."REFERENCIA" COLLATE db_text)"
-        R"( AS "REFERENCIA" FROM "MUSICA" ORDER BY "MUSICA"."REFERENCIA" COLLATE db_text)");
+        {u"Expr1000|REFERENCIA"_qs, u"1|NULL"_qs, u"1|Ana"_qs, u"1|Bia"_qs});
 }
 
 void tst_dialect::order()
 {
-    Check();
+    CheckRows();
 }
 
 void tst_dialect::expression_data()
 {
-    Columns();
-    const auto where = [](const char* name, const QString& condition, const QByteArray& expected,
-                          const QStringList& values = {}) {
-        Row(name, u"DELETE FROM MUSICA WHERE " + condition,
-            R"(DELETE FROM "MUSICA" WHERE )" + expected, values);
+    QTest::addColumn<QString>("condition");
+    QTest::addColumn<QString>("expected");
+    const auto where = [](const char* name, const QString& condition, const QString& songs) {
+        QTest::newRow(name) << condition << songs;
     };
-    where("leading zeros", u"ID = 012"_qs, R"("MUSICA"."ID" = 12)");
-    where("an empty identifier", u"ID = 0"_qs, R"("MUSICA"."ID" = 0)");
-    where("a negative identifier behind the 0", u"ID = 0-1"_qs, R"("MUSICA"."ID" = 0 - 1)");
-    where("texts under the collation", u"TITULO = 'Santo'"_qs,
-          R"("MUSICA"."TITULO" COLLATE db_text = ?)", {u"Santo"_qs});
-    where("text in double quotes", u"TITULO <> \"d'água\""_qs,
-          R"("MUSICA"."TITULO" COLLATE db_text <> ?)", {u"d'água"_qs});
-    where("a text that looks like SQL", u"TITULO = '''; DROP TABLE MUSICA; --'"_qs,
-          R"("MUSICA"."TITULO" COLLATE db_text = ?)", {u"'; DROP TABLE MUSICA; --"_qs});
-    where("a text in double quotes is never a column", u"TITULO = \"TITULO\""_qs,
-          R"("MUSICA"."TITULO" COLLATE db_text = ?)", {u"TITULO"_qs});
-    where("a number and a text", u"ID = '12'"_qs, R"("MUSICA"."ID" = ?)", {u"12"_qs});
-    where("order of texts", u"'b' < TITULO"_qs, R"(? COLLATE db_text < "MUSICA"."TITULO")",
-          {u"b"_qs});
-    where("LIKE", u"MUSICA.titulo like '%luz%'"_qs, R"(db_like("MUSICA"."TITULO", ?))",
-          {u"%luz%"_qs});
-    where("NOT LIKE", u"TITULO NOT LIKE 'a%'"_qs, R"(NOT db_like("MUSICA"."TITULO", ?))",
-          {u"a%"_qs});
-    where("IN with a trailing comma", u"ID IN (012,15,)"_qs, R"("MUSICA"."ID" IN (12, 15))");
-    where("NOT IN", u"ID NOT IN (0)"_qs, R"("MUSICA"."ID" NOT IN (0))");
-    where("IN of texts", u"TOM IN ('C','d')"_qs, R"("MUSICA"."TOM" COLLATE db_text IN (?, ?))",
-          {u"C"_qs, u"d"_qs});
-    where("IN of a query for texts", u"TOM IN (SELECT NOTA FROM TOM)"_qs,
-          R"("MUSICA"."TOM" COLLATE db_text IN (SELECT "TOM"."NOTA" AS "NOTA" FROM "TOM"))");
-    where("IS NULL", u"TITULO IS NULL OR TOM IS NOT NULL"_qs,
-          R"("MUSICA"."TITULO" IS NULL OR "MUSICA"."TOM" IS NOT NULL)");
-    where("BETWEEN", u"CONTADOR BETWEEN 1 AND 2+3 AND TITULO NOT BETWEEN 'a' AND 'b'"_qs,
-          R"("MUSICA"."CONTADOR" BETWEEN 1 AND 2 + 3 AND "MUSICA"."TITULO" COLLATE db_text)"
-          R"( NOT BETWEEN ? AND ?)",
-          {u"a"_qs, u"b"_qs});
-    where("OR inside AND keeps its parentheses", u"(ID = 1 OR ID = 2) AND ID = 3 AND ID = 4"_qs,
-          R"(("MUSICA"."ID" = 1 OR "MUSICA"."ID" = 2) AND "MUSICA"."ID" = 3 AND)"
-          R"( "MUSICA"."ID" = 4)");
-    where("AND inside OR needs none", u"ID = 1 OR (ID = 2 AND ID = 3)"_qs,
-          R"("MUSICA"."ID" = 1 OR "MUSICA"."ID" = 2 AND "MUSICA"."ID" = 3)");
+    const QString all = u"1,2,3,5,12"_qs;
+    where("leading zeros", u"ID = 012"_qs, u"12"_qs);
+    where("an empty identifier", u"ID = 0"_qs, u""_qs);
+    where("a negative identifier behind the 0", u"ID + 0-1 = 4"_qs, u"5"_qs);
+    where("texts under the collation", u"TITULO = 'Abc'"_qs, u"2,3"_qs);
+    where("text in double quotes", u"TITULO <> \"D'água\""_qs, u"1,2,3"_qs);
+    where("a text that looks like SQL", u"TITULO <> '''; DROP TABLE MUSICA; --'"_qs,
+          u"1,2,3,12"_qs);
+    where("a text in double quotes is never a column", u"TITULO = \"TITULO\""_qs, u""_qs);
+    where("a number and a text", u"ID = '12'"_qs, u"12"_qs);
+    where("order of texts", u"'b' < TITULO"_qs, u"12"_qs);
+    where("LIKE", u"MUSICA.titulo like '%AGUA%'"_qs, u"1,12"_qs);
+    where("NOT LIKE", u"TITULO NOT LIKE 'a%'"_qs, u"12"_qs);
+    where("IN with a trailing comma", u"ID IN (012,15,)"_qs, u"12"_qs);
+    where("NOT IN", u"ID NOT IN (1,2)"_qs, u"3,5,12"_qs);
+    where("IN of texts", u"TOM IN ('c','D')"_qs, u"1,2,3,12"_qs);
+    where("IN of a query for texts", u"TOM IN (SELECT NOTA FROM TOM)"_qs, all);
+    where("IS NULL", u"TITULO IS NULL OR REFERENCIA IS NULL"_qs, u"2,5"_qs);
+    where("IS NOT NULL", u"TITULO IS NOT NULL AND ID > 3"_qs, u"12"_qs);
+    where("BETWEEN", u"CONTADOR BETWEEN 1 AND 1+1 AND TITULO NOT BETWEEN 'a' AND 'b'"_qs, u"12"_qs);
+    where("OR inside AND keeps its parentheses", u"(ID = 1 OR ID = 2) AND CATEGORIA = 2"_qs,
+          u"2"_qs);
+    where("AND inside OR", u"ID = 1 OR (ID = 2 AND CATEGORIA = 1)"_qs, u"1"_qs);
+    where("AND binds more than OR", u"ID = 1 OR ID = 2 AND CATEGORIA = 1"_qs, u"1"_qs);
     where("NOT binds less than a comparison and more than AND",
-          u"NOT ID = 1 AND NOT (ID = 2 OR"
-          " ID = 3)"_qs,
-          R"(NOT "MUSICA"."ID" = 1 AND NOT ("MUSICA"."ID" = 2 OR "MUSICA"."ID" = 3))");
-    where("& binds less than +", u"CONTADOR + 1 & ' - ' = '1 - '"_qs,
-          R"(db_concat("MUSICA"."CONTADOR" + 1, ?) COLLATE db_text = ?)", {u" - "_qs, u"1 - "_qs});
-    where("& binds more than a comparison", u"TITULO = 'a' & 'b'"_qs,
-          R"("MUSICA"."TITULO" COLLATE db_text = db_concat(?, ?))", {u"a"_qs, u"b"_qs});
-    where("* binds more than +, both to the left", u"ID = 1 + 2 * 3 - (4 - 5) - 6"_qs,
-          R"("MUSICA"."ID" = 1 + 2 * 3 - (4 - 5) - 6)");
-    where("parentheses against it", u"ID = (1 + 2) * -(3 + 4)"_qs,
-          R"("MUSICA"."ID" = (1 + 2) * -(3 + 4))");
-    where("a fraction stays one", u"ID = 1 / 2 / 4"_qs, R"("MUSICA"."ID" = 1 * 1.0 / 2 * 1.0 / 4)");
-    where("two dashes are no comment", u"ID = 1--1"_qs, R"("MUSICA"."ID" = 1 - -1)");
-    where("three neither", u"ID = ---1"_qs, R"("MUSICA"."ID" = -(-(-1)))");
-    where("texts that are added join", u"TITULO = 'a' + 'b' + TOM"_qs,
-          R"("MUSICA"."TITULO" COLLATE db_text = db_add(db_add(?, ?), "MUSICA"."TOM"))",
-          {u"a"_qs, u"b"_qs});
-    where("NULL plus one", u"NULL + 1 IS NULL"_qs, R"(db_add(NULL, 1) IS NULL)");
-    where("comparisons of comparisons", u"(ID = 1) = (ID = 2)"_qs,
-          R"(("MUSICA"."ID" = 1) = ("MUSICA"."ID" = 2))");
-    where("numbers beyond 64 bits", u"ID = 099999999999999999999"_qs,
-          R"("MUSICA"."ID" = 99999999999999999999)");
+          u"NOT ID = 1 AND NOT (ID = 2 OR ID = 3)"_qs, u"5,12"_qs);
+    where("& binds less than +", u"CONTADOR + 1 & ' - ' = '3 - '"_qs, u"1,3"_qs);
+    where("& binds more than a comparison", u"TITULO = 'a' & 'bc'"_qs, u"2,3"_qs);
+    where("* binds more than +, both to the left", u"ID = 1 + 2 * 3 - (4 - 5) - 6"_qs, u"2"_qs);
+    where("parentheses against it", u"ID = 33 + (1 + 2) * -(3 + 4)"_qs, u"12"_qs);
+    where("a fraction stays one", u"ID = 8 * (1 / 2 / 4)"_qs, u"1"_qs);
+    where("a fraction of a column", u"CONTADOR / 4 = 1 / 2"_qs, u"1,3"_qs);
+    where("two dashes are no comment", u"ID = 1--1"_qs, u"2"_qs);
+    where("three neither", u"ID = 3 + ---1"_qs, u"2"_qs);
+    where("texts that are added join", u"TITULO = 'a' + 'b' + 'c'"_qs, u"2,3"_qs);
+    where("a text and a column that are added join", u"'x' + TOM = 'xd'"_qs, u"2"_qs);
+    where("NULL plus one", u"NULL + 1 IS NULL"_qs, all);
+    where("comparisons of comparisons", u"(ID = 1) = (CATEGORIA = 2)"_qs, u"3,12"_qs);
+    where("numbers beyond 64 bits", u"ID = 099999999999999999999"_qs, u""_qs);
+    where("less than a number beyond 64 bits", u"ID < 099999999999999999999"_qs, all);
 }
 
+/// Each condition is asked in a query and in an action.
 void tst_dialect::expression()
 {
-    Check();
+    QFETCH(QString, condition);
+    QFETCH(QString, expected);
+    const QStringList found = Rows(u"SELECT ID FROM MUSICA WHERE " + condition).mid(1);
+    QCOMPARE(found.join(u','), expected);
+    m_connection->Execute(u"DELETE FROM MUSICA WHERE " + condition);
+    QStringList left{u"1"_qs, u"2"_qs, u"3"_qs, u"5"_qs, u"12"_qs};
+    for (const QString& id : found)
+        left.removeAll(id);
+    QCOMPARE(Rows(u"SELECT ID FROM MUSICA"_qs).mid(1), left);
 }
 
 void tst_dialect::action_data()
 {
-    Columns();
-    Row("values are guarded by their columns' types",
+    QTest::addColumn<QString>("sql");
+    QTest::addColumn<QString>("look");
+    QTest::addColumn<QStringList>("expected");
+    const auto row = [](const char* name, const QString& sql, const QString& look,
+                        const QStringList& expected) {
+        QTest::newRow(name) << sql << look << expected;
+    };
+    row("a text with an apostrophe, a small number, an empty text",
         u"INSERT INTO TEMA (DESCRICAO, ORDEM, COR) VALUES ('D''água', 2, '')"_qs,
-        R"(INSERT INTO "TEMA" ("DESCRICAO", "ORDEM", "COR") VALUES (?, db_integer(2), ?))",
-        {u"D'água"_qs, u""_qs});
-    Row("32 bits", u"INSERT INTO TEMA_MUSICA (ID_MUSICA, ID_TEMA)  VALUES (5, -1)"_qs,
-        R"(INSERT INTO "TEMA_MUSICA" ("ID_MUSICA", "ID_TEMA") VALUES (db_long(5), db_long(-1)))");
-    Row("a date", u"INSERT INTO LISTA (NOME, DATA)  VALUES ('Ensaio', CDATE('05/03/2009'))"_qs,
-        R"(INSERT INTO "LISTA" ("NOME", "DATA") VALUES (?, db_cdate(?)))",
-        {u"Ensaio"_qs, u"05/03/2009"_qs});
-    Row("a text in a date column is read as a date", u"UPDATE LISTA SET DATA = '05/03/2009'"_qs,
-        R"(UPDATE "LISTA" SET "DATA" = db_cdate(?))", {u"05/03/2009"_qs});
-    Row("NULL fits everywhere", u"UPDATE MUSICA SET CATEGORIA = NULL, TITULO = NULL"_qs,
-        R"(UPDATE "MUSICA" SET "CATEGORIA" = NULL, "TITULO" = NULL)");
-    Row("rows of a query",
+        u"SELECT DESCRICAO, ORDEM, COR FROM TEMA WHERE ID > 7"_qs, {u"D'água|2|"_qs});
+    row("numbers below zero", u"INSERT INTO TEMA_MUSICA (ID_MUSICA, ID_TEMA)  VALUES (5, -1)"_qs,
+        u"SELECT ID_MUSICA, ID_TEMA FROM TEMA_MUSICA WHERE ID_TEMA < 0"_qs, {u"5|-1"_qs});
+    row("a date", u"INSERT INTO LISTA (NOME, DATA)  VALUES ('Ensaio', CDATE('05/03/2009'))"_qs,
+        u"SELECT NOME, DATA FROM LISTA WHERE ID > 3"_qs, {u"Ensaio|2009-03-05"_qs});
+    row("a text in a date column is read as a date", u"UPDATE LISTA SET DATA = '05/03/2009'"_qs,
+        u"SELECT DISTINCT DATA FROM LISTA"_qs, {u"2009-03-05"_qs});
+    row("NULL fits everywhere", u"UPDATE MUSICA SET CATEGORIA = NULL, TITULO = NULL"_qs,
+        u"SELECT COUNT(*) FROM MUSICA WHERE CATEGORIA IS NULL AND TITULO IS NULL"_qs, {u"5"_qs});
+    row("rows of a query",
         u"INSERT INTO TEMA_MUSICA (ID_MUSICA, ID_TEMA) SELECT 5, ID FROM TEMA WHERE ID IN (3,7)"_qs,
-        R"(INSERT INTO "TEMA_MUSICA" ("ID_MUSICA", "ID_TEMA") SELECT db_long(5) AS "Expr1000",)"
-        R"( db_long("TEMA"."ID") AS "ID" FROM "TEMA" WHERE "TEMA"."ID" IN (3, 7))"
-        R"( ORDER BY "TEMA"."ID")");
-    Row("a column called like its table", u"UPDATE MUSICA SET MUSICA = 'b'"_qs,
-        R"(UPDATE "MUSICA" SET "MUSICA" = ?)", {u"b"_qs});
-    Row("one more, as written",
+        u"SELECT * FROM TEMA_MUSICA WHERE ID_MUSICA = 5"_qs, {u"5|3"_qs, u"5|7"_qs});
+    row("a column called like its table", u"UPDATE MUSICA SET MUSICA = 'b'"_qs,
+        u"SELECT DISTINCT MUSICA FROM MUSICA"_qs, {u"b"_qs});
+    row("one more, as written",
         u"UPDATE MUSICA SET CONTADOR = CONTADOR + 1 WHERE ID = 05 AND ID NOT IN (12,45)"_qs,
-        R"(UPDATE "MUSICA" SET "CONTADOR" = db_long("MUSICA"."CONTADOR" + 1) WHERE)"
-        R"( "MUSICA"."ID" = 5 AND "MUSICA"."ID" NOT IN (12, 45))");
-    Row("all rows", u"DELETE FROM TEMA"_qs, R"(DELETE FROM "TEMA")");
+        u"SELECT ID, CONTADOR FROM MUSICA ORDER BY ID"_qs,
+        {u"1|2"_qs, u"2|10"_qs, u"3|2"_qs, u"5|1"_qs, u"12|1"_qs});
+    row("all rows", u"DELETE FROM TEMA"_qs, u"SELECT COUNT(*) FROM TEMA"_qs, {u"0"_qs});
 }
 
 void tst_dialect::action()
 {
-    Check();
+    QFETCH(QString, sql);
+    QFETCH(QString, look);
+    m_connection->Execute(sql);
+    m_connection->CommitBatch();
+    QStringList rows;
+    const QList<QStringList> found = m_catalogue->Rows(look);
+    for (const QStringList& row : found)
+        rows.append(row.join(u'|'));
+    QTEST(rows, "expected");
 }
 
 void tst_dialect::refuses_data()
@@ -401,7 +421,9 @@ void tst_dialect::refuses()
 
 void tst_dialect::oneSemicolonMayEndAStatement()
 {
-    QCOMPARE(Translated(u"DELETE FROM TEMA ; "_qs).sql, Translated(u"DELETE FROM TEMA"_qs).sql);
+    QCOMPARE(Rows(u"SELECT ID FROM TEMA ; "_qs), Rows(u"SELECT ID FROM TEMA"_qs));
+    m_connection->Execute(u"DELETE FROM TEMA ; "_qs);
+    QCOMPARE(Rows(u"SELECT ID FROM TEMA"_qs), QStringList{u"ID"_qs});
 }
 
 void tst_dialect::tellsQueriesFromActions()
@@ -421,8 +443,8 @@ void tst_dialect::longListsAreNotKept()
 
 void tst_dialect::namesQuotesInside()
 {
-    QCOMPARE(Translated(u"SELECT ID AS [a\"b] FROM TOM"_qs).sql,
-             R"(SELECT "TOM"."ID" AS "a""b" FROM "TOM" ORDER BY "TOM"."ID")");
+    QCOMPARE(Rows(u"SELECT ID AS [a\"b] FROM TEMA WHERE ID = 7"_qs),
+             QStringList({u"a\"b"_qs, u"7"_qs}));
 }
 
 void tst_dialect::deepNestingIsRefused_data()
@@ -464,18 +486,15 @@ void tst_dialect::longStatementsTakeLinearTime()
     constexpr int Long = 100'000;
     QElapsedTimer timer;
     timer.start();
-    const QString song = u"É''"_qs.repeated(Long);
-    QCOMPARE(
-        Translated(u"UPDATE MUSICA SET MUSICA = '" + song + u"'").values.front().ToText().size(),
-        2 * Long);
-    QCOMPARE(Translated(u"SELECT ID FROM MUSICA WHERE ID IN (0" + u"7,"_qs.repeated(Long) + u")")
-                 .sql.count("7"),
-             Long);
-    QCOMPARE(
-        Translated(u"SELECT ID FROM MUSICA WHERE 1" + u" AND 2"_qs.repeated(Long)).sql.count("AND"),
-        Long);
+    m_connection->Execute(u"UPDATE MUSICA SET MUSICA = '" + u"É''"_qs.repeated(Long) +
+                          u"' WHERE ID = 3");
+    QCOMPARE(Rows(u"SELECT MUSICA FROM MUSICA WHERE ID = 3"_qs).last(), u"É'"_qs.repeated(Long));
+    QCOMPARE(Rows(u"SELECT ID FROM TEMA WHERE ID IN (0" + u"7,"_qs.repeated(Long) + u")").last(),
+             u"7"_qs);
+    // More conditions than SQLite takes are translated as well.
+    Translated(u"SELECT ID FROM MUSICA WHERE 1" + u" AND 2"_qs.repeated(Long));
     QVERIFY2(timer.elapsed() < 10'000, "seconds for what takes milliseconds");
 }
 
-QTEST_APPLESS_MAIN(tst_dialect)
+QTEST_GUILESS_MAIN(tst_dialect)
 #include "tst_dialect.moc"

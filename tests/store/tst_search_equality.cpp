@@ -9,6 +9,7 @@
 
 #include <QTest>
 
+#include <functional>
 #include <random>
 
 namespace {
@@ -190,6 +191,17 @@ SearchText Search(Chance& chance)
     return search;
 }
 
+/// What is suggested while a title or a reference is being typed.
+QString Suggestion(Chance& chance)
+{
+    const QString typed = chance.OneIn(6) ? QString() : chance.Pattern();
+    if (chance.OneIn(2))
+        return u"SELECT ID, TITULO & ' - ' & REFERENCIA FROM MUSICA WHERE TITULO LIKE '"_qs +
+               typed + u"%' ORDER BY TITULO & ' - ' & REFERENCIA";
+    return u"SELECT DISTINCT 1, REFERENCIA FROM MUSICA WHERE REFERENCIA LIKE '"_qs + typed +
+           u"%' ORDER BY REFERENCIA";
+}
+
 } // namespace
 
 /// Every search gives the rows of the statement as it stands, in its order and with all their
@@ -201,6 +213,11 @@ class tst_search_equality : public QObject
 private slots:
     void givesTheRowsOfTheLiteralStatement_data();
     void givesTheRowsOfTheLiteralStatement();
+    void suggestsTheRowsOfTheLiteralStatement_data() { givesTheRowsOfTheLiteralStatement_data(); }
+    void suggestsTheRowsOfTheLiteralStatement();
+
+private:
+    static void Compare(unsigned seed, const std::function<QString(Chance&)>& statement);
 };
 
 void tst_search_equality::givesTheRowsOfTheLiteralStatement_data()
@@ -213,6 +230,17 @@ void tst_search_equality::givesTheRowsOfTheLiteralStatement_data()
 void tst_search_equality::givesTheRowsOfTheLiteralStatement()
 {
     QFETCH(unsigned, seed);
+    Compare(seed, [](Chance& chance) { return Search(chance).Sql(); });
+}
+
+void tst_search_equality::suggestsTheRowsOfTheLiteralStatement()
+{
+    QFETCH(unsigned, seed);
+    Compare(seed, Suggestion);
+}
+
+void tst_search_equality::Compare(unsigned seed, const std::function<QString(Chance&)>& statement)
+{
     Chance chance(seed);
     const TestCatalogue catalogue;
     const int songs = 20 + chance.Below(120);
@@ -237,7 +265,7 @@ void tst_search_equality::givesTheRowsOfTheLiteralStatement()
                 connection.Execute(change);
             connection.CommitBatch();
         }
-        const QString sql = Search(chance).Sql();
+        const QString sql = statement(chance);
         QVERIFY(SongSearch::Recognise(ReadStatement(sql, schema)));
         const QList<QStringList> expected = literal.Rows(sql);
         const QList<QStringList> rows = AllFields(connection.Execute(sql));

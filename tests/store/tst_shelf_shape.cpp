@@ -45,6 +45,13 @@ void tst_shelf_shape::takes_data()
     QTest::newRow("other letter case") << u"select musica.id from musica order by titulo"_qs;
     QTest::newRow("distinct without a link")
         << u"SELECT DISTINCT ID FROM MUSICA ORDER BY TITULO"_qs;
+    QTest::newRow("titles suggested")
+        << u"SELECT ID, TITULO & ' - ' & REFERENCIA FROM MUSICA WHERE TITULO LIKE 'a''b%' "
+           "ORDER BY TITULO & ' - ' & REFERENCIA"_qs;
+    QTest::newRow("references suggested")
+        << u"SELECT DISTINCT 1, REFERENCIA FROM MUSICA WHERE REFERENCIA LIKE 'a%' "
+           "ORDER BY REFERENCIA"_qs;
+    QTest::newRow("every song by its reference") << Plain + u"ORDER BY REFERENCIA"_qs;
     QTest::newRow("another name for a column")
         << u"SELECT ID, TITULO AS NOME FROM MUSICA ORDER BY TITULO"_qs;
 }
@@ -63,8 +70,22 @@ void tst_shelf_shape::leavesToSqlite_data()
     QTest::newRow("least played first") << Plain + u"ORDER BY CONTADOR, TITULO"_qs;
     QTest::newRow("by count alone") << Plain + u"ORDER BY CONTADOR DESC"_qs;
     QTest::newRow("title before count") << Plain + u"ORDER BY TITULO, CONTADOR DESC"_qs;
-    QTest::newRow("by a computed text")
-        << Plain + u"WHERE TITULO LIKE 'x%' ORDER BY TITULO & ' - ' & REFERENCIA"_qs;
+    QTest::newRow("by another computed text")
+        << Plain + u"WHERE TITULO LIKE 'x%' ORDER BY TITULO & ' / ' & REFERENCIA"_qs;
+    QTest::newRow("by reference and title")
+        << Plain + u"WHERE TITULO LIKE 'x%' ORDER BY REFERENCIA & ' - ' & TITULO"_qs;
+    QTest::newRow("descending labels") << Plain + u"ORDER BY TITULO & ' - ' & REFERENCIA DESC"_qs;
+    QTest::newRow("most played labels")
+        << Plain + u"ORDER BY CONTADOR DESC, TITULO & ' - ' & REFERENCIA"_qs;
+    QTest::newRow("most played references") << Plain + u"ORDER BY CONTADOR DESC, REFERENCIA"_qs;
+    QTest::newRow("labels told apart")
+        << u"SELECT DISTINCT TITULO & ' - ' & REFERENCIA FROM MUSICA ORDER BY REFERENCIA"_qs;
+    QTest::newRow("references told apart with their keys")
+        << u"SELECT DISTINCT TOM, REFERENCIA FROM MUSICA ORDER BY REFERENCIA"_qs;
+    QTest::newRow("references told apart in another order")
+        << u"SELECT DISTINCT 1, REFERENCIA FROM MUSICA ORDER BY TITULO"_qs;
+    QTest::newRow("another number") << u"SELECT DISTINCT 2, REFERENCIA FROM MUSICA "
+                                       "ORDER BY REFERENCIA"_qs;
     QTest::newRow("by the place of a column") << Plain + u"ORDER BY 2"_qs;
     QTest::newRow("the second text") << u"SELECT MUSICA2 FROM MUSICA ORDER BY TITULO"_qs;
     QTest::newRow("every column") << u"SELECT * FROM MUSICA ORDER BY TITULO"_qs;
@@ -124,7 +145,7 @@ void tst_shelf_shape::readsWhatASearchAsksFor()
     QCOMPARE(search->patterns[1].field, Field::Text);
     QCOMPARE(search->patterns[1].like, u"%ção%"_qs.toUtf8());
     QCOMPARE(*search->links->themes, (std::vector<qint64>{3, 7}));
-    QVERIFY(search->mostPlayedFirst);
+    QVERIFY(search->order == SongSearch::Order::MostPlayed);
 }
 
 void tst_shelf_shape::leavesColumnsOfOtherTypes()

@@ -99,11 +99,11 @@ void tst_viewer_sheet::theKeyStepsBySemitonesAcrossTheWrap()
 {
     QFETCH(int, key);
     QFETCH(int, step);
-    const QString chord = Names[key];
+    const QString& chord = Names[key];
     const auto viewer = bench->Open({.text2 = chord + u"\r\nSanto Deus"_qs, .key = chord});
     for (int i = 1; i <= 27; ++i) {
         Click(viewer, step > 0 ? "cmdSobe" : "cmdDesce");
-        const QString expected = Names[(key + step * i + 36) % 12];
+        const QString& expected = Names[(key + step * i + 36) % 12];
         QCOMPARE(Caption(viewer, "lblTom"), u"("_qs + expected + u")"_qs);
         QCOMPARE(FirstLine(Box(viewer, 2)), expected);
     }

@@ -28,26 +28,33 @@ void SongLinks::Remove(qint64 row)
 
 void SongLinks::FindPlaces(const SongTable& songs)
 {
+    m_places.clear();
     m_places.reserve(m_links.size());
-    for (const Link& link : m_links)
+    m_linked.assign(songs.Places(), 0);
+    for (const Link& link : m_links) {
         m_places.push_back(link.song ? songs.PlaceOf(*link.song) : SongTable::Nowhere);
+        if (m_places.back() != SongTable::Nowhere)
+            m_linked[m_places.back()] = 1;
+    }
 }
 
-void SongLinks::Mark(std::vector<char>& marks, const SongTable& songs,
-                     const std::optional<std::vector<qint64>>& themes)
+std::vector<char> SongLinks::Marks(const SongTable& songs,
+                                   const std::optional<std::vector<qint64>>& themes)
 {
-    if (m_places.size() != m_links.size())
+    if (m_places.size() != m_links.size() || m_linked.size() != songs.Places())
         FindPlaces(songs);
-    const auto isWanted = [&themes](const Number& theme) {
-        return theme && std::binary_search(themes->begin(), themes->end(), *theme);
-    };
+    if (!themes)
+        return m_linked;
+    std::vector<char> marks(songs.Places(), 0);
     for (std::size_t i = 0; i < m_links.size(); ++i) {
-        if (m_places[i] != SongTable::Nowhere && (!themes || isWanted(m_links[i].theme)))
+        if (m_places[i] != SongTable::Nowhere && m_links[i].theme &&
+            std::binary_search(themes->begin(), themes->end(), *m_links[i].theme))
             marks[m_places[i]] = 1;
     }
+    return marks;
 }
 
 std::size_t SongLinks::Size() const noexcept
 {
-    return m_links.size() * (sizeof(Link) + sizeof(SongTable::Place));
+    return m_links.size() * (sizeof(Link) + sizeof(SongTable::Place)) + m_linked.size();
 }

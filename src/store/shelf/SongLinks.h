@@ -18,14 +18,17 @@ public:
     void Put(qint64 row, Number song, Number theme);
     void Remove(qint64 row);
 
-    /// Marks the songs that are linked.
     /// @param themes  sorted; nothing for any theme
-    /// @param marks   one for each place of songs, 0 at first; 1 where a link exists
-    void Mark(std::vector<char>& marks, const SongTable& songs,
-              const std::optional<std::vector<qint64>>& themes);
+    /// @return a mark for each place of songs: 1 where a link exists
+    std::vector<char> Marks(const SongTable& songs,
+                            const std::optional<std::vector<qint64>>& themes);
 
     /// To be called when songs have got other places.
-    void ForgetPlaces() { m_places.clear(); }
+    void ForgetPlaces()
+    {
+        m_places.clear();
+        m_linked.clear();
+    }
 
     /// @return bytes taken, about.
     std::size_t Size() const noexcept;
@@ -42,4 +45,5 @@ private:
 
     std::vector<Link> m_links;              ///< in the order of their rows
     std::vector<SongTable::Place> m_places; ///< of their songs; empty when not known
+    std::vector<char> m_linked; ///< the marks for any theme, known as long as the places are
 };

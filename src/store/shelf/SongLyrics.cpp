@@ -73,10 +73,10 @@ bool SongLyrics::Matches(SongTable::Place place, const Like& like,
     if (!lyric.bases)
         return false;
     const std::string_view bases(lyric.bases, lyric.basesLength);
+    if (like.IsDecidedByBases())
+        return like.MatchesBases(bases);
     if (!like.MayMatch(bases))
         return false;
-    if (like.IsDecidedByBases())
-        return true;
     m_read.clear();
     for (std::uint32_t i = 0; i < lyric.accentCount; ++i) {
         Packed packed = 0;

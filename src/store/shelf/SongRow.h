@@ -6,6 +6,7 @@
 
 #include <deque>
 #include <optional>
+#include <string>
 #include <string_view>
 
 /// One song as lists and searches need it: everything but its texts.
@@ -21,8 +22,14 @@ struct SongRow
     Text reference;
     Text key;
     Text variation;
-    std::string_view titleBases; ///< Fold::Bases
-    std::string_view referenceBases;
+
+    /// @return "title - reference"; what is missing is empty
+    std::string Label() const
+    {
+        std::string label;
+        label.append(title.value_or(std::string_view())).append(" - ");
+        return label.append(reference.value_or(std::string_view()));
+    }
 };
 
 /// Songs of one reading of the catalogue. A song that changes is added anew, the old one stays for

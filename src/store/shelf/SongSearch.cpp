@@ -57,6 +57,20 @@ std::optional<Field> FieldOf(const Expression& expression, const Table& songs)
     return FieldOf(*expression.column);
 }
 
+/// @return whether the expression is TITULO & ' - ' & REFERENCIA
+bool IsLabel(const Expression& expression, const Table& songs)
+{
+    const auto& parts = expression.operands;
+    return expression.kind == Kind::Concat && parts.size() == 3 &&
+           FieldOf(parts[0], songs) == Field::Title && parts[1].kind == Kind::Text &&
+           parts[1].text == u" - " && FieldOf(parts[2], songs) == Field::Reference;
+}
+
+bool IsOne(const Expression& expression)
+{
+    return expression.kind == Kind::Number && expression.text == u"1";
+}
+
 bool IsLinkColumn(const Expression& expression, const Table& links, QStringView name)
 {
     return expression.kind == Kind::Column && expression.table == &links &&
@@ -91,8 +105,8 @@ public:
 
     std::optional<SongSearch> Read()
     {
-        if (m_select.distinct || m_select.aggregated || !m_select.joins.empty() ||
-            !IsNamed(m_songs.name, u"MUSICA") || !ReadColumns() || !ReadWhere() || !ReadOrder())
+        if (m_select.aggregated || !m_select.joins.empty() || !IsNamed(m_songs.name, u"MUSICA") ||
+            !ReadColumns() || !ReadWhere() || !ReadOrder() || !ReadDistinct())
             return std::nullopt;
         return std::move(m_search);
     }
@@ -101,7 +115,9 @@ private:
     bool ReadColumns()
     {
         for (const ResultColumn& column : m_select.columns) {
-            const auto field = FieldOf(column.value, m_songs);
+            const auto field = IsLabel(column.value, m_songs) ? Field::Label
+                               : IsOne(column.value)          ? Field::One
+                                                              : FieldOf(column.value, m_songs);
             if (!field)
                 return false;
             m_search.columns.push_back(*field);
@@ -177,14 +193,30 @@ private:
 
     bool ReadOrder()
     {
+        using Order = SongSearch::Order;
         const auto& terms = m_select.orderBy;
-        const auto sortsBy = [this](const OrderTerm& term, Field field, bool descending) {
-            return term.resultColumn < 0 && term.descending == descending &&
-                   FieldOf(term.value, m_songs) == field;
-        };
-        m_search.mostPlayedFirst = terms.size() == 2 && sortsBy(terms[0], Field::Count, true);
-        return (terms.size() == 1 || m_search.mostPlayedFirst) &&
-               sortsBy(terms.back(), Field::Title, false);
+        if (terms.empty() || terms.size() > 2 || terms.back().descending ||
+            std::any_of(terms.begin(), terms.end(),
+                        [](const OrderTerm& term) { return term.resultColumn >= 0; }))
+            return false;
+        const auto field = FieldOf(terms.back().value, m_songs);
+        if (terms.size() == 2) {
+            m_search.order = Order::MostPlayed;
+            return field == Field::Title && terms.front().descending &&
+                   FieldOf(terms.front().value, m_songs) == Field::Count;
+        }
+        m_search.order = field == Field::Title       ? Order::Title
+                         : field == Field::Reference ? Order::Reference
+                                                     : Order::Label;
+        return m_search.order != Order::Label || IsLabel(terms.back().value, m_songs);
+    }
+
+    bool ReadDistinct()
+    {
+        m_search.eachReferenceOnce = m_select.distinct;
+        return !m_select.distinct ||
+               (m_search.order == SongSearch::Order::Reference &&
+                m_search.columns == std::vector<Field>{Field::One, Field::Reference});
     }
 
     const Select& m_select;

@@ -15,10 +15,15 @@
 ///           ID IN (SELECT ID_MUSICA FROM TEMA_MUSICA [WHERE ID_TEMA IN (...)])
 ///     ORDER BY [CONTADOR DESC,] TITULO
 ///
-/// which is what FoldLinkJoin makes of a search. Each condition may be missing.
+/// which is what FoldLinkJoin makes of a search. Each condition may be missing. Also, with the same
+/// conditions, what is suggested while a song is being entered:
+///
+///     SELECT columns or TITULO & ' - ' & REFERENCIA ... ORDER BY TITULO & ' - ' & REFERENCIA
+///     SELECT DISTINCT 1, REFERENCIA ... ORDER BY REFERENCIA
 struct SongSearch
 {
-    enum class Field { Id, Title, Reference, Text, Key, Variation, Category, Count };
+    enum class Field { Id, Title, Reference, Text, Key, Variation, Category, Count, Label, One };
+    enum class Order { Title, MostPlayed, Label, Reference };
 
     struct Pattern
     {
@@ -36,7 +41,8 @@ struct SongSearch
     std::optional<std::vector<qint64>> categories;
     std::vector<Pattern> patterns;
     std::optional<Links> links; ///< of a song, one at least has to exist
-    bool mostPlayedFirst = false;
+    Order order = Order::Title;
+    bool eachReferenceOnce = false; ///< of songs whose references are alike, the first by its ID
 
     /// @param statement  resolved, its join folded
     /// @return nothing for a query of any other shape

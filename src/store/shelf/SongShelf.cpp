@@ -19,30 +19,17 @@ constexpr int IdlePause = 15; // ms
 /// One condition of a search on one text of a song.
 struct Condition
 {
-    explicit Condition(const SongSearch::Pattern& pattern)
-        : field(pattern.field)
-        , like({pattern.like.constData(), static_cast<std::size_t>(pattern.like.size())})
-    {
-    }
-
-    bool Holds(const SongRow& song) const
-    {
-        const SongRow::Text& text = field == Field::Title ? song.title : song.reference;
-        const std::string_view bases =
-            field == Field::Title ? song.titleBases : song.referenceBases;
-        return text && like.Matches(*text, bases);
-    }
-
     Field field;
     Like like;
 };
 
-std::vector<Condition> Conditions(const SongSearch& search, bool onLyrics)
+std::vector<Condition> Conditions(const SongSearch& search)
 {
     std::vector<Condition> conditions;
     for (const SongSearch::Pattern& pattern : search.patterns) {
-        if ((pattern.field == Field::Text) == onLyrics)
-            conditions.emplace_back(pattern);
+        const std::string_view like(pattern.like.constData(),
+                                    static_cast<std::size_t>(pattern.like.size()));
+        conditions.push_back({pattern.field, Like(like)});
     }
     return conditions;
 }
@@ -69,14 +56,17 @@ SongShelf::~SongShelf()
 
 std::size_t SongShelf::Size() const noexcept
 {
-    return m_songs.Size() + m_links.Size() + m_lyrics.Size();
+    return m_songs.Size() + m_links.Size() + m_titles.Size() + m_references.Size() +
+           m_lyrics.Size();
 }
 
 std::shared_ptr<const Recordset::Rows> SongShelf::Answer(const SongSearch& search)
 {
     const ReadSnapshot snapshot(m_database);
     try {
-        const bool onLyrics = !Conditions(search, true).empty();
+        const bool onLyrics =
+            std::any_of(search.patterns.begin(), search.patterns.end(),
+                        [](const auto& pattern) { return pattern.field == Field::Text; });
         if (!Refresh() || (onLyrics && !ReadLyrics(std::nullopt)))
             return nullptr;
     } catch (const RuntimeError&) {
@@ -84,50 +74,80 @@ std::shared_ptr<const Recordset::Rows> SongShelf::Answer(const SongSearch& searc
         m_watch.Distrust();
         return nullptr;
     }
+    ReadBases(search);
+    if (!StayInBounds())
+        return nullptr;
     ReadWhenIdle();
     return Show(search, Find(search));
 }
 
-/// @return for each place 1 where links, category, title and reference fit
+/// @return for each place 1 where links and category fit
 std::vector<char> SongShelf::Candidates(const SongSearch& search)
 {
-    std::vector<char> marks(m_songs.Places(), search.links ? 0 : 1);
-    if (search.links)
-        m_links.Mark(marks, m_songs, search.links->themes);
-    const std::vector<Condition> conditions = Conditions(search, false);
-    const auto fits = [&](const SongRow& song) {
-        if (search.categories &&
-            (!song.category || !std::binary_search(search.categories->begin(),
-                                                   search.categories->end(), *song.category)))
+    std::vector<char> marks = search.links ? m_links.Marks(m_songs, search.links->themes)
+                                           : std::vector<char>(m_songs.Places(), 1);
+    const auto fits = [&](SongTable::Place place) {
+        if (!m_songs.At(place))
             return false;
-        return std::all_of(conditions.begin(), conditions.end(),
-                           [&song](const Condition& c) { return c.Holds(song); });
+        if (!search.categories)
+            return true;
+        const SongRow::Number& category = m_songs.CategoryAt(place);
+        return category &&
+               std::binary_search(search.categories->begin(), search.categories->end(), *category);
     };
     for (SongTable::Place place = 0; place < m_songs.Places(); ++place) {
-        const SongRow* song = m_songs.At(place);
-        if (marks[place] != 0 && !(song && fits(*song)))
+        if (marks[place] != 0 && !fits(place))
             marks[place] = 0;
     }
     return marks;
 }
 
+/// Takes away the marks of songs whose title or reference does not match.
+void SongShelf::KeepMatches(std::vector<char>& marks, const SongBases& bases, const Like& like,
+                            SongRow::Text SongRow::*text) const
+{
+    bases.Keep(marks, like.Needle());
+    if (like.IsDecidedByNeedle())
+        return;
+    for (SongTable::Place place = 0; place < m_songs.Places(); ++place) {
+        if (marks[place] != 0 && !like.Matches(*(m_songs.At(place)->*text), bases.At(place)))
+            marks[place] = 0;
+    }
+}
+
+void SongShelf::KeepLyrics(std::vector<char>& marks, const Like& like) const
+{
+    const LetterTriples triples(like.Needle().Needle());
+    const LetterTriples* const asked = triples.IsEmpty() ? nullptr : &triples;
+    for (SongTable::Place place = 0; place < m_songs.Places(); ++place) {
+        if (marks[place] != 0 && !m_lyrics.Matches(place, like, asked))
+            marks[place] = 0;
+    }
+}
+
 std::vector<const SongRow*> SongShelf::Find(const SongSearch& search)
 {
     std::vector<char> marks = Candidates(search);
-    for (const Condition& condition : Conditions(search, true)) {
-        const LetterTriples triples(condition.like.Needle());
-        const LetterTriples* const asked = triples.IsEmpty() ? nullptr : &triples;
-        for (SongTable::Place place = 0; place < m_songs.Places(); ++place) {
-            if (marks[place] != 0 && !m_lyrics.Matches(place, condition.like, asked))
-                marks[place] = 0;
-        }
+    // Lyrics last: they take longest.
+    const std::vector<Condition> conditions = Conditions(search);
+    for (const Condition& condition : conditions) {
+        if (condition.field == Field::Title)
+            KeepMatches(marks, m_titles, condition.like, &SongRow::title);
+        else if (condition.field == Field::Reference)
+            KeepMatches(marks, m_references, condition.like, &SongRow::reference);
+    }
+    for (const Condition& condition : conditions) {
+        if (condition.field == Field::Text)
+            KeepLyrics(marks, condition.like);
     }
     std::vector<const SongRow*> rows;
     rows.reserve(static_cast<std::size_t>(std::count(marks.begin(), marks.end(), 1)));
-    for (const SongTable::Place place : m_songs.InOrder(search.mostPlayedFirst)) {
+    for (const SongTable::Place place : m_songs.InOrder(search.order)) {
         if (marks[place] != 0)
             rows.push_back(m_songs.At(place));
     }
+    if (search.eachReferenceOnce)
+        TitleOrder::KeepEachReferenceOnce(rows);
     return rows;
 }
 
@@ -167,7 +187,8 @@ void SongShelf::BeforeChange(const Syntax::Statement& statement)
 
 void SongShelf::ReadWhenIdle()
 {
-    if (m_lyricsState == Lyrics::Partly && !m_idle.isActive() && QCoreApplication::instance())
+    // Started anew by every search: what it found is painted before the next slice.
+    if (m_lyricsState == Lyrics::Partly && QCoreApplication::instance())
         m_idle.start();
 }
 

@@ -2,6 +2,7 @@
 
 #include "store/Recordset.h"
 #include "store/shelf/ChangeWatch.h"
+#include "store/shelf/SongBases.h"
 #include "store/shelf/SongLinks.h"
 #include "store/shelf/SongLyrics.h"
 #include "store/shelf/SongSearch.h"
@@ -23,7 +24,8 @@ struct sqlite3;
 /// connection or another program has changed anything since.
 ///
 /// The small columns and the links are read by the first search, the lyrics in idle moments after
-/// it, a few milliseconds at a time, or by the first search in them.
+/// it, a few milliseconds at a time, or by the first search in them. Titles and references are
+/// folded by the first search in each.
 class SongShelf
 {
 public:
@@ -55,6 +57,8 @@ private:
     enum class Lyrics { Partly, All, None };
 
     bool Refresh();
+    bool StayInBounds();
+    void ReadBases(const SongSearch& search);
     bool RefreshRows();
     void SeeVersion();
     bool RefreshSong(qint64 id);
@@ -70,6 +74,9 @@ private:
     void ReadWhenIdle();
     std::vector<const SongRow*> Find(const SongSearch& search);
     std::vector<char> Candidates(const SongSearch& search);
+    void KeepMatches(std::vector<char>& marks, const SongBases& bases, const Like& like,
+                     SongRow::Text SongRow::*text) const;
+    void KeepLyrics(std::vector<char>& marks, const Like& like) const;
     std::shared_ptr<const Recordset::Rows> Show(const SongSearch& search,
                                                 std::vector<const SongRow*> rows);
     Value TextOf(qint64 id);
@@ -82,6 +89,8 @@ private:
     bool m_isFit = false; ///< holds songs that searches may be answered from
     SongTable m_songs;
     SongLinks m_links;
+    SongBases m_titles; ///< both as far as they were asked for
+    SongBases m_references;
     SongLyrics m_lyrics;
     Lyrics m_lyricsState = Lyrics::Partly; ///< None: they do not fit here
     SongTable::Place m_lyricsTo = 0;       ///< place from which on lyrics are not read yet

@@ -2,7 +2,6 @@
 
 #include "store/shelf/SongShelf.h"
 #include "store/sqlite/StatementCache.h"
-#include "store/text/Fold.h"
 
 #include <QElapsedTimer>
 
@@ -55,11 +54,6 @@ SongRow::Text Kept(TextPool& pool, const SongRow::Text& text)
     return text ? SongRow::Text(pool.Keep(*text)) : std::nullopt;
 }
 
-std::string_view KeptBases(TextPool& pool, const SongRow::Text& text)
-{
-    return text ? pool.Keep(Fold::Bases(*text)) : std::string_view();
-}
-
 /// @return the song of the current row; nothing where it does not fit
 std::optional<SongRow> ReadSong(const Statement& statement, TextPool& pool)
 {
@@ -73,8 +67,6 @@ std::optional<SongRow> ReadSong(const Statement& statement, TextPool& pool)
     song.reference = Kept(pool, reader.Text(5));
     song.key = Kept(pool, reader.Text(6));
     song.variation = Kept(pool, reader.Text(7));
-    song.titleBases = KeptBases(pool, song.title);
-    song.referenceBases = KeptBases(pool, song.reference);
     // A table that tells its rows apart by something else than ID is not ours.
     if (!reader.Fits() || id != song.id)
         return std::nullopt;
@@ -104,6 +96,12 @@ bool SongShelf::Refresh()
     if (!isKnown)
         m_isFit = Load();
     m_watch.Forget();
+    return StayInBounds();
+}
+
+/// Gives back what takes too much memory. @return false where SQLite has to answer
+bool SongShelf::StayInBounds()
+{
     if (m_isFit && Size() > m_largestSize)
         DropLyrics(Lyrics::None);
     if (Size() > m_largestSize)
@@ -111,6 +109,21 @@ bool SongShelf::Refresh()
     if (!m_isFit)
         Clear();
     return m_isFit;
+}
+
+/// Reads the bases that a search looks through, as far as no search before has asked for them.
+void SongShelf::ReadBases(const SongSearch& search)
+{
+    for (const SongSearch::Pattern& pattern : search.patterns) {
+        if (pattern.field == SongSearch::Field::Text)
+            continue;
+        const bool isTitle = pattern.field == SongSearch::Field::Title;
+        SongBases& bases = isTitle ? m_titles : m_references;
+        for (SongTable::Place place = bases.Places(); place < m_songs.Places(); ++place) {
+            const SongRow* const song = m_songs.At(place);
+            bases.Put(place, !song ? std::nullopt : isTitle ? song->title : song->reference);
+        }
+    }
 }
 
 /// Reads the rows that this connection has changed. @return false when all have to be read again
@@ -143,6 +156,10 @@ bool SongShelf::RefreshSong(qint64 id)
     if (m_songs.Places() != places)
         m_links.ForgetPlaces();
     const SongTable::Place place = m_songs.PlaceOf(id);
+    if (place < m_titles.Places())
+        m_titles.Put(place, m_songs.At(place)->title);
+    if (place < m_references.Places())
+        m_references.Put(place, m_songs.At(place)->reference);
     if (m_lyricsState == Lyrics::All || place < m_lyricsTo)
         ReadLyric(place);
     return true;
@@ -252,6 +269,8 @@ void SongShelf::Clear()
 {
     m_songs = SongTable();
     m_links = SongLinks();
+    m_titles = SongBases();
+    m_references = SongBases();
     DropLyrics(Lyrics::Partly);
 }
 

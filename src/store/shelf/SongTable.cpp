@@ -1,7 +1,5 @@
 #include "store/shelf/SongTable.h"
 
-#include "store/shelf/TitleOrder.h"
-
 #include <algorithm>
 
 SongTable::SongTable()
@@ -20,9 +18,14 @@ void SongTable::Arrange()
     if (!std::is_sorted(m_rows.begin(), m_rows.end(), byId))
         std::sort(m_rows.begin(), m_rows.end(), byId);
     m_ids.reserve(m_rows.size());
-    for (const SongRow* row : m_rows)
+    m_categories.reserve(m_rows.size());
+    for (const SongRow* row : m_rows) {
         m_ids.push_back(row->id);
-    m_byTitle = TitleOrder::Sorted(m_rows);
+        m_categories.push_back(row->category);
+    }
+    for (Order* order : {&m_byTitle, &m_byLabel, &m_byReference})
+        order->isKept = false;
+    Sorted(m_byTitle);
 }
 
 SongTable::Place SongTable::PlaceOf(qint64 id) const
@@ -39,12 +42,20 @@ SongTable::Place SongTable::PlaceOf(qint64 id) const
     return found != end && *found == id ? static_cast<Place>(found - m_ids.begin()) : Nowhere;
 }
 
-std::vector<SongTable::Place>::iterator SongTable::PlaceInOrder(const SongRow& row)
+const std::vector<SongTable::Place>& SongTable::Sorted(Order& order)
 {
-    return std::lower_bound(m_byTitle.begin(), m_byTitle.end(), row,
-                            [this](Place place, const SongRow& song) {
-                                return TitleOrder::IsBefore(*m_rows[place], song);
-                            });
+    if (!order.isKept)
+        order.places = TitleOrder::Sorted(m_rows, order.key);
+    order.isKept = true;
+    return order.places;
+}
+
+std::vector<SongTable::Place>::iterator SongTable::PlaceInOrder(Order& order, const SongRow& row)
+{
+    const auto isBefore = [&](Place place, const SongRow& song) {
+        return TitleOrder::IsBefore(*m_rows[place], song, order.key);
+    };
+    return std::lower_bound(order.places.begin(), order.places.end(), row, isBefore);
 }
 
 bool SongTable::Put(const SongRow& row)
@@ -56,11 +67,16 @@ bool SongTable::Put(const SongRow& row)
         place = Places();
         m_ids.push_back(row.id);
         m_rows.push_back(nullptr);
+        m_categories.emplace_back();
     }
     Remove(row.id);
     const SongRow& kept = m_pile->rows.emplace_back(row);
-    m_byTitle.insert(PlaceInOrder(kept), place);
+    for (Order* order : {&m_byTitle, &m_byLabel, &m_byReference}) {
+        if (order->isKept)
+            order->places.insert(PlaceInOrder(*order, kept), place);
+    }
     m_rows[place] = &kept;
+    m_categories[place] = kept.category;
     return true;
 }
 
@@ -70,24 +86,38 @@ void SongTable::Remove(qint64 id)
     if (place == Nowhere || !m_rows[place])
         return;
     m_byCount.clear();
-    m_byTitle.erase(PlaceInOrder(*m_rows[place]));
+    for (Order* order : {&m_byTitle, &m_byLabel, &m_byReference}) {
+        if (order->isKept)
+            order->places.erase(PlaceInOrder(*order, *m_rows[place]));
+    }
     m_rows[place] = nullptr;
+    m_categories[place].reset();
 }
 
-const std::vector<SongTable::Place>& SongTable::InOrder(bool mostPlayedFirst)
+const std::vector<SongTable::Place>& SongTable::InOrder(SongSearch::Order order)
 {
-    if (!mostPlayedFirst)
-        return m_byTitle;
-    if (m_byCount.size() != m_byTitle.size()) {
-        m_byCount = m_byTitle;
-        // No count is the lowest one.
-        std::stable_sort(m_byCount.begin(), m_byCount.end(),
-                         [this](Place a, Place b) { return m_rows[b]->count < m_rows[a]->count; });
+    switch (order) {
+    case SongSearch::Order::Title:
+        break;
+    case SongSearch::Order::Label:
+        return Sorted(m_byLabel);
+    case SongSearch::Order::Reference:
+        return Sorted(m_byReference);
+    case SongSearch::Order::MostPlayed:
+        if (m_byCount.size() != m_byTitle.places.size()) {
+            m_byCount = m_byTitle.places;
+            // No count is the lowest one.
+            std::stable_sort(m_byCount.begin(), m_byCount.end(), [this](Place a, Place b) {
+                return m_rows[b]->count < m_rows[a]->count;
+            });
+        }
+        return m_byCount;
     }
-    return m_byCount;
+    return m_byTitle.places;
 }
 
 std::size_t SongTable::Size() const noexcept
 {
-    return m_pile->Size() + m_rows.size() * (sizeof(void*) + sizeof(qint64) + 2 * sizeof(Place));
+    return m_pile->Size() + m_rows.size() * (sizeof(void*) + sizeof(qint64) +
+                                             sizeof(SongRow::Number) + 4 * sizeof(Place));
 }

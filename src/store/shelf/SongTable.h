@@ -1,12 +1,14 @@
 #pragma once
 
 #include "store/shelf/SongRow.h"
+#include "store/shelf/SongSearch.h"
+#include "store/shelf/TitleOrder.h"
 
 #include <cstdint>
 #include <memory>
 #include <vector>
 
-/// All songs in the order of their IDs, each at a place of its own that it keeps, and the two
+/// All songs in the order of their IDs, each at a place of its own that it keeps, and the
 /// orders that searches show them in.
 class SongTable
 {
@@ -36,13 +38,16 @@ public:
     /// @return the song, or nullptr at an empty place
     const SongRow* At(Place place) const { return m_rows[place]; }
 
+    /// @return the category of the song at a place; nothing at an empty one.
+    const SongRow::Number& CategoryAt(Place place) const { return m_categories[place]; }
+
     /// @return the ID of the song that is or was at a place.
     qint64 IdAt(Place place) const { return m_ids[place]; }
 
     Place PlaceOf(qint64 id) const;
 
-    /// @return the places of all songs ordered by title, or by play count first.
-    const std::vector<Place>& InOrder(bool mostPlayedFirst);
+    /// @return the places of all songs in an order.
+    const std::vector<Place>& InOrder(SongSearch::Order order);
 
     /// What results hold on to.
     std::shared_ptr<const SongPile> Pile() const { return m_pile; }
@@ -54,11 +59,23 @@ public:
     bool IsWasteful() const noexcept { return m_pile->rows.size() > 2 * m_rows.size() + 1000; }
 
 private:
-    std::vector<Place>::iterator PlaceInOrder(const SongRow& row);
+    /// The songs ordered by one of their texts.
+    struct Order
+    {
+        TitleOrder::Key key;
+        std::vector<Place> places;
+        bool isKept = false; ///< sorted, and kept so from then on
+    };
+
+    std::vector<Place>::iterator PlaceInOrder(Order& order, const SongRow& row);
+    const std::vector<Place>& Sorted(Order& order);
 
     std::shared_ptr<SongPile> m_pile;
     std::vector<const SongRow*> m_rows;
     std::vector<qint64> m_ids;
-    std::vector<Place> m_byTitle;
-    std::vector<Place> m_byCount; ///< empty while nobody asked
+    std::vector<SongRow::Number> m_categories; ///< apart: every search asks for all of them
+    Order m_byTitle{TitleOrder::Key::Title, {}, false};
+    Order m_byLabel{TitleOrder::Key::Label, {}, false};         ///< once somebody asked
+    Order m_byReference{TitleOrder::Key::Reference, {}, false}; ///< once somebody asked
+    std::vector<Place> m_byCount;                               ///< empty while nobody asked
 };

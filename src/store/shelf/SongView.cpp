@@ -51,6 +51,10 @@ Value SongView::At(int row, int column) const
         return ToValue(song.category);
     case Field::Count:
         return ToValue(song.count);
+    case Field::Label:
+        return Value(QString::fromStdString(song.Label()));
+    case Field::One:
+        return Value(qint64{1});
     }
     return {};
 }

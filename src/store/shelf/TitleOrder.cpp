@@ -8,6 +8,23 @@
 
 namespace {
 
+using TitleOrder::Key;
+
+/// @param made  where the text is put that no row holds as such
+SongRow::Text TextOf(const SongRow& row, Key key, std::string& made)
+{
+    switch (key) {
+    case Key::Title:
+        return row.title;
+    case Key::Reference:
+        return row.reference;
+    case Key::Label:
+        made = row.Label();
+        return made;
+    }
+    return {};
+}
+
 /// The letters of a title (Collation::AppendLetters), the first eight of them as one number.
 struct Title
 {
@@ -30,8 +47,9 @@ std::uint64_t Start(std::string_view letters)
 class Sorter
 {
 public:
-    explicit Sorter(const std::vector<const SongRow*>& rows)
+    Sorter(const std::vector<const SongRow*>& rows, Key key)
         : m_rows(rows)
+        , m_key(key)
     {
         m_titles.reserve(rows.size());
         for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -57,7 +75,7 @@ private:
         Title title;
         title.position = position;
         title.at = m_letters.size();
-        if (const SongRow::Text& text = m_rows[position]->title) {
+        if (const SongRow::Text text = TextOf(*m_rows[position], m_key, m_made)) {
             title.ordered = Collation::Shared().AppendLetters(m_letters, *text);
             title.length = m_letters.size() - title.at;
             title.start = Start(Letters(title));
@@ -78,28 +96,70 @@ private:
             if (const int order = Letters(a).compare(Letters(b)); order != 0)
                 return order < 0;
         }
-        return TitleOrder::IsBefore(*m_rows[a.position], *m_rows[b.position]);
+        return TitleOrder::IsBefore(*m_rows[a.position], *m_rows[b.position], m_key);
     }
 
     const std::vector<const SongRow*>& m_rows;
+    const Key m_key;
+    std::string m_made;
     std::vector<Title> m_titles;
+    std::string m_letters;
+};
+
+/// Tells whether references are the same one, each compared with the one asked about before.
+class SameReference
+{
+public:
+    bool operator()(const SongRow& before, const SongRow& row)
+    {
+        if (!before.reference || !row.reference)
+            return before.reference.has_value() == row.reference.has_value();
+        if (*before.reference == *row.reference)
+            return true;
+        // Letters that differ decide, which costs a hundredth of what the collator takes.
+        const Collation& collation = Collation::Shared();
+        m_before.clear();
+        m_letters.clear();
+        if (collation.AppendLetters(m_before, *before.reference) &&
+            collation.AppendLetters(m_letters, *row.reference) && m_before != m_letters)
+            return false;
+        return collation.Compare(*before.reference, *row.reference) == 0;
+    }
+
+private:
+    std::string m_before;
     std::string m_letters;
 };
 
 } // namespace
 
-bool TitleOrder::IsBefore(const SongRow& a, const SongRow& b)
+bool TitleOrder::IsBefore(const SongRow& a, const SongRow& b, Key key)
 {
-    if (a.title && b.title) {
-        if (const int order = Collation::Shared().Compare(*a.title, *b.title); order != 0)
+    std::string madeOfA;
+    std::string madeOfB;
+    const SongRow::Text textOfA = TextOf(a, key, madeOfA);
+    const SongRow::Text textOfB = TextOf(b, key, madeOfB);
+    if (textOfA && textOfB) {
+        // References repeat: the same bytes need no collator.
+        const int order =
+            *textOfA == *textOfB ? 0 : Collation::Shared().Compare(*textOfA, *textOfB);
+        if (order != 0)
             return order < 0;
-    } else if (a.title.has_value() != b.title.has_value()) {
-        return b.title.has_value();
+    } else if (textOfA.has_value() != textOfB.has_value()) {
+        return textOfB.has_value();
     }
     return a.id < b.id;
 }
 
-std::vector<std::uint32_t> TitleOrder::Sorted(const std::vector<const SongRow*>& rows)
+std::vector<std::uint32_t> TitleOrder::Sorted(const std::vector<const SongRow*>& rows, Key key)
 {
-    return Sorter(rows).Sorted();
+    return Sorter(rows, key).Sorted();
+}
+
+void TitleOrder::KeepEachReferenceOnce(std::vector<const SongRow*>& rows)
+{
+    SameReference same;
+    const auto end = std::unique(rows.begin(), rows.end(),
+                                 [&same](const auto* a, const auto* b) { return same(*a, *b); });
+    rows.erase(end, rows.end());
 }

@@ -7,9 +7,6 @@
 
 namespace {
 
-/// Parts of so many items are tried at one place after the other.
-constexpr std::size_t ShortPart = 64;
-
 bool IsSign(const Fold::Letter& letter, char32_t sign)
 {
     return letter.base == sign && letter.accents == 0;
@@ -41,6 +38,7 @@ Like::Like(std::string_view pattern)
     Compile(Fold::Letters(pattern));
     ChooseNeedle();
     ChooseRun();
+    ChoosePlain();
 }
 
 void Like::Compile(const std::vector<Fold::Letter>& pattern)
@@ -117,20 +115,35 @@ void Like::AddMembers(Item& set, std::vector<Range> members)
     set.rangeCount = m_ranges.size() - set.firstRange;
 }
 
+Like::Run Like::LongestRun(const Part& part) const
+{
+    std::string longest;
+    std::size_t before = 0;
+    std::string run;
+    std::size_t start = 0;
+    for (std::size_t i = 0; i < part.size(); ++i) {
+        if (part[i].kind == Item::Exact) {
+            Fold::AppendBase(run, part[i].letter);
+        } else {
+            run.clear();
+            start = i + 1;
+        }
+        if (run.size() > longest.size()) {
+            longest = run;
+            before = start;
+        }
+    }
+    return {ByteSearch(std::move(longest)), before};
+}
+
 /// The needle is the longest run of letters; it decides alone in `%letters%` without accents.
 void Like::ChooseNeedle()
 {
-    std::string longest;
+    ByteSearch longest{{}};
     for (const Part& part : m_parts) {
-        std::string run;
-        for (const Item& item : part) {
-            if (item.kind == Item::Exact)
-                Fold::AppendBase(run, item.letter);
-            else
-                run.clear();
-            if (run.size() > longest.size())
-                longest = run;
-        }
+        Run run = LongestRun(part);
+        if (run.letters.Needle().size() > longest.Needle().size())
+            longest = std::move(run.letters);
     }
     const auto isPlain = [](const Item& item) {
         return item.kind == Item::Exact && item.letter.accents == 0;
@@ -139,7 +152,7 @@ void Like::ChooseNeedle()
         m_parts.size() <= 3 && m_parts.size() > 1 && m_parts.front().empty() &&
         m_parts.back().empty() &&
         (m_parts.size() == 2 || std::all_of(m_parts[1].begin(), m_parts[1].end(), isPlain));
-    m_needle = ByteSearch(std::move(longest));
+    m_needle = std::move(longest);
 }
 
 /// Recognises `%letters%`, with accents or without. A long one is left to FindPart, which never
@@ -321,12 +334,12 @@ bool Like::Matches(std::string_view text) const
 
 bool Like::Matches(std::string_view text, std::string_view bases) const
 {
+    if (IsDecidedByBases())
+        return MatchesBases(bases);
     if (!m_parts.front().empty())
         return MatchesFully(text);
     if (!m_needle.FoundIn(bases))
         return false;
-    if (m_needleDecides)
-        return true;
     if (!m_isRun)
         return MatchesFully(text);
     thread_local std::vector<Fold::Accented> accented;
@@ -337,9 +350,9 @@ bool Like::Matches(std::string_view text, std::string_view bases) const
 
 bool Like::Matches(std::string_view bases, const std::vector<Fold::Accented>& accented) const
 {
+    if (IsDecidedByBases())
+        return MatchesBases(bases);
     if (m_isRun)
         return MatchesRun(bases, accented);
-    if (!MayMatch(bases))
-        return false;
-    return m_needleDecides || MatchesLetters(Fold::Letters(bases, accented));
+    return MayMatch(bases) && MatchesLetters(Fold::Letters(bases, accented));
 }

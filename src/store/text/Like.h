@@ -36,10 +36,16 @@ public:
     bool MayMatch(std::string_view bases) const noexcept { return m_needle.FoundIn(bases); }
 
     /// @return bases that every match contains.
-    const std::string& Needle() const noexcept { return m_needle.Needle(); }
+    const ByteSearch& Needle() const noexcept { return m_needle; }
 
-    /// @return true when every text that may match does.
-    bool IsDecidedByBases() const noexcept { return m_needleDecides; }
+    /// @return true when every text that contains the needle matches.
+    bool IsDecidedByNeedle() const noexcept { return m_needleDecides; }
+
+    /// @return true when MatchesBases tells all: no accent is asked for.
+    bool IsDecidedByBases() const noexcept { return m_needleDecides || m_isPlain; }
+
+    /// As Matches, for a pattern that bases decide.
+    bool MatchesBases(std::string_view bases) const;
 
 private:
     /// What one character of a text is compared with.
@@ -60,10 +66,28 @@ private:
     /// The items between two `%`.
     using Part = std::vector<Item>;
 
+    /// Where to look for a part without accents: its longest run of letters, and how many items
+    /// stand before it.
+    struct Run
+    {
+        ByteSearch letters{{}};
+        std::size_t before = 0;
+    };
+
+    /// Parts of so many items are tried at one place after the other.
+    static constexpr std::size_t ShortPart = 64;
+
     void Compile(const std::vector<Fold::Letter>& pattern);
     std::size_t CompileSet(const std::vector<Fold::Letter>& pattern, std::size_t at);
     void AddMembers(Item& set, std::vector<Range> members);
     void ChooseNeedle();
+    void ChoosePlain();
+    Run LongestRun(const Part& part) const;
+    bool AsksForAccents(const Item& item) const;
+    std::size_t EndOfPart(const Part& part, std::string_view bases, std::size_t at) const;
+    std::size_t FindPlain(std::size_t part, std::string_view bases, std::size_t at,
+                          std::size_t end) const;
+    bool MatchesPlain(std::string_view bases) const;
 
     bool MatchesItem(const Item& item, const Fold::Letter& letter) const;
     bool InSet(const Item& item, const Fold::Letter& letter) const;
@@ -80,6 +104,8 @@ private:
     std::vector<Range> m_ranges;
     ByteSearch m_needle{{}};      ///< bases that every match contains
     bool m_needleDecides = false; ///< every text that contains them matches
+    bool m_isPlain = false;       ///< no accent is asked for, and no part is long
+    std::vector<Run> m_runs;      ///< of each part, where it is plain
     bool m_isRun = false;         ///< the pattern is `%letters%`: the needle and these accents
     std::vector<Fold::Accented> m_runAccents;
 };

@@ -1,0 +1,33 @@
+#include "controls/PastedText.h"
+
+#include <QMimeData>
+
+namespace {
+
+bool BreaksLine(QChar letter)
+{
+    switch (letter.unicode()) {
+    case u'\r':
+    case u'\v':
+    case u'\f':
+    case u'\u0085':
+    case QChar::LineSeparator:
+    case QChar::ParagraphSeparator:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+QString PastedText(const QMimeData& clipboard)
+{
+    QString text = clipboard.text();
+    text.replace(u"\r\n"_qs, u"\n"_qs);
+    for (QChar& letter : text) {
+        if (BreaksLine(letter))
+            letter = u'\n';
+    }
+    return text;
+}

@@ -1,0 +1,238 @@
+#include "CadastroTeste.h"
+
+#include "store/WatchedFiles.h"
+#include "support/PlainSqlite.h"
+
+#include <QFile>
+
+/// The store refuses what the song entry panel asks of it: one box of the general error path says
+/// so, what was typed stays, and the search results follow all the same.
+class tst_cadastro_falhas : public CadastroTeste
+{
+    Q_OBJECT
+
+private slots:
+    void anotherProgramWrites_data();
+    void anotherProgramWrites();
+    void commitFailsBeforeTheSuccessOfAnInsert();
+    void commitFailsBeforeTheSuccessOfAnUpdate();
+    void commitFailsAfterADeletion();
+    void fullDisk();
+    void readOnlyFile();
+    void whatRanBeforeAFailureStaysDone();
+    void apostropheInAVariationIsAnError();
+    void themesStayInTheListWhenTheStoreRefuses_data();
+    void themesStayInTheListWhenTheStoreRefuses();
+
+private:
+    /// Compares the one box of the general error path and what the panel holds.
+    void Confere_Falha(const QString& texto, const QString& id)
+    {
+        Confere_Caixa(texto, Icone::Critico);
+        QCOMPARE(Identidade(), id);
+        QCOMPARE(Texto("txtCadTitulo"), u"Luz"_qs);
+        QCOMPARE(Texto("txtCadReferencia"), u"Ana"_qs);
+        QCOMPARE(Letra(0), u"C\r\nLuz"_qs);
+        QCOMPARE(Temas_Marcados(), QStringList(u"Louvor"_qs));
+        QCOMPARE(Acha<QPushButton>("cmdExcluir")->isEnabled(), id != u"0");
+        QCOMPARE(Acha<QPushButton>("cmdVisualizar")->isEnabled(), id != u"0");
+        QCOMPARE(Pesquisas(), 1);
+    }
+    qint64 Luz() const
+    {
+        return Musica({.title = u"Luz"_qs, .reference = u"Ana"_qs, .text = u"C\r\nLuz"_qs});
+    }
+};
+
+namespace {
+
+const QString EmUso = u"O banco de dados está sendo usado por outro programa."_qs;
+const QString Desfeitas = u" As alterações desta operação foram desfeitas."_qs;
+const QString Trancado = u"\n\ndatabase is locked (5)"_qs;
+
+} // namespace
+
+void tst_cadastro_falhas::anotherProgramWrites_data()
+{
+    QTest::addColumn<QByteArray>("comando");
+    QTest::newRow("it is about to write") << QByteArray("BEGIN IMMEDIATE");
+    QTest::newRow("it writes, and nobody reads") << QByteArray("BEGIN EXCLUSIVE");
+}
+
+void tst_cadastro_falhas::anotherProgramWrites()
+{
+    QFETCH(QByteArray, comando);
+    Carrega();
+    Digita_Musica();
+    PlainSqlite outro(m_catalogo->Path());
+    outro.Run(comando);
+    m_comandos.clear();
+    Clica("cmdCadSalvar");
+    Confere_Falha(EmUso + Trancado, u"0"_qs);
+    outro.Run("ROLLBACK");
+    Clica("cmdCadSalvar");
+    Confere_Caixa(u"Música Cadastrada com Sucesso!"_qs, Icone::Informacao);
+    QCOMPARE(m_catalogo->Field(u"SELECT count(*) FROM MUSICA"_qs), u"1"_qs);
+}
+
+void tst_cadastro_falhas::commitFailsBeforeTheSuccessOfAnInsert()
+{
+    Carrega();
+    Digita_Musica();
+    PlainSqlite outro(m_catalogo->Path());
+    outro.Run("BEGIN; SELECT count(*) FROM MUSICA");
+    m_comandos.clear();
+    Clica("cmdCadSalvar");
+    Confere_Falha(EmUso + Desfeitas + Trancado, u"0"_qs);
+    QCOMPARE(Titulos(), QStringList());
+    outro.Run("COMMIT");
+    QCOMPARE(m_catalogo->Field(u"SELECT count(*) FROM MUSICA"_qs), u"0"_qs);
+    Clica("cmdCadSalvar");
+    Confere_Caixa(u"Música Cadastrada com Sucesso!"_qs, Icone::Informacao);
+    QCOMPARE(m_catalogo->Field(u"SELECT group_concat(ID) FROM MUSICA"_qs), Identidade());
+}
+
+void tst_cadastro_falhas::commitFailsBeforeTheSuccessOfAnUpdate()
+{
+    const qint64 id = Luz();
+    m_catalogo->Run(u"UPDATE MUSICA SET TITULO = 'Antes'"_qs);
+    Edita(id);
+    Digita("txtCadTitulo", u"Luz"_qs);
+    PlainSqlite outro(m_catalogo->Path());
+    outro.Run("BEGIN; SELECT count(*) FROM MUSICA");
+    m_comandos.clear();
+    Clica("cmdCadSalvar");
+    Confere_Falha(EmUso + Desfeitas + Trancado, QString::number(id));
+    QCOMPARE(Titulos(), QStringList(u"Antes"_qs));
+    outro.Run("COMMIT");
+    QCOMPARE(m_catalogo->Field(u"SELECT TITULO FROM MUSICA"_qs), u"Antes"_qs);
+    QCOMPARE(m_catalogo->Field(u"SELECT count(*) FROM TEMA_MUSICA"_qs), u"1"_qs);
+}
+
+void tst_cadastro_falhas::commitFailsAfterADeletion()
+{
+    const qint64 id = Luz();
+    Edita(id);
+    PlainSqlite outro(m_catalogo->Path());
+    outro.Run("BEGIN; SELECT count(*) FROM MUSICA");
+    Clica("cmdExcluir");
+    QCOMPARE(m_caixas->boxes.size(), 2);
+    m_caixas->boxes.removeFirst();
+    Confere_Falha(EmUso + Desfeitas + Trancado, QString::number(id));
+    outro.Run("COMMIT");
+    QCOMPARE(Titulos(), QStringList(u"Luz"_qs));
+    QCOMPARE(m_catalogo->Field(u"SELECT count(*) FROM TEMA_MUSICA"_qs), u"1"_qs);
+}
+
+void tst_cadastro_falhas::fullDisk()
+{
+    WatchedFiles arquivos;
+    Carrega();
+    Digita_Musica();
+    arquivos.Watch([](WatchedFiles::Step passo) { return passo != WatchedFiles::Step::Write; });
+    m_comandos.clear();
+    Clica("cmdCadSalvar");
+    arquivos.Watch({});
+    QCOMPARE(m_caixas->boxes.size(), 1);
+    QVERIFY(m_caixas->boxes.first().text.startsWith(u"O disco está cheio."));
+    Confere_Falha(m_caixas->boxes.first().text, u"0"_qs);
+    QCOMPARE(m_catalogo->Field(u"SELECT count(*) FROM MUSICA"_qs), u"0"_qs);
+    Clica("cmdCadSalvar");
+    Confere_Caixa(u"Música Cadastrada com Sucesso!"_qs, Icone::Informacao);
+    QCOMPARE(m_catalogo->Field(u"PRAGMA integrity_check"_qs), u"ok"_qs);
+    m_form.reset(); // its connection goes before what watches it
+}
+
+void tst_cadastro_falhas::readOnlyFile()
+{
+    const qint64 id = Luz();
+    {
+        // File rights stop no administrator; a format that only newer programs may write stops all.
+        QFile arquivo(m_catalogo->Path());
+        QVERIFY(arquivo.open(QIODevice::ReadWrite) && arquivo.seek(18));
+        arquivo.putChar(3);
+    }
+    Edita(id);
+    Clica("cmdCadSalvar");
+    QCOMPARE(m_caixas->boxes.size(), 1);
+    QVERIFY(m_caixas->boxes.first().text.startsWith(
+        u"O banco de dados só pode ser lido, não alterado."));
+    Confere_Falha(m_caixas->boxes.first().text, QString::number(id));
+    QCOMPARE(Titulos(), QStringList(u"Luz"_qs));
+}
+
+void tst_cadastro_falhas::whatRanBeforeAFailureStaysDone()
+{
+    // A table of another tool's making that takes no link to theme 2.
+    m_catalogo->Run(u"DROP TABLE TEMA_MUSICA; CREATE TABLE TEMA_MUSICA (ID_MUSICA INTEGER, ID_TEMA "
+                    "INTEGER CHECK (ID_TEMA <> 2))"_qs);
+    const qint64 id = Luz();
+    Edita(id);
+    Clica_Tema(1);
+    Clica_Tema(2);
+    Digita("txtCadTitulo", u"Luz nova"_qs);
+    m_comandos.clear();
+    Clica("cmdCadSalvar");
+    QCOMPARE(m_caixas->boxes.size(), 1);
+    QCOMPARE(m_caixas->boxes.first().icon, Icone::Critico);
+    QCOMPARE(Alteracoes().last(),
+             u"INSERT INTO TEMA_MUSICA (ID_MUSICA, ID_TEMA)  VALUES (1, 2)"_qs);
+    QCOMPARE(m_catalogo->Field(u"SELECT TITULO || ':' || (SELECT group_concat(ID_TEMA) FROM "
+                               "TEMA_MUSICA) FROM MUSICA"_qs),
+             u"Luz nova:1"_qs);
+    QCOMPARE(Temas_Marcados(), QStringList({u"Louvor"_qs, u"Natal"_qs, u"Sem Tema"_qs}));
+    QCOMPARE(Titulos(), QStringList(u"Luz nova"_qs));
+}
+
+void tst_cadastro_falhas::apostropheInAVariationIsAnError()
+{
+    m_catalogo->Run(u"INSERT INTO VARIACAO (ID, NOMENCLATURA) VALUES (9, 'd''x')"_qs);
+    Carrega();
+    Digita_Musica();
+    auto* variacoes = Acha<ComboBox>("cmbCadVariacao");
+    variacoes->SetListIndex(variacoes->ListCount() - 1);
+    m_comandos.clear();
+    Clica("cmdCadSalvar");
+    QCOMPARE(m_caixas->boxes.size(), 1);
+    Confere_Falha(m_caixas->boxes.first().text, u"0"_qs);
+    QCOMPARE(m_catalogo->Field(u"SELECT count(*) FROM MUSICA"_qs), u"0"_qs);
+}
+
+void tst_cadastro_falhas::themesStayInTheListWhenTheStoreRefuses_data()
+{
+    QTest::addColumn<QByteArray>("comando");
+    QTest::addColumn<QString>("falha");
+    QTest::newRow("at the statement") << QByteArray("BEGIN IMMEDIATE") << QString(EmUso + Trancado);
+    QTest::newRow("at the commit")
+        << QByteArray("BEGIN; SELECT count(*) FROM TEMA") << QString(EmUso + Desfeitas + Trancado);
+}
+
+void tst_cadastro_falhas::themesStayInTheListWhenTheStoreRefuses()
+{
+    QFETCH(QByteArray, comando);
+    QFETCH(QString, falha);
+    Carrega();
+    Clica_Tema(1);
+    PlainSqlite outro(m_catalogo->Path());
+    outro.Run(comando);
+    m_caixas->typed = {u"Paz"_qs, u"Advento"_qs};
+    const auto confere = [&] {
+        QCOMPARE(m_caixas->boxes.size(), 2);
+        m_caixas->boxes.removeFirst();
+        Confere_Caixa(falha, Icone::Critico);
+        QCOMPARE(Nomes_Temas(), QStringList({u"Louvor"_qs, u"Natal"_qs, u"Sem Tema"_qs}));
+        QCOMPARE(Temas_Marcados(), QStringList(u"Natal"_qs));
+    };
+    Clica("cmdCadTema");
+    confere();
+    Clica_Tema(1, Qt::RightButton);
+    confere();
+    QTest::keyClick(Temas(), Qt::Key_Delete);
+    confere();
+    outro.Run("ROLLBACK");
+    QCOMPARE(m_catalogo->Field(u"SELECT group_concat(DESCRICAO) FROM TEMA"_qs),
+             u"Louvor,Natal,Sem Tema"_qs);
+}
+
+QTEST_MAIN(tst_cadastro_falhas)
+#include "tst_cadastro_falhas.moc"

@@ -1,0 +1,649 @@
+// What the song entry panel suggests while a title or a reference is being typed.
+
+#include "PesquisaTeste.h"
+
+#include "controls/Appearance.h"
+#include "controls/RichTextBox.h"
+
+#include <QAction>
+
+class tst_sugestoes : public PesquisaTeste
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { Appearance::Apply(*qApp); }
+
+    void listsAreHiddenAtFirst();
+    void typedTitleListsItsSongs();
+    void titleStatementIsAsGiven();
+    void referenceStatementIsAsGiven();
+    void clearedTitleHidesTheListAndAsksNothing();
+    void tabbingOutHidesTheTitlesAndBackShowsThemAgain();
+    void titlesAppearWithoutTakingTheFocus();
+    void listsLieDirectlyBelowTheirBoxes_data();
+    void listsLieDirectlyBelowTheirBoxes();
+    void listsNeitherCoverTheirBoxNorLeaveTheForm();
+    void listFollowsItsBoxWhenTheWindowIsResized();
+    void clickIntoTheTitlesHidesThem();
+    void doubleClickOnATitleOpensItsSong();
+    void doubleClickOnThePlaceholderOpensNoSong();
+    void singleMatchIsSelected();
+    void prefixWithoutMatchShowsThePlaceholder();
+    void typedReferenceListsEachReferenceOnce();
+    void downArrowWithoutACurrentItemSelectsNothing();
+    void downArrowWithACurrentItemBeginsAtTheTop();
+    void downArrowWhileTheListIsHiddenDoesNothing();
+    void otherKeysStayInTheBox();
+    void enterTakesTheReference_data();
+    void enterTakesTheReference();
+    void enterWithoutACurrentItemTakesNothing();
+    void doubleClickTakesTheReference();
+    void otherKeysInTheListTakeNothing();
+    void thePlaceholderCanBeTakenAsAReference();
+    void referencesStayWhenTheirBoxLosesTheFocus();
+    void referencesGoWhenTheirListLosesTheFocus();
+    void clearedReferenceHidesTheList();
+    void versionBoxHidesBothLists_data();
+    void versionBoxHidesBothLists();
+    void leavingThePanelHidesBothLists();
+    void apostropheRaisesNoError_data();
+    void apostropheRaisesNoError();
+    void loadingASongFillsTheListsAndShowsNeither();
+    void loadingASongIntoTheFocusedTitleShowsItsList();
+    void accentsAndLetterCaseAreTakenAsInASearch();
+    void badInputRaisesNoError_data();
+    void badInputRaisesNoError();
+    void aFailureIsShownOnceWhileTyping();
+
+private:
+    void Cadastro()
+    {
+        Carrega();
+        Acha<QAction>("mnuCadastro")->trigger();
+        Funcoes::Conexao.SetStatementHook([this](const QString& sql) { m_comandos.append(sql); });
+        m_titulo = Acha<TextBox>("txtCadTitulo");
+        m_referencia = Acha<TextBox>("txtCadReferencia");
+        m_musicas = Acha<ListBox>("lstMusicasSemelhantes");
+        m_referencias = Acha<ListBox>("lstReferenciasSemelhantes");
+        m_comandos.clear();
+    }
+    void Tecla(int tecla) const
+    {
+        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(tecla));
+    }
+    /// Types any characters: QTest::keyClicks takes ASCII only.
+    static void Escreve(TextBox& caixa, const QString& texto)
+    {
+        caixa.setFocus();
+        for (const QChar letra : texto)
+            QTest::sendKeyEvent(QTest::Click, &caixa, Qt::Key_unknown, QString(letra), {});
+    }
+    void Escreve_Titulo(const QString& texto) const { Escreve(*m_titulo, texto); }
+    void Escreve_Referencia(const QString& texto) const { Escreve(*m_referencia, texto); }
+    void Com_Referencia(const QString& titulo, const QString& referencia) const
+    {
+        TestSong musica;
+        musica.reference = referencia;
+        Musica(titulo, {}, musica);
+    }
+    static QStringList Itens(const ListBox& lista)
+    {
+        QStringList itens;
+        for (int i = 0; i < lista.ListCount(); ++i)
+            itens.append(lista.Text(i));
+        return itens;
+    }
+    static void Clica_Duas_Vezes(const ListBox& lista, int item)
+    {
+        const QPoint lugar = lista.visualRect(lista.model()->index(item, 0)).center();
+        QTest::mouseDClick(lista.viewport(), Qt::LeftButton, {}, lugar);
+    }
+    QRect No_Formulario(const QWidget& controle) const
+    {
+        return {controle.mapTo(m_form.get(), QPoint(0, 0)), controle.size()};
+    }
+
+    QStringList m_comandos;
+    TextBox* m_titulo = nullptr;
+    TextBox* m_referencia = nullptr;
+    ListBox* m_musicas = nullptr;
+    ListBox* m_referencias = nullptr;
+};
+
+void tst_sugestoes::listsAreHiddenAtFirst()
+{
+    Cadastro();
+    QVERIFY(m_musicas->isHidden());
+    QVERIFY(m_referencias->isHidden());
+    // On the form, over the panels.
+    QCOMPARE(m_musicas->parentWidget(), Acha<QWidget>("pctFrame_2")->parentWidget());
+    QCOMPARE(m_referencias->parentWidget(), Acha<QWidget>("pctFrame_2")->parentWidget());
+}
+
+void tst_sugestoes::typedTitleListsItsSongs()
+{
+    Com_Referencia(u"Amor maior"_qs, u"Zeca"_qs);
+    Com_Referencia(u"Amanhecer"_qs, u"Bia"_qs);
+    Com_Referencia(u"Amor maior"_qs, u"Ana"_qs);
+    Com_Referencia(u"Meu amor"_qs, u"Ana"_qs);
+    Cadastro();
+    Escreve_Titulo(u"Am"_qs);
+    QVERIFY(m_musicas->isVisible());
+    QCOMPARE(Itens(*m_musicas),
+             QStringList({u"Amanhecer - Bia"_qs, u"Amor maior - Ana"_qs, u"Amor maior - Zeca"_qs}));
+    QCOMPARE(m_musicas->ItemData(0), 2);
+    QCOMPARE(m_musicas->ListIndex(), -1);
+}
+
+void tst_sugestoes::titleStatementIsAsGiven()
+{
+    Cadastro();
+    Escreve_Titulo(u"Am"_qs);
+    QCOMPARE(m_comandos,
+             QStringList({u"SELECT ID, TITULO & ' - ' & REFERENCIA FROM MUSICA WHERE TITULO LIKE "
+                          "'A%' ORDER BY TITULO & ' - ' & REFERENCIA"_qs,
+                          u"SELECT ID, TITULO & ' - ' & REFERENCIA FROM MUSICA WHERE TITULO LIKE "
+                          "'Am%' ORDER BY TITULO & ' - ' & REFERENCIA"_qs}));
+    QCOMPARE(Funcoes::SQL, m_comandos.last());
+}
+
+void tst_sugestoes::referenceStatementIsAsGiven()
+{
+    Cadastro();
+    Escreve_Referencia(u"A"_qs);
+    QCOMPARE(m_comandos, QStringList(u"SELECT DISTINCT 1, REFERENCIA FROM MUSICA WHERE REFERENCIA "
+                                     "LIKE 'A%' ORDER BY REFERENCIA"_qs));
+    QCOMPARE(Funcoes::SQL, m_comandos.last());
+}
+
+void tst_sugestoes::clearedTitleHidesTheListAndAsksNothing()
+{
+    Com_Referencia(u"Amor"_qs, u"Ana"_qs);
+    Cadastro();
+    Escreve_Titulo(u"A"_qs);
+    m_comandos.clear();
+    Tecla(Qt::Key_Backspace);
+    QVERIFY(m_musicas->isHidden());
+    QCOMPARE(m_comandos, QStringList());
+    QCOMPARE(Itens(*m_musicas), QStringList(u"Amor - Ana"_qs));
+}
+
+void tst_sugestoes::tabbingOutHidesTheTitlesAndBackShowsThemAgain()
+{
+    Com_Referencia(u"Amor"_qs, u"Ana"_qs);
+    Cadastro();
+    Escreve_Titulo(u"A"_qs);
+    m_comandos.clear();
+    Tecla(Qt::Key_Tab);
+    QVERIFY(m_referencia->hasFocus());
+    QVERIFY(m_musicas->isHidden());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, Qt::ShiftModifier);
+    QVERIFY(m_titulo->hasFocus());
+    QVERIFY(m_musicas->isVisible());
+    QCOMPARE(Itens(*m_musicas), QStringList(u"Amor - Ana"_qs));
+    QCOMPARE(m_comandos, QStringList());
+}
+
+void tst_sugestoes::titlesAppearWithoutTakingTheFocus()
+{
+    Com_Referencia(u"Amor"_qs, u"Ana"_qs);
+    Cadastro();
+    Escreve_Titulo(u"Am"_qs);
+    QVERIFY(m_titulo->hasFocus());
+    Escreve_Referencia(u"An"_qs);
+    QVERIFY(m_referencia->hasFocus());
+    QCOMPARE(m_titulo->text() + m_referencia->text(), u"AmAn"_qs);
+}
+
+void tst_sugestoes::listsLieDirectlyBelowTheirBoxes_data()
+{
+    QTest::addColumn<bool>("titulo");
+    QTest::newRow("titles") << true;
+    QTest::newRow("references") << false;
+}
+
+void tst_sugestoes::listsLieDirectlyBelowTheirBoxes()
+{
+    QFETCH(bool, titulo);
+    Com_Referencia(u"Amor"_qs, u"Ana"_qs);
+    Cadastro();
+    if (titulo)
+        Escreve_Titulo(u"A"_qs);
+    else
+        Escreve_Referencia(u"A"_qs);
+    const QRect caixa = No_Formulario(titulo ? *m_titulo : *m_referencia);
+    const QRect lista = No_Formulario(titulo ? *m_musicas : *m_referencias);
+    QCOMPARE(lista.top(), caixa.bottom() + 1);
+    QCOMPARE(lista.left(), (caixa.left() * 15 - 10) / 15);
+    // On top of whatever lies there.
+    const QWidget* emCima = m_form->childAt(lista.center());
+    QVERIFY((titulo ? m_musicas : m_referencias)->isAncestorOf(emCima));
+}
+
+void tst_sugestoes::listsNeitherCoverTheirBoxNorLeaveTheForm()
+{
+    for (int i = 0; i < 300; ++i)
+        Com_Referencia(u"Amor %1"_qs.arg(i), u"Ana %1"_qs.arg(i));
+    Cadastro();
+    m_form->resize(m_form->minimumSizeHint());
+    Escreve_Titulo(u"A"_qs);
+    QCOMPARE(m_musicas->ListCount(), 300);
+    QVERIFY(!No_Formulario(*m_musicas).intersects(No_Formulario(*m_titulo)));
+    QVERIFY(m_form->rect().contains(No_Formulario(*m_musicas)));
+    Escreve_Referencia(u"A"_qs);
+    QCOMPARE(m_referencias->ListCount(), 300);
+    QVERIFY(!No_Formulario(*m_referencias).intersects(No_Formulario(*m_referencia)));
+    QVERIFY(m_form->rect().contains(No_Formulario(*m_referencias)));
+    QVERIFY(m_referencias->height() > 3 * m_referencia->height());
+}
+
+void tst_sugestoes::listFollowsItsBoxWhenTheWindowIsResized()
+{
+    Com_Referencia(u"Amor"_qs, u"Ana"_qs);
+    Cadastro();
+    Escreve_Titulo(u"A"_qs);
+    const int antes = m_musicas->width();
+    m_form->resize(m_form->width() + 200, m_form->height());
+    QTRY_VERIFY(m_musicas->width() > antes);
+    QCOMPARE(No_Formulario(*m_musicas).top(), No_Formulario(*m_titulo).bottom() + 1);
+}
+
+void tst_sugestoes::clickIntoTheTitlesHidesThem()
+{
+    Com_Referencia(u"Amor"_qs, u"Ana"_qs);
+    Cadastro();
+    Escreve_Titulo(u"A"_qs);
+    QTest::mouseClick(m_musicas->viewport(), Qt::LeftButton, {}, QPoint(8, 8));
+    QVERIFY(m_musicas->isHidden());
+    QVERIFY(m_referencia->hasFocus()); // what is hidden passes it on
+    QCOMPARE(m_titulo->text(), u"A"_qs);
+    QCOMPARE(Visualizadores().size(), 0);
+}
+
+void tst_sugestoes::doubleClickOnATitleOpensItsSong()
+{
+    Com_Referencia(u"Amor"_qs, u"Ana"_qs);
+    Com_Referencia(u"Amanhecer"_qs, u"Bia"_qs);
+    Cadastro();
+    Escreve_Titulo(u"Am"_qs);
+    Clica_Duas_Vezes(*m_musicas, 1);
+    QCOMPARE(Abertas(), QStringList(u"Amor"_qs));
+    QCOMPARE(m_titulo->text(), u"Am"_qs); // nothing is taken over
+    QCOMPARE(m_referencia->text(), QString());
+}
+
+void tst_sugestoes::doubleClickOnThePlaceholderOpensNoSong()
+{
+    Cadastro();
+    Escreve_Titulo(u"Zz"_qs);
+    Clica_Duas_Vezes(*m_musicas, 0);
+    QCOMPARE(Visualizadores().size(), 1);
+    QVERIFY(!Abertas().contains(u"Zz"_qs));
+    QVERIFY(m_caixas->boxes.isEmpty());
+}
+
+void tst_sugestoes::singleMatchIsSelected()
+{
+    Com_Referencia(u"Amor"_qs, u"Ana"_qs);
+    Com_Referencia(u"Luz"_qs, u"Bia"_qs);
+    Cadastro();
+    Escreve_Titulo(u"A"_qs);
+    QCOMPARE(m_musicas->ListIndex(), 0);
+    QVERIFY(m_musicas->Selected(0));
+}
+
+void tst_sugestoes::prefixWithoutMatchShowsThePlaceholder()
+{
+    Com_Referencia(u"Meu amor"_qs, u"Ana"_qs);
+    Cadastro();
+    Escreve_Titulo(u"amor"_qs);
+    QVERIFY(m_musicas->isVisible());
+    QCOMPARE(Itens(*m_musicas), QStringList(u"Não há dados a serem mostrados."_qs));
+    QCOMPARE(m_musicas->ItemData(0), 0);
+    Escreve_Referencia(u"x"_qs);
+    QVERIFY(m_referencias->isVisible());
+    QCOMPARE(Itens(*m_referencias), QStringList(u"Não há dados a serem mostrados."_qs));
+}
+
+void tst_sugestoes::typedReferenceListsEachReferenceOnce()
+{
+    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
+    Com_Referencia(u"Dois"_qs, u"Hinário"_qs);
+    Com_Referencia(u"Três"_qs, u"Harpa"_qs);
+    Com_Referencia(u"Quatro"_qs, u"Cantor"_qs);
+    Cadastro();
+    Escreve_Referencia(u"h"_qs);
+    QVERIFY(m_referencias->isVisible());
+    QCOMPARE(Itens(*m_referencias), QStringList({u"Harpa"_qs, u"Hinário"_qs}));
+    QCOMPARE(m_referencias->ItemData(0), 1);
+    QCOMPARE(m_referencias->ItemData(1), 1);
+}
+
+void tst_sugestoes::downArrowWithoutACurrentItemSelectsNothing()
+{
+    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
+    Com_Referencia(u"Dois"_qs, u"Hinário"_qs);
+    Cadastro();
+    Escreve_Referencia(u"H"_qs);
+    Tecla(Qt::Key_Down);
+    QVERIFY(m_referencias->hasFocus());
+    QVERIFY(m_referencias->isVisible());
+    QCOMPARE(m_referencias->ListIndex(), -1);
+    QVERIFY(!m_referencias->Selected(0));
+    // The next arrow does.
+    Tecla(Qt::Key_Down);
+    QCOMPARE(m_referencias->ListIndex(), 0);
+}
+
+void tst_sugestoes::downArrowWithACurrentItemBeginsAtTheTop()
+{
+    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
+    Com_Referencia(u"Dois"_qs, u"Hinário"_qs);
+    Cadastro();
+    Escreve_Referencia(u"H"_qs);
+    m_referencias->SetListIndex(1);
+    Tecla(Qt::Key_Down);
+    QVERIFY(m_referencias->hasFocus());
+    QCOMPARE(m_referencias->ListIndex(), 0);
+    QVERIFY(m_referencias->Selected(0));
+    QVERIFY(!m_referencias->Selected(1));
+}
+
+void tst_sugestoes::downArrowWhileTheListIsHiddenDoesNothing()
+{
+    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
+    Cadastro();
+    m_referencia->setFocus();
+    Tecla(Qt::Key_Down);
+    QVERIFY(m_referencia->hasFocus());
+    QVERIFY(m_referencias->isHidden());
+    Escreve_Referencia(u"H"_qs);
+    Tecla(Qt::Key_Backspace);
+    Tecla(Qt::Key_Down);
+    QVERIFY(m_referencia->hasFocus());
+    QVERIFY(m_referencias->isHidden());
+}
+
+void tst_sugestoes::otherKeysStayInTheBox()
+{
+    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
+    Cadastro();
+    Escreve_Referencia(u"H"_qs);
+    for (const int tecla : {int{Qt::Key_Up}, int{Qt::Key_Return}, int{Qt::Key_End}}) {
+        Tecla(tecla);
+        QVERIFY(m_referencia->hasFocus());
+        QCOMPARE(m_referencia->text(), u"H"_qs);
+    }
+}
+
+void tst_sugestoes::enterTakesTheReference_data()
+{
+    QTest::addColumn<int>("versao");
+    QTest::addColumn<int>("tecla");
+    QTest::newRow("version 1 shown") << 0 << int{Qt::Key_Return};
+    QTest::newRow("version 2 shown") << 1 << int{Qt::Key_Return};
+    QTest::newRow("the keypad's") << 0 << int{Qt::Key_Enter};
+}
+
+void tst_sugestoes::enterTakesTheReference()
+{
+    QFETCH(int, versao);
+    QFETCH(int, tecla);
+    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
+    Com_Referencia(u"Dois"_qs, u"Hinário"_qs);
+    Cadastro();
+    QTest::mouseClick(Acha<QWidget>(qPrintable(u"lblMostraMusica_%1"_qs.arg(versao))),
+                      Qt::LeftButton);
+    Escreve_Referencia(u"H"_qs);
+    Tecla(Qt::Key_Down);
+    Tecla(Qt::Key_Down);
+    Tecla(Qt::Key_Down);
+    m_comandos.clear();
+    Tecla(tecla);
+    QCOMPARE(m_referencia->text(), u"Hinário"_qs);
+    QVERIFY(Acha<RichTextBox>(qPrintable(u"txtCadLetra_%1"_qs.arg(versao)))->hasFocus());
+    QVERIFY(m_referencias->isHidden());
+    // The text that was set asked once more.
+    QCOMPARE(m_comandos.size(), 1);
+    QVERIFY(m_comandos.last().contains(u"'Hinário%'"));
+    QCOMPARE(Itens(*m_referencias), QStringList(u"Hinário"_qs));
+}
+
+void tst_sugestoes::enterWithoutACurrentItemTakesNothing()
+{
+    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
+    Com_Referencia(u"Dois"_qs, u"Hinário"_qs);
+    Cadastro();
+    Escreve_Referencia(u"H"_qs);
+    Tecla(Qt::Key_Down);
+    Tecla(Qt::Key_Return);
+    QCOMPARE(m_referencia->text(), u"H"_qs);
+    QVERIFY(m_referencias->isVisible());
+    QVERIFY(m_caixas->boxes.isEmpty());
+}
+
+void tst_sugestoes::doubleClickTakesTheReference()
+{
+    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
+    Com_Referencia(u"Dois"_qs, u"Hinário"_qs);
+    Cadastro();
+    Escreve_Referencia(u"H"_qs);
+    const QPoint lugar = m_referencias->visualRect(m_referencias->model()->index(0, 0)).center();
+    QTest::mouseClick(m_referencias->viewport(), Qt::LeftButton, {}, lugar);
+    QVERIFY(m_referencias->hasFocus()); // a click leaves the list where it is
+    QVERIFY(m_referencias->isVisible());
+    QCOMPARE(m_referencia->text(), u"H"_qs);
+    Clica_Duas_Vezes(*m_referencias, 0);
+    QCOMPARE(m_referencia->text(), u"Harpa"_qs);
+    QVERIFY(Acha<RichTextBox>("txtCadLetra_0")->hasFocus());
+    QVERIFY(m_referencias->isHidden());
+}
+
+void tst_sugestoes::otherKeysInTheListTakeNothing()
+{
+    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
+    Com_Referencia(u"Dois"_qs, u"Hinário"_qs);
+    Cadastro();
+    Escreve_Referencia(u"H"_qs);
+    Tecla(Qt::Key_Down);
+    for (const int tecla : {int{Qt::Key_Down}, int{Qt::Key_Space}, int{Qt::Key_Delete}})
+        Tecla(tecla);
+    QCOMPARE(m_referencia->text(), u"H"_qs);
+    QVERIFY(m_referencias->hasFocus());
+}
+
+void tst_sugestoes::thePlaceholderCanBeTakenAsAReference()
+{
+    Cadastro();
+    Escreve_Referencia(u"x"_qs);
+    Tecla(Qt::Key_Down);
+    Tecla(Qt::Key_Down);
+    Tecla(Qt::Key_Return);
+    QCOMPARE(m_referencia->text(), u"Não há dados a serem mostrados."_qs);
+}
+
+void tst_sugestoes::referencesStayWhenTheirBoxLosesTheFocus()
+{
+    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
+    Cadastro();
+    Escreve_Referencia(u"H"_qs);
+    Tecla(Qt::Key_Tab);
+    QVERIFY(!m_referencia->hasFocus());
+    QVERIFY(!m_referencias->hasFocus());
+    QVERIFY(m_referencias->isVisible());
+}
+
+void tst_sugestoes::referencesGoWhenTheirListLosesTheFocus()
+{
+    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
+    Cadastro();
+    Escreve_Referencia(u"H"_qs);
+    Tecla(Qt::Key_Down);
+    m_titulo->setFocus();
+    QVERIFY(m_referencias->isHidden());
+    // Back in the box it is there again, as it was.
+    m_comandos.clear();
+    m_referencia->setFocus();
+    QVERIFY(m_referencias->isVisible());
+    QCOMPARE(m_comandos, QStringList());
+    // Straight from the list into its box, too.
+    Tecla(Qt::Key_Down);
+    m_referencia->setFocus();
+    QVERIFY(m_referencias->isVisible());
+}
+
+void tst_sugestoes::clearedReferenceHidesTheList()
+{
+    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
+    Cadastro();
+    Escreve_Referencia(u"H"_qs);
+    m_comandos.clear();
+    Tecla(Qt::Key_Backspace);
+    QVERIFY(m_referencias->isHidden());
+    QCOMPARE(m_comandos, QStringList());
+}
+
+void tst_sugestoes::versionBoxHidesBothLists_data()
+{
+    QTest::addColumn<int>("versao");
+    QTest::newRow("version 1") << 0;
+    QTest::newRow("version 2") << 1;
+}
+
+void tst_sugestoes::versionBoxHidesBothLists()
+{
+    QFETCH(int, versao);
+    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
+    Cadastro();
+    QTest::mouseClick(Acha<QWidget>(qPrintable(u"lblMostraMusica_%1"_qs.arg(versao))),
+                      Qt::LeftButton);
+    Escreve_Referencia(u"H"_qs);
+    m_musicas->show();
+    Acha<RichTextBox>(qPrintable(u"txtCadLetra_%1"_qs.arg(versao)))->setFocus();
+    QVERIFY(m_referencias->isHidden());
+    QVERIFY(m_musicas->isHidden());
+}
+
+void tst_sugestoes::leavingThePanelHidesBothLists()
+{
+    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
+    Cadastro();
+    Escreve_Titulo(u"U"_qs);
+    Acha<QAction>("mnuPesquisa")->trigger();
+    QVERIFY(m_musicas->isHidden());
+    Acha<QAction>("mnuCadastro")->trigger();
+    Escreve_Referencia(u"H"_qs);
+    Acha<QAction>("mnuPesquisa")->trigger();
+    QVERIFY(m_referencias->isHidden());
+}
+
+void tst_sugestoes::apostropheRaisesNoError_data()
+{
+    QTest::addColumn<QString>("titulo");
+    QTest::newRow("in the middle") << u"D'água"_qs;
+    QTest::newRow("alone") << u"'"_qs;
+    QTest::newRow("two") << u"''"_qs;
+    QTest::newRow("at the end") << u"Povo'"_qs;
+}
+
+void tst_sugestoes::apostropheRaisesNoError()
+{
+    QFETCH(QString, titulo);
+    Com_Referencia(titulo + u" viva"_qs, titulo);
+    Com_Referencia(u"Outra"_qs, u"Outro"_qs);
+    Cadastro();
+    Escreve_Titulo(titulo);
+    QCOMPARE(Itens(*m_musicas), QStringList(titulo + u" viva - "_qs + titulo));
+    Escreve_Referencia(titulo);
+    QCOMPARE(Itens(*m_referencias), QStringList(titulo));
+    QVERIFY(m_caixas->boxes.isEmpty());
+}
+
+void tst_sugestoes::loadingASongFillsTheListsAndShowsNeither()
+{
+    Com_Referencia(u"Amor"_qs, u"Ana"_qs);
+    Cadastro();
+    Acha<QWidget>("lstCadTema")->setFocus();
+    m_form->Inicializa_Cadastro(1);
+    QCOMPARE(m_titulo->text(), u"Amor"_qs);
+    QCOMPARE(Itens(*m_musicas), QStringList(u"Amor - Ana"_qs));
+    QCOMPARE(Itens(*m_referencias), QStringList(u"Ana"_qs));
+    QVERIFY(m_musicas->isHidden());
+    QVERIFY(m_referencias->isHidden());
+    m_referencia->setFocus();
+    QVERIFY(m_referencias->isVisible());
+}
+
+void tst_sugestoes::loadingASongIntoTheFocusedTitleShowsItsList()
+{
+    Com_Referencia(u"Amor"_qs, u"Ana"_qs);
+    Cadastro();
+    QVERIFY(m_titulo->hasFocus());
+    m_form->Inicializa_Cadastro(1);
+    QVERIFY(m_musicas->isVisible());
+    QVERIFY(m_referencias->isHidden());
+    QVERIFY(m_titulo->hasFocus());
+}
+
+void tst_sugestoes::accentsAndLetterCaseAreTakenAsInASearch()
+{
+    Com_Referencia(u"Água viva"_qs, u"Érica"_qs);
+    Com_Referencia(u"Agua mansa"_qs, u"erica"_qs);
+    Cadastro();
+    Escreve_Titulo(u"agua"_qs);
+    QCOMPARE(m_musicas->ListCount(), 2);
+    m_titulo->clear();
+    Escreve_Titulo(u"água"_qs);
+    QCOMPARE(Itens(*m_musicas), QStringList(u"Água viva - Érica"_qs));
+    Escreve_Referencia(u"e"_qs);
+    QCOMPARE(Itens(*m_referencias), QStringList({u"erica"_qs, u"Érica"_qs}));
+}
+
+void tst_sugestoes::badInputRaisesNoError_data()
+{
+    QTest::addColumn<QString>("texto");
+    QTest::newRow("100,000 characters") << QString(100000, u'a');
+    QTest::newRow("100,000 apostrophes") << QString(100000, u'\'');
+    QTest::newRow("100,000 percent signs") << QString(100000, u'%');
+    QTest::newRow("100,000 brackets") << QString(100000, u'[');
+    QTest::newRow("control characters") << u"\u0001\u0007\u001b\u007f"_qs;
+    QTest::newRow("the character 0") << QString(QChar(0)) + u"a"_qs;
+    QTest::newRow("a high surrogate alone") << u"a"_qs + QString(QChar(0xd83c));
+    QTest::newRow("a low surrogate alone") << QString(QChar(0xdfb5)) + u"a"_qs;
+    QTest::newRow("a percent sign") << u"50% da%"_qs;
+    QTest::newRow("underlines") << u"a_b__"_qs;
+    QTest::newRow("an open bracket") << u"Sol [vivo"_qs;
+    QTest::newRow("a set") << u"[a-z]"_qs;
+    QTest::newRow("quotes and backslashes") << u"\"a\\\" -- ; DROP TABLE MUSICA"_qs;
+}
+
+void tst_sugestoes::badInputRaisesNoError()
+{
+    QFETCH(QString, texto);
+    Com_Referencia(u"Amor"_qs, u"Ana"_qs);
+    Com_Referencia(u"50% da vida"_qs, u"Sol [vivo]"_qs);
+    Cadastro();
+    for (TextBox* caixa : {m_titulo, m_referencia}) {
+        caixa->setFocus();
+        caixa->setText(texto);
+        QVERIFY2(m_caixas->boxes.isEmpty(), qPrintable(caixa->objectName()));
+        QVERIFY((caixa == m_titulo ? m_musicas : m_referencias)->isVisible());
+        QVERIFY((caixa == m_titulo ? m_musicas : m_referencias)->ListCount() > 0);
+    }
+    // What is there can still be looked for.
+    m_titulo->setText(u"50"_qs);
+    QCOMPARE(Itens(*m_musicas), QStringList(u"50% da vida - Sol [vivo]"_qs));
+}
+
+void tst_sugestoes::aFailureIsShownOnceWhileTyping()
+{
+    Cadastro();
+    Funcoes::Conexao.Close();
+    Escreve_Titulo(u"Amor"_qs);
+    QCOMPARE(m_caixas->boxes.size(), 1);
+    QCOMPARE(m_titulo->text(), u"Amor"_qs);
+}
+
+QTEST_MAIN(tst_sugestoes)
+#include "tst_sugestoes.moc"
