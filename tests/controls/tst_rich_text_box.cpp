@@ -13,7 +13,6 @@
 #include <QtMath>
 
 #include <algorithm>
-#include <memory>
 #include <vector>
 
 namespace {
@@ -61,13 +60,6 @@ public:
     using RichTextBox::insertFromMimeData;
 };
 
-/// The same for what goes to the clipboard.
-class CopyBox : public RichTextBox
-{
-public:
-    using RichTextBox::createMimeDataFromSelection;
-};
-
 } // namespace
 
 class tst_rich_text_box : public QObject
@@ -103,10 +95,6 @@ private slots:
     void plainTextKeepsTheSize();
     void theDocumentThatWasSetComesBack();
     void typedTextComesBackInTheDocument();
-    void whatADocumentCannotHoldIsShownAsASign();
-    void typingBesideAStandInLeavesItAlone();
-    void aStandInIsCopiedAsWhatItStandsFor();
-    void aLineThatIsTooLongToShapeIsShownInPart();
     void aCopyKeepsTextAndFormats();
     void theScrollLimitIsThatOfTheFinishedLayout_data();
     void theScrollLimitIsThatOfTheFinishedLayout();
@@ -472,71 +460,6 @@ void tst_rich_text_box::typedTextComesBackInTheDocument()
     RichTextBox other;
     other.SetTextRTF(box.TextRTF());
     QCOMPARE(other.Text(), u"C\r\nSanto Deus\r\n"_qs);
-}
-
-void tst_rich_text_box::whatADocumentCannotHoldIsShownAsASign()
-{
-    RichTextBox box;
-    box.SetTextRTF(Render(u"C\r\né a\u2029b\uFDD0c\uFDD1d\r\n"_qs));
-    QCOMPARE(box.document()->blockCount(), 3);
-    QCOMPARE(box.document()->findBlockByNumber(1).length(), int(u"é a.b.c.d"_qs.size()) + 1);
-    QVERIFY(LeftOf(box, 6) > LeftOf(box, 5)); // the sign takes a place
-}
-
-void tst_rich_text_box::typingBesideAStandInLeavesItAlone()
-{
-    RichTextBox box;
-    box.SetTextRTF(Render(u"C\r\né a\u2029\u2029b"_qs));
-    QTextCursor cursor(box.document());
-    for (const int position : {7, 6, 5}) {
-        cursor.setPosition(position);
-        box.setTextCursor(cursor);
-        QTest::keyClicks(&box, u"xy"_qs);
-    }
-    QCOMPARE(box.Text(), u"C\r\né axy\u2029xy\u2029xyb"_qs);
-    RichTextBox copy;
-    copy.SetTextRTF(box.TextRTF());
-    QCOMPARE(copy.Text(), box.Text());
-    cursor.setPosition(10);
-    box.setTextCursor(cursor);
-    QTest::keyClick(&box, Qt::Key_Backspace);
-    QCOMPARE(box.Text(), u"C\r\né axy\u2029x\u2029xyb"_qs);
-    box.undo();
-    box.undo();
-    QVERIFY(box.Text().startsWith(u"C\r\né a"));
-}
-
-void tst_rich_text_box::aStandInIsCopiedAsWhatItStandsFor()
-{
-    CopyBox box;
-    box.SetTextRTF(Render(u"C\r\né a\u2029b\r\nc\u00A0d"_qs));
-    box.selectAll();
-    const std::unique_ptr<QMimeData> all(box.createMimeDataFromSelection());
-    QCOMPARE(all->text(), u"C\né a\u2029b\nc\u00A0d"_qs);
-    QTextCursor cursor(box.document());
-    cursor.setPosition(5);
-    cursor.setPosition(9, QTextCursor::KeepAnchor);
-    box.setTextCursor(cursor);
-    const std::unique_ptr<QMimeData> some(box.createMimeDataFromSelection());
-    QCOMPARE(some->text(), u"\u2029b\nc"_qs);
-}
-
-void tst_rich_text_box::aLineThatIsTooLongToShapeIsShownInPart()
-{
-    const QString song = QString(u"C\r\na"_qs + QString(1'000'000, QChar(0x0301)) + u"\r\nDeus"_qs);
-    RichTextBox box;
-    for (int i = 0; i < 3; ++i) {
-        box.SetTextRTF(Render(song, i * 4));
-        QVERIFY(box.Text() == song);
-    }
-    QVERIFY(box.document()->findBlockByNumber(1).length() < 11'000);
-    QCOMPARE(box.document()->findBlockByNumber(2).text(), u"Deus"_qs);
-    const auto formats = box.document()->allFormats().size();
-    box.SetTextRTF(Render(QString(song + u"a\u0301"_qs.repeated(20'000)), 8));
-    QVERIFY(box.document()->allFormats().size() <= formats + 1);
-    // Letters that need no shaping are all shown.
-    box.SetTextRTF(Render(u"C\r\n"_qs + u"Santo é "_qs.repeated(20'000)));
-    QCOMPARE(box.document()->findBlockByNumber(1).length(), 160'001);
 }
 
 void tst_rich_text_box::aCopyKeepsTextAndFormats()

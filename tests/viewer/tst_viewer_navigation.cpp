@@ -33,6 +33,7 @@ private slots:
     void movingToASongThatWasDeletedMeanwhile();
     void anUnknownKeyTakesTheIndexOfTheSongBefore();
     void theWheelChoosesNothing();
+    void keysWhileTheListIsOpenAreTheForms();
     void twoViewersStepApart();
     void movingWithoutAConnectionIsOneMessage();
 
@@ -267,6 +268,22 @@ void tst_viewer_navigation::anUnknownKeyTakesTheIndexOfTheSongBefore()
     QTest::keyClick(viewer.data(), Qt::Key_P);
     QCOMPARE(Title(viewer), u"Amar"_qs);
     QCOMPARE(Caption(viewer, "lblTom"), u"(E)"_qs);
+}
+
+void tst_viewer_navigation::keysWhileTheListIsOpenAreTheForms()
+{
+    const auto viewer = bench->ThreeSongs();
+    QVERIFY(QTest::qWaitForWindowActive(viewer.data()));
+    QTest::mouseClick(List(viewer), Qt::LeftButton);
+    QAbstractItemView* popup = List(viewer)->view();
+    QTRY_VERIFY(popup->isVisible());
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_End, Qt::Key_Return, Qt::Key_L})
+        QTest::keyClick(popup, key);
+    QCOMPARE(Title(viewer), u"Rosa"_qs);
+    QTest::keyClick(popup, Qt::Key_P);
+    QCOMPARE(Title(viewer), u"Amar"_qs);
+    QTest::keyClick(popup, Qt::Key_Escape);
+    QVERIFY(Gone(viewer));
 }
 
 void tst_viewer_navigation::theWheelChoosesNothing()
