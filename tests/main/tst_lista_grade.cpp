@@ -297,36 +297,36 @@ void tst_lista_grade::accessKeysAnswer()
 {
     QFETCH(QString, keys);
     QFETCH(int, answer);
-    m_catalogo->AddSetlist(u"A"_qs, QDate(2009, 3, 5));
     Carrega();
-    Na_Lista(0, [keys](QWidget& dialogo) {
-        QVERIFY(QTest::qWaitForWindowActive(&dialogo));
-        for (const QChar tecla : keys) {
-            if (tecla == u' ')
-                QTest::keyClick(dialogo.focusWidget(), Qt::Key_Space);
-            else
-                QTest::keyClick(&dialogo, static_cast<Qt::Key>(tecla.unicode()), Qt::AltModifier);
-        }
-        // A single button answers by itself, with the short animation of a press.
-        QTRY_VERIFY(!dialogo.isVisible());
-    });
+    frmMensagem2 dialogo(m_form.get());
+    dialogo.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialogo));
+    QTRY_VERIFY(dialogo.focusWidget());
+    for (const QChar tecla : keys) {
+        if (tecla == u' ')
+            QTest::keyClick(dialogo.focusWidget(), Qt::Key_Space);
+        else
+            QTest::keyClick(&dialogo, static_cast<Qt::Key>(tecla.unicode()), Qt::AltModifier);
+    }
+    // A letter of one button alone answers with the short animation of a press.
+    QTRY_VERIFY(!dialogo.isVisible());
     QCOMPARE(int{Funcoes::Resposta_Mensagem}, answer);
 }
 
 void tst_lista_grade::aSharedAccessKeyTakesTurns()
 {
-    m_catalogo->AddSetlist(u"A"_qs, QDate(2009, 3, 5));
     Carrega();
-    Na_Lista(0, [](QWidget& dialogo) {
-        QVERIFY(QTest::qWaitForWindowActive(&dialogo));
-        QStringList focos;
-        for (int i = 0; i < 3; ++i) {
-            QTest::keyClick(&dialogo, Qt::Key_E, Qt::AltModifier);
-            focos.append(dialogo.focusWidget()->objectName());
-        }
-        QCOMPARE(focos, QStringList({u"cmdEditar"_qs, u"cmdExcluir"_qs, u"cmdEditar"_qs}));
-        dialogo.close();
-    });
+    frmMensagem2 dialogo(m_form.get());
+    dialogo.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialogo));
+    QTRY_VERIFY(dialogo.focusWidget());
+    QStringList focos;
+    for (int i = 0; i < 3; ++i) {
+        QTest::keyClick(&dialogo, Qt::Key_E, Qt::AltModifier);
+        focos.append(dialogo.focusWidget()->objectName());
+    }
+    QCOMPARE(focos, QStringList({u"cmdEditar"_qs, u"cmdExcluir"_qs, u"cmdEditar"_qs}));
+    QVERIFY(dialogo.isVisible());
     QCOMPARE(int{Funcoes::Resposta_Mensagem}, 0);
 }
 
