@@ -2,6 +2,7 @@
 
 #include "controls/LongTexts.h"
 
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -108,6 +109,13 @@ void GradeListas::mouseDoubleClickEvent(QMouseEvent* evento)
     if (sob_ponteiro.row() != currentIndex().row())
         Torna_Atual(sob_ponteiro);
     emit DblClick();
+}
+
+void GradeListas::contextMenuEvent(QContextMenuEvent* evento)
+{
+    evento->accept();
+    if (evento->reason() == QContextMenuEvent::Keyboard && currentIndex().isValid())
+        emit DblClick();
 }
 
 void GradeListas::focusInEvent(QFocusEvent* evento)

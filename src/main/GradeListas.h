@@ -30,7 +30,8 @@ public:
     void Ordena_Por(int coluna);
 
 signals:
-    /// The left button, twice, on a row, which is current then.
+    /// The left button, twice, on a row, which is current then; or the menu key while a row is
+    /// current: nobody needs a mouse for what only a double click offers.
     void DblClick();
     /// Enter, once however long it is held. @param tecla  a Qt::Key
     void KeyDown(int tecla);
@@ -40,6 +41,7 @@ signals:
 protected:
     void keyPressEvent(QKeyEvent* evento) override;
     void mouseDoubleClickEvent(QMouseEvent* evento) override;
+    void contextMenuEvent(QContextMenuEvent* evento) override;
     void focusInEvent(QFocusEvent* evento) override;
     void resizeEvent(QResizeEvent* evento) override;
     bool viewportEvent(QEvent* evento) override;

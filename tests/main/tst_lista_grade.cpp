@@ -6,6 +6,7 @@
 #include "main/frmMensagem2.h"
 #include "viewer/frmVisualizar.h"
 
+#include <QContextMenuEvent>
 #include <QHeaderView>
 
 class tst_lista_grade : public ListaTeste
@@ -26,6 +27,7 @@ private slots:
     void aDoubleClickBesideTheRowsDoesNothing();
     void enterOpensTheCurrentSetlistWithoutADialog();
     void tabMakesTheFirstRowCurrent();
+    void theMenuKeyAsksAsADoubleClickDoes();
     void abrirOpensAViewerOnTheSetlist();
     void theDialogLooksAsGiven();
     void escIsCancelar();
@@ -207,6 +209,27 @@ void tst_lista_grade::tabMakesTheFirstRowCurrent()
     QVERIFY(Acha<GradeListas>("lstLista")->selectionModel()->hasSelection());
     Tecla("lstLista", Qt::Key_Enter);
     QCOMPARE(Visualizadores().size(), 1);
+}
+
+void tst_lista_grade::theMenuKeyAsksAsADoubleClickDoes()
+{
+    m_catalogo->AddSetlist(u"A"_qs, QDate(2009, 3, 5), {Musica(u"Amor"_qs)});
+    Carrega();
+    auto* area = Acha<GradeListas>("lstLista")->viewport();
+    const auto pressiona = [area] {
+        QContextMenuEvent tecla(QContextMenuEvent::Keyboard, QPoint(5, 5), QPoint(5, 5));
+        QApplication::sendEvent(area, &tecla);
+    };
+    pressiona(); // no row is current
+    QVERIFY(!QApplication::activeModalWidget());
+    Clica_Item("lstLista", 0);
+    QTimer::singleShot(0, this, [] {
+        auto* dialogo = QApplication::activeModalWidget();
+        QVERIFY(dialogo);
+        QTest::mouseClick(dialogo->findChild<QPushButton*>(u"cmdCopiar"_qs), Qt::LeftButton);
+    });
+    pressiona();
+    QCOMPARE(Texto("txtNome"), u"Cópia de A"_qs);
 }
 
 void tst_lista_grade::abrirOpensAViewerOnTheSetlist()
