@@ -4,8 +4,8 @@
 
 #include <QTest>
 
-/// The program itself on a screen of its own: a setlist is built, ordered, stored, copied and
-/// deleted with the keyboard alone, and the file is read after each step.
+/// The program itself on a screen of its own: a setlist is built, ordered, stored, copied,
+/// stepped through and deleted with the keyboard alone, and the file is read after each step.
 class tst_Jornada_Lista : public QObject
 {
     Q_OBJECT
@@ -88,8 +88,16 @@ void tst_Jornada_Lista::aSetlistFromItsFirstSongToItsEnd()
     QCOMPARE(Places(2), Places(1));
     m_screen.Press({u"Return"_qs});
 
-    // The newest one comes first: it is the copy that is deleted.
-    Answer(form, {u"Tab"_qs, u"Tab"_qs, u"Menu"_qs});
+    // The newest one comes first: it is the copy that is stepped through and then deleted.
+    Answer(form, {u"Tab"_qs, u"Tab"_qs, u"Return"_qs});
+    const auto viewer = [](const char* title) {
+        return u"^%1 \\(Ana\\)$"_qs.arg(QString::fromLatin1(title));
+    };
+    Answer(viewer("Amor"), {u"a"_qs, u"p"_qs}); // there is none before the first
+    Answer(viewer("Canto"), {u"p"_qs});
+    Answer(viewer("Bem"), {u"p"_qs, u"a"_qs}); // and none after the last
+    Answer(viewer("Canto"), {u"Escape"_qs});
+    Answer(form, {u"Menu"_qs});
     Answer(dialog, {u"alt+e"_qs, u"alt+e"_qs, u"space"_qs});
     Answer(box, {u"Return"_qs}); // yes
     QTRY_COMPARE(Setlists(), u"Ensaio"_qs);
