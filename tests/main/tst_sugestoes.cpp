@@ -1,23 +1,16 @@
-// What the song entry panel suggests while a title or a reference is being typed.
+// The songs that the song entry panel suggests while a title is being typed, and both lists
+// together.
 
-#include "PesquisaTeste.h"
+#include "SugestoesTeste.h"
 
-#include "controls/Appearance.h"
-#include "controls/RichTextBox.h"
-
-#include <QAction>
-
-class tst_sugestoes : public PesquisaTeste
+class tst_sugestoes : public SugestoesTeste
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { Appearance::Apply(*qApp); }
-
     void listsAreHiddenAtFirst();
     void typedTitleListsItsSongs();
     void titleStatementIsAsGiven();
-    void referenceStatementIsAsGiven();
     void clearedTitleHidesTheListAndAsksNothing();
     void tabbingOutHidesTheTitlesAndBackShowsThemAgain();
     void titlesAppearWithoutTakingTheFocus();
@@ -30,20 +23,6 @@ private slots:
     void doubleClickOnThePlaceholderOpensNoSong();
     void singleMatchIsSelected();
     void prefixWithoutMatchShowsThePlaceholder();
-    void typedReferenceListsEachReferenceOnce();
-    void downArrowWithoutACurrentItemSelectsNothing();
-    void downArrowWithACurrentItemBeginsAtTheTop();
-    void downArrowWhileTheListIsHiddenDoesNothing();
-    void otherKeysStayInTheBox();
-    void enterTakesTheReference_data();
-    void enterTakesTheReference();
-    void enterWithoutACurrentItemTakesNothing();
-    void doubleClickTakesTheReference();
-    void otherKeysInTheListTakeNothing();
-    void thePlaceholderCanBeTakenAsAReference();
-    void referencesStayWhenTheirBoxLosesTheFocus();
-    void referencesGoWhenTheirListLosesTheFocus();
-    void clearedReferenceHidesTheList();
     void versionBoxHidesBothLists_data();
     void versionBoxHidesBothLists();
     void leavingThePanelHidesBothLists();
@@ -55,60 +34,6 @@ private slots:
     void badInputRaisesNoError_data();
     void badInputRaisesNoError();
     void aFailureIsShownOnceWhileTyping();
-
-private:
-    void Cadastro()
-    {
-        Carrega();
-        Acha<QAction>("mnuCadastro")->trigger();
-        Funcoes::Conexao.SetStatementHook([this](const QString& sql) { m_comandos.append(sql); });
-        m_titulo = Acha<TextBox>("txtCadTitulo");
-        m_referencia = Acha<TextBox>("txtCadReferencia");
-        m_musicas = Acha<ListBox>("lstMusicasSemelhantes");
-        m_referencias = Acha<ListBox>("lstReferenciasSemelhantes");
-        m_comandos.clear();
-    }
-    void Tecla(int tecla) const
-    {
-        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(tecla));
-    }
-    /// Types any characters: QTest::keyClicks takes ASCII only.
-    static void Escreve(TextBox& caixa, const QString& texto)
-    {
-        caixa.setFocus();
-        for (const QChar letra : texto)
-            QTest::sendKeyEvent(QTest::Click, &caixa, Qt::Key_unknown, QString(letra), {});
-    }
-    void Escreve_Titulo(const QString& texto) const { Escreve(*m_titulo, texto); }
-    void Escreve_Referencia(const QString& texto) const { Escreve(*m_referencia, texto); }
-    void Com_Referencia(const QString& titulo, const QString& referencia) const
-    {
-        TestSong musica;
-        musica.reference = referencia;
-        Musica(titulo, {}, musica);
-    }
-    static QStringList Itens(const ListBox& lista)
-    {
-        QStringList itens;
-        for (int i = 0; i < lista.ListCount(); ++i)
-            itens.append(lista.Text(i));
-        return itens;
-    }
-    static void Clica_Duas_Vezes(const ListBox& lista, int item)
-    {
-        const QPoint lugar = lista.visualRect(lista.model()->index(item, 0)).center();
-        QTest::mouseDClick(lista.viewport(), Qt::LeftButton, {}, lugar);
-    }
-    QRect No_Formulario(const QWidget& controle) const
-    {
-        return {controle.mapTo(m_form.get(), QPoint(0, 0)), controle.size()};
-    }
-
-    QStringList m_comandos;
-    TextBox* m_titulo = nullptr;
-    TextBox* m_referencia = nullptr;
-    ListBox* m_musicas = nullptr;
-    ListBox* m_referencias = nullptr;
 };
 
 void tst_sugestoes::listsAreHiddenAtFirst()
@@ -145,15 +70,6 @@ void tst_sugestoes::titleStatementIsAsGiven()
                           "'A%' ORDER BY TITULO & ' - ' & REFERENCIA"_qs,
                           u"SELECT ID, TITULO & ' - ' & REFERENCIA FROM MUSICA WHERE TITULO LIKE "
                           "'Am%' ORDER BY TITULO & ' - ' & REFERENCIA"_qs}));
-    QCOMPARE(Funcoes::SQL, m_comandos.last());
-}
-
-void tst_sugestoes::referenceStatementIsAsGiven()
-{
-    Cadastro();
-    Escreve_Referencia(u"A"_qs);
-    QCOMPARE(m_comandos, QStringList(u"SELECT DISTINCT 1, REFERENCIA FROM MUSICA WHERE REFERENCIA "
-                                     "LIKE 'A%' ORDER BY REFERENCIA"_qs));
     QCOMPARE(Funcoes::SQL, m_comandos.last());
 }
 
@@ -304,204 +220,6 @@ void tst_sugestoes::prefixWithoutMatchShowsThePlaceholder()
     Escreve_Referencia(u"x"_qs);
     QVERIFY(m_referencias->isVisible());
     QCOMPARE(Itens(*m_referencias), QStringList(u"Não há dados a serem mostrados."_qs));
-}
-
-void tst_sugestoes::typedReferenceListsEachReferenceOnce()
-{
-    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
-    Com_Referencia(u"Dois"_qs, u"Hinário"_qs);
-    Com_Referencia(u"Três"_qs, u"Harpa"_qs);
-    Com_Referencia(u"Quatro"_qs, u"Cantor"_qs);
-    Cadastro();
-    Escreve_Referencia(u"h"_qs);
-    QVERIFY(m_referencias->isVisible());
-    QCOMPARE(Itens(*m_referencias), QStringList({u"Harpa"_qs, u"Hinário"_qs}));
-    QCOMPARE(m_referencias->ItemData(0), 1);
-    QCOMPARE(m_referencias->ItemData(1), 1);
-}
-
-void tst_sugestoes::downArrowWithoutACurrentItemSelectsNothing()
-{
-    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
-    Com_Referencia(u"Dois"_qs, u"Hinário"_qs);
-    Cadastro();
-    Escreve_Referencia(u"H"_qs);
-    Tecla(Qt::Key_Down);
-    QVERIFY(m_referencias->hasFocus());
-    QVERIFY(m_referencias->isVisible());
-    QCOMPARE(m_referencias->ListIndex(), -1);
-    QVERIFY(!m_referencias->Selected(0));
-    // The next arrow does.
-    Tecla(Qt::Key_Down);
-    QCOMPARE(m_referencias->ListIndex(), 0);
-}
-
-void tst_sugestoes::downArrowWithACurrentItemBeginsAtTheTop()
-{
-    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
-    Com_Referencia(u"Dois"_qs, u"Hinário"_qs);
-    Cadastro();
-    Escreve_Referencia(u"H"_qs);
-    m_referencias->SetListIndex(1);
-    Tecla(Qt::Key_Down);
-    QVERIFY(m_referencias->hasFocus());
-    QCOMPARE(m_referencias->ListIndex(), 0);
-    QVERIFY(m_referencias->Selected(0));
-    QVERIFY(!m_referencias->Selected(1));
-}
-
-void tst_sugestoes::downArrowWhileTheListIsHiddenDoesNothing()
-{
-    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
-    Cadastro();
-    m_referencia->setFocus();
-    Tecla(Qt::Key_Down);
-    QVERIFY(m_referencia->hasFocus());
-    QVERIFY(m_referencias->isHidden());
-    Escreve_Referencia(u"H"_qs);
-    Tecla(Qt::Key_Backspace);
-    Tecla(Qt::Key_Down);
-    QVERIFY(m_referencia->hasFocus());
-    QVERIFY(m_referencias->isHidden());
-}
-
-void tst_sugestoes::otherKeysStayInTheBox()
-{
-    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
-    Cadastro();
-    Escreve_Referencia(u"H"_qs);
-    for (const int tecla : {int{Qt::Key_Up}, int{Qt::Key_Return}, int{Qt::Key_End}}) {
-        Tecla(tecla);
-        QVERIFY(m_referencia->hasFocus());
-        QCOMPARE(m_referencia->text(), u"H"_qs);
-    }
-}
-
-void tst_sugestoes::enterTakesTheReference_data()
-{
-    QTest::addColumn<int>("versao");
-    QTest::addColumn<int>("tecla");
-    QTest::newRow("version 1 shown") << 0 << int{Qt::Key_Return};
-    QTest::newRow("version 2 shown") << 1 << int{Qt::Key_Return};
-    QTest::newRow("the keypad's") << 0 << int{Qt::Key_Enter};
-}
-
-void tst_sugestoes::enterTakesTheReference()
-{
-    QFETCH(int, versao);
-    QFETCH(int, tecla);
-    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
-    Com_Referencia(u"Dois"_qs, u"Hinário"_qs);
-    Cadastro();
-    QTest::mouseClick(Acha<QWidget>(qPrintable(u"lblMostraMusica_%1"_qs.arg(versao))),
-                      Qt::LeftButton);
-    Escreve_Referencia(u"H"_qs);
-    Tecla(Qt::Key_Down);
-    Tecla(Qt::Key_Down);
-    Tecla(Qt::Key_Down);
-    m_comandos.clear();
-    Tecla(tecla);
-    QCOMPARE(m_referencia->text(), u"Hinário"_qs);
-    QVERIFY(Acha<RichTextBox>(qPrintable(u"txtCadLetra_%1"_qs.arg(versao)))->hasFocus());
-    QVERIFY(m_referencias->isHidden());
-    // The text that was set asked once more.
-    QCOMPARE(m_comandos.size(), 1);
-    QVERIFY(m_comandos.last().contains(u"'Hinário%'"));
-    QCOMPARE(Itens(*m_referencias), QStringList(u"Hinário"_qs));
-}
-
-void tst_sugestoes::enterWithoutACurrentItemTakesNothing()
-{
-    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
-    Com_Referencia(u"Dois"_qs, u"Hinário"_qs);
-    Cadastro();
-    Escreve_Referencia(u"H"_qs);
-    Tecla(Qt::Key_Down);
-    Tecla(Qt::Key_Return);
-    QCOMPARE(m_referencia->text(), u"H"_qs);
-    QVERIFY(m_referencias->isVisible());
-    QVERIFY(m_caixas->boxes.isEmpty());
-}
-
-void tst_sugestoes::doubleClickTakesTheReference()
-{
-    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
-    Com_Referencia(u"Dois"_qs, u"Hinário"_qs);
-    Cadastro();
-    Escreve_Referencia(u"H"_qs);
-    const QPoint lugar = m_referencias->visualRect(m_referencias->model()->index(0, 0)).center();
-    QTest::mouseClick(m_referencias->viewport(), Qt::LeftButton, {}, lugar);
-    QVERIFY(m_referencias->hasFocus()); // a click leaves the list where it is
-    QVERIFY(m_referencias->isVisible());
-    QCOMPARE(m_referencia->text(), u"H"_qs);
-    Clica_Duas_Vezes(*m_referencias, 0);
-    QCOMPARE(m_referencia->text(), u"Harpa"_qs);
-    QVERIFY(Acha<RichTextBox>("txtCadLetra_0")->hasFocus());
-    QVERIFY(m_referencias->isHidden());
-}
-
-void tst_sugestoes::otherKeysInTheListTakeNothing()
-{
-    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
-    Com_Referencia(u"Dois"_qs, u"Hinário"_qs);
-    Cadastro();
-    Escreve_Referencia(u"H"_qs);
-    Tecla(Qt::Key_Down);
-    for (const int tecla : {int{Qt::Key_Down}, int{Qt::Key_Space}, int{Qt::Key_Delete}})
-        Tecla(tecla);
-    QCOMPARE(m_referencia->text(), u"H"_qs);
-    QVERIFY(m_referencias->hasFocus());
-}
-
-void tst_sugestoes::thePlaceholderCanBeTakenAsAReference()
-{
-    Cadastro();
-    Escreve_Referencia(u"x"_qs);
-    Tecla(Qt::Key_Down);
-    Tecla(Qt::Key_Down);
-    Tecla(Qt::Key_Return);
-    QCOMPARE(m_referencia->text(), u"Não há dados a serem mostrados."_qs);
-}
-
-void tst_sugestoes::referencesStayWhenTheirBoxLosesTheFocus()
-{
-    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
-    Cadastro();
-    Escreve_Referencia(u"H"_qs);
-    Tecla(Qt::Key_Tab);
-    QVERIFY(!m_referencia->hasFocus());
-    QVERIFY(!m_referencias->hasFocus());
-    QVERIFY(m_referencias->isVisible());
-}
-
-void tst_sugestoes::referencesGoWhenTheirListLosesTheFocus()
-{
-    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
-    Cadastro();
-    Escreve_Referencia(u"H"_qs);
-    Tecla(Qt::Key_Down);
-    m_titulo->setFocus();
-    QVERIFY(m_referencias->isHidden());
-    // Back in the box it is there again, as it was.
-    m_comandos.clear();
-    m_referencia->setFocus();
-    QVERIFY(m_referencias->isVisible());
-    QCOMPARE(m_comandos, QStringList());
-    // Straight from the list into its box, too.
-    Tecla(Qt::Key_Down);
-    m_referencia->setFocus();
-    QVERIFY(m_referencias->isVisible());
-}
-
-void tst_sugestoes::clearedReferenceHidesTheList()
-{
-    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
-    Cadastro();
-    Escreve_Referencia(u"H"_qs);
-    m_comandos.clear();
-    Tecla(Qt::Key_Backspace);
-    QVERIFY(m_referencias->isHidden());
-    QCOMPARE(m_comandos, QStringList());
 }
 
 void tst_sugestoes::versionBoxHidesBothLists_data()
