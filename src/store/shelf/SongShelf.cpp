@@ -70,11 +70,17 @@ std::shared_ptr<const Recordset::Rows> SongShelf::Answer(const SongSearch& searc
         if (!Refresh() || (onLyrics && !ReadLyrics(std::nullopt)))
             return nullptr;
     } catch (const RuntimeError&) {
-        // SQLite finds it too where it matters, and tells in its own words.
         m_watch.Distrust();
+        // Somebody holds the file: asking again would only wait as long once more.
+        if ((sqlite3_errcode(m_database) & 0xff) == SQLITE_BUSY)
+            throw;
+        // SQLite finds anything else too where it matters, and tells in its own words.
         return nullptr;
     }
-    ReadBases(search);
+    for (const SongSearch::Pattern& pattern : search.patterns) {
+        if (pattern.field != Field::Text)
+            ReadBases(pattern.field);
+    }
     if (!StayInBounds())
         return nullptr;
     ReadWhenIdle();
@@ -188,8 +194,25 @@ void SongShelf::BeforeChange(const Syntax::Statement& statement)
 void SongShelf::ReadWhenIdle()
 {
     // Started anew by every search: what it found is painted before the next slice.
-    if (m_lyricsState == Lyrics::Partly && QCoreApplication::instance())
+    if ((m_lyricsState == Lyrics::Partly || NextToPrepare()) && QCoreApplication::instance())
         m_idle.start();
+}
+
+/// @return the next piece of what a first search in a column, or a first suggestion, would wait
+///         for; nothing when all is there, or when it could take the room of what is needed
+std::optional<std::function<void()>> SongShelf::NextToPrepare()
+{
+    if (Size() > m_largestSize / 2)
+        return std::nullopt;
+    for (const Field field : {Field::Title, Field::Reference}) {
+        if (Bases(field).Places() < m_songs.Places())
+            return [this, field] { ReadBases(field); };
+    }
+    for (const auto order : {SongSearch::Order::Label, SongSearch::Order::Reference}) {
+        if (!m_songs.IsSorted(order))
+            return [this, order] { m_songs.InOrder(order); };
+    }
+    return std::nullopt;
 }
 
 bool SongShelf::ReadAhead(int milliseconds)
@@ -201,6 +224,10 @@ bool SongShelf::ReadAhead(int milliseconds)
         // What another program changed is read by the next search, which may take its time.
         if (m_watch.IsEverythingNew() || !m_isFit || !Refresh())
             return false;
+        if (const auto prepare = NextToPrepare()) {
+            (*prepare)();
+            return StayInBounds();
+        }
         ReadLyrics(milliseconds);
     } catch (const RuntimeError&) {
         return false;

@@ -10,6 +10,7 @@
 
 #include <QTimer>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -23,9 +24,9 @@ struct sqlite3;
 /// typed. It gives what SQLite would, or nothing at all: each search first looks whether this
 /// connection or another program has changed anything since.
 ///
-/// The small columns and the links are read by the first search, the lyrics in idle moments after
-/// it, a few milliseconds at a time, or by the first search in them. Titles and references are
-/// folded by the first search in each.
+/// The small columns and the links are read by the first search. What else searches need follows in
+/// idle moments after it, a few milliseconds at a time, or is done by the first search that needs
+/// it: titles and references are folded, the orders of the suggestions sorted, the lyrics read.
 class SongShelf
 {
 public:
@@ -47,7 +48,8 @@ public:
     /// To be called before a statement that changes rows.
     void BeforeChange(const Syntax::Statement& statement);
 
-    /// Reads lyrics for some milliseconds. @return true when there is more to read
+    /// Prepares a piece of what searches need, or reads lyrics for some milliseconds.
+    /// @return true when there is more to do
     bool ReadAhead(int milliseconds);
 
     /// @return bytes taken, about.
@@ -58,7 +60,9 @@ private:
 
     bool Refresh();
     bool StayInBounds();
-    void ReadBases(const SongSearch& search);
+    SongBases& Bases(SongSearch::Field field);
+    void ReadBases(SongSearch::Field field);
+    std::optional<std::function<void()>> NextToPrepare();
     bool RefreshRows();
     void SeeVersion();
     bool RefreshSong(qint64 id);

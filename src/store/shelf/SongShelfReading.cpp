@@ -111,18 +111,21 @@ bool SongShelf::StayInBounds()
     return m_isFit;
 }
 
-/// Reads the bases that a search looks through, as far as no search before has asked for them.
-void SongShelf::ReadBases(const SongSearch& search)
+/// @param field  Title or Reference
+SongBases& SongShelf::Bases(SongSearch::Field field)
 {
-    for (const SongSearch::Pattern& pattern : search.patterns) {
-        if (pattern.field == SongSearch::Field::Text)
-            continue;
-        const bool isTitle = pattern.field == SongSearch::Field::Title;
-        SongBases& bases = isTitle ? m_titles : m_references;
-        for (SongTable::Place place = bases.Places(); place < m_songs.Places(); ++place) {
-            const SongRow* const song = m_songs.At(place);
-            bases.Put(place, !song ? std::nullopt : isTitle ? song->title : song->reference);
-        }
+    return field == SongSearch::Field::Title ? m_titles : m_references;
+}
+
+/// Folds the titles or references that are not folded yet.
+/// @param field  Title or Reference
+void SongShelf::ReadBases(SongSearch::Field field)
+{
+    SongBases& bases = Bases(field);
+    const auto text = field == SongSearch::Field::Title ? &SongRow::title : &SongRow::reference;
+    for (SongTable::Place place = bases.Places(); place < m_songs.Places(); ++place) {
+        const SongRow* const song = m_songs.At(place);
+        bases.Put(place, song ? song->*text : std::nullopt);
     }
 }
 

@@ -94,6 +94,21 @@ void SongTable::Remove(qint64 id)
     m_categories[place].reset();
 }
 
+bool SongTable::IsSorted(SongSearch::Order order) const
+{
+    switch (order) {
+    case SongSearch::Order::Title:
+        return m_byTitle.isKept;
+    case SongSearch::Order::Label:
+        return m_byLabel.isKept;
+    case SongSearch::Order::Reference:
+        return m_byReference.isKept;
+    case SongSearch::Order::MostPlayed:
+        return m_byCount.size() == m_byTitle.places.size();
+    }
+    return false;
+}
+
 const std::vector<SongTable::Place>& SongTable::InOrder(SongSearch::Order order)
 {
     switch (order) {

@@ -46,6 +46,9 @@ public:
 
     Place PlaceOf(qint64 id) const;
 
+    /// @return false when InOrder would have to sort first.
+    bool IsSorted(SongSearch::Order order) const;
+
     /// @return the places of all songs in an order.
     const std::vector<Place>& InOrder(SongSearch::Order order);
 
