@@ -32,6 +32,8 @@ frmVisualizar::frmVisualizar()
     Prepara_Aparencia();
     Prepara_Caixas();
     Prepara_Teclado();
+    Prepara_Rolagem();
+    Prepara_Contagem();
     Liga_Eventos();
 }
 
