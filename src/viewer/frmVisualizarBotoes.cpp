@@ -51,16 +51,6 @@ void frmVisualizar::cmdProxima_Click()
     Proxima_Musica();
 }
 
-void frmVisualizar::cmdFechar_Click()
-{
-    close();
-}
-
-void frmVisualizar::cmdMinimizar_Click()
-{
-    showMinimized();
-}
-
 void frmVisualizar::Prepara_Teclado()
 {
     installEventFilter(this);
