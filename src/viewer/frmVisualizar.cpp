@@ -33,6 +33,8 @@ frmVisualizar::frmVisualizar()
     TimerRolagem->setProperty("Tag", QString::number(IntervaloRolagem));
     Prepara_Aparencia();
     Prepara_Teclado();
+    Prepara_Rolagem();
+    Prepara_Contagem();
     Liga_Eventos();
     Liga_Edicao();
 }
