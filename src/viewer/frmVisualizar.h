@@ -8,6 +8,7 @@
 
 class QTimer;
 class RichTextBox;
+class TeclasEdicao;
 
 namespace Ui {
 class frmVisualizar;
@@ -65,11 +66,12 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    /// The window manager's own close asks like cmdFechar while the song is edited.
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     // Loading and layout.
     void Prepara_Aparencia();
-    void Prepara_Caixas();
     void Prepara_Teclado();
     void Liga_Eventos();
     void Form_Load();
@@ -142,9 +144,22 @@ private:
     void Conta_Musica(double id);
 
     // Editing in place.
+    void Liga_Edicao();
+    /// Switches the controls into or out of edit mode. Editando is set by who calls, and before.
     void Muda_Status_Edicao(bool editar);
+    void Mostra_Pares(bool editar);
+    void Permite_Digitar(bool editar);
+    void Leva_Foco(bool editar);
+    /// Asks, and on Yes leaves edit mode and shows the stored text again.
     void Descartar_Edicao();
+    /// Asks what to do with what was typed, and does it. Writes MUSICA.
+    /// @return false when the user goes on editing: nothing changed then
+    /// @throws RuntimeError when saving fails; what was typed stays in the box
     bool Salvar();
+    void Iguala_Versoes();
+    void Grava_Musica();
+    void Comeca_Edicao();
+    void RichTextBox_GotFocus();
     void cmdEditar_Click();
     void cmdSalvar_Click();
     void cmdDescartar_Click();
@@ -153,6 +168,7 @@ private:
     bool Abrindo = false; ///< the list comes up for the first time: nothing is shown yet
     QTimer* TimerRolagem;
     QTimer* tmrContador;
+    TeclasEdicao* Teclas_Edicao;
 
     QString Titulo;
     QString Referencia;

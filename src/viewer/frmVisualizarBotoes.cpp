@@ -46,13 +46,3 @@ void frmVisualizar::cmdProxima_Click()
 {
     Proxima_Musica();
 }
-
-void frmVisualizar::cmdFechar_Click()
-{
-    close();
-}
-
-void frmVisualizar::cmdMinimizar_Click()
-{
-    showMinimized();
-}
