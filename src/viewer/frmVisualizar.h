@@ -186,5 +186,4 @@ private:
     std::array<double, 3> Posicao{}; ///< 1 and 2: scroll position of either box, in pixels
     std::int16_t Contagem = 0;       ///< seconds left before the play is counted
     bool Desenho_Pendente = false;   ///< a key has changed the sheet, which is not yet painted
-    bool Entrou_Pela_Tecla = false;  ///< the key that began edit mode is still held
 };

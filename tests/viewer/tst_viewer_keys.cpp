@@ -222,6 +222,9 @@ private slots:
     void aHeldKeyWaitsForTheSheet_data();
     void aHeldKeyWaitsForTheSheet();
     void everyPressCounts();
+    void everyKeyInEditModeIsTheSheets_data();
+    void everyKeyInEditModeIsTheSheets();
+    void theHeldKeyThatBeganEditingIsNotTyped();
 
 private:
     /// @return a viewer on the second of three songs, a semitone up, 300 pixels down, scrolling
@@ -282,10 +285,9 @@ void tst_viewer_keys::everyKeyOutsideEditMode_data()
                     continue;
                 const auto modifiers = key.modifiers | held;
                 const bool edits = code == 'E' && held == Qt::ShiftModifier;
-                if (edits)
-                    continue;
                 QTest::addRow("%d %s%x", code, Name(modifiers).constData(), unsigned(key.key))
-                    << key.key << int(modifiers) << effects.value(code);
+                    << key.key << int(modifiers)
+                    << (edits ? u"edits yes, scrolls no"_qs : effects.value(code));
             }
         }
     }
@@ -302,7 +304,10 @@ void tst_viewer_keys::everyKeyOutsideEditMode()
     QCOMPARE(before.value(u"scrolls"_qs), u"yes"_qs);
     // The list is what a leaking arrow or letter would move.
     Send(In(viewer, "cmbLista"), {key, Qt::KeyboardModifiers(modifiers)});
-    QString seen = Difference(before, Look(viewer));
+    auto after = Look(viewer);
+    if (after.value(u"edits"_qs) == u"yes")
+        after[u"position"_qs] = before[u"position"_qs]; // the caret may want its whole line
+    const QString seen = Difference(before, after);
     // What renders stops the scrolling; that is the render's, not the key's.
     if (effect.contains(u"position 0") && !effect.contains(u"scrolls"))
         effect += u", scrolls no"_qs;
@@ -389,6 +394,56 @@ void tst_viewer_keys::everyPressCounts()
     for (int i = 0; i < 5; ++i)
         Send(viewer, {Qt::Key_Down}, true);
     QCOMPARE(Look(viewer).value(u"position"_qs), u"500"_qs);
+    delete viewer;
+}
+
+void tst_viewer_keys::everyKeyInEditModeIsTheSheets_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    const auto keys = KeysOfCodes();
+    for (int code = 0; code < Codes; ++code)
+        for (const Key& key : keys.values(code))
+            QTest::addRow("%d %s%x", code, Name(key.modifiers).constData(), unsigned(key.key))
+                << key.key << int(key.modifiers);
+}
+
+void tst_viewer_keys::everyKeyInEditModeIsTheSheets()
+{
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    const auto viewer = Prepared();
+    QVERIFY(QTest::qWaitForWindowActive(viewer.data()));
+    Send(viewer, {Qt::Key_E, Qt::ShiftModifier});
+    const auto before = Look(viewer);
+    QCOMPARE(before.value(u"edits"_qs), u"yes"_qs);
+    Send(Box(viewer, 2), {key, Qt::KeyboardModifiers(modifiers)});
+    auto after = Look(viewer);
+    // The sheet's own business: what stands in it and which part of it is seen.
+    for (const QString& own : {u"lines"_qs, u"position"_qs})
+        after[own] = before[own];
+    QCOMPARE(Difference(before, after), QString());
+    delete viewer;
+}
+
+void tst_viewer_keys::theHeldKeyThatBeganEditingIsNotTyped()
+{
+    const auto viewer = Prepared();
+    QVERIFY(QTest::qWaitForWindowActive(viewer.data()));
+    RichTextBox* box = Box(viewer, 2);
+    const QString text = box->Text();
+    const auto type = [&](bool repeated) {
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_E, Qt::ShiftModifier, u"E"_qs, repeated);
+        QApplication::sendEvent(viewer->focusWidget() ? viewer->focusWidget() : viewer, &press);
+    };
+    type(false);
+    for (int i = 0; i < 5; ++i)
+        type(true);
+    QCOMPARE(Look(viewer).value(u"edits"_qs), u"yes"_qs);
+    QCOMPARE(box->Text(), text);
+    type(false);
+    type(true);
+    QCOMPARE(box->Text().size(), text.size() + 2);
     delete viewer;
 }
 
