@@ -8,6 +8,7 @@
 
 class QTimer;
 class RichTextBox;
+class TelaAcesa;
 class TeclasEdicao;
 
 namespace Ui {
@@ -165,6 +166,7 @@ private:
     void cmdDescartar_Click();
 
     std::unique_ptr<Ui::frmVisualizar> ui;
+    std::unique_ptr<TelaAcesa> Tela_Acesa; ///< from the showing to the end
     bool Abrindo = false; ///< the list comes up for the first time: nothing is shown yet
     QTimer* TimerRolagem;
     QTimer* tmrContador;
