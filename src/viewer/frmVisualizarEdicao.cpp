@@ -19,8 +19,12 @@ constexpr QColor FundoLeitura(0xFF, 0xFF, 0xFF);
 void Traz_Cursor(RichTextBox& caixa)
 {
     const QRect visivel = caixa.viewport()->rect();
-    if (!visivel.intersects(caixa.cursorRect()))
-        caixa.setTextCursor(caixa.cursorForPosition(visivel.topLeft()));
+    if (visivel.intersects(caixa.cursorRect()))
+        return;
+    QTextCursor cursor = caixa.cursorForPosition(visivel.topLeft());
+    if (caixa.cursorRect(cursor).top() < visivel.top()) // a line cut by the edge would scroll
+        cursor.movePosition(QTextCursor::NextBlock);
+    caixa.setTextCursor(cursor);
 }
 
 } // namespace
