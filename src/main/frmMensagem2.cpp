@@ -3,19 +3,16 @@
 #include "ui_frmMensagem2.h"
 
 #include "controls/Dialogs.h"
-#include "controls/Handler.h"
 #include "controls/Resposta_Mensagem.h"
 
-#include <QKeyEvent>
 #include <QPointer>
 
 frmMensagem2::frmMensagem2(QWidget* parent)
-    : QDialog(parent)
+    : AnswerDialog(parent)
     , ui(std::make_unique<Ui::frmMensagem2>())
 {
     using Form = frmMensagem2;
     ui->setupUi(this);
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     constexpr auto clicado = &QPushButton::clicked;
     ConnectHandler(ui->cmdAbrir, clicado, this, &Form::cmdAbrir_Click);
     ConnectHandler(ui->cmdEditar, clicado, this, &Form::cmdEditar_Click);
@@ -26,36 +23,19 @@ frmMensagem2::frmMensagem2(QWidget* parent)
 
 frmMensagem2::~frmMensagem2() = default;
 
-void frmMensagem2::Mostra(QWidget* parent)
-{
-    const ModalScope scope;
-    // It goes with the form below it, should that close meanwhile.
-    const QPointer<frmMensagem2> dialogo = new frmMensagem2(parent);
-    dialogo->exec();
-    delete dialogo;
-}
-
-void frmMensagem2::keyPressEvent(QKeyEvent* evento)
-{
-    if (evento->key() == Qt::Key_Escape)
-        ui->cmdCancelar->click();
-    else
-        QDialog::keyPressEvent(evento);
-}
-
 void frmMensagem2::cmdAbrir_Click()
 {
-    Responde(Abrir);
+    Answer(Abrir);
 }
 
 void frmMensagem2::cmdEditar_Click()
 {
-    Responde(Editar);
+    Answer(Editar);
 }
 
 void frmMensagem2::cmdCopiar_Click()
 {
-    Responde(Copiar);
+    Answer(Copiar);
 }
 
 void frmMensagem2::cmdExcluir_Click()
@@ -70,11 +50,5 @@ void frmMensagem2::cmdExcluir_Click()
 
 void frmMensagem2::cmdCancelar_Click()
 {
-    Responde(Cancelar);
-}
-
-void frmMensagem2::Responde(int resposta)
-{
-    Funcoes::Resposta_Mensagem = static_cast<std::int16_t>(resposta);
-    accept();
+    Answer(Cancelar);
 }

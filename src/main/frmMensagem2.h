@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDialog>
+#include "controls/AnswerDialog.h"
 
 #include <memory>
 
@@ -11,7 +11,7 @@ class frmMensagem2;
 /// Asks what to do with a stored setlist. Each button leaves its answer in
 /// Funcoes::Resposta_Mensagem and closes the dialog; Esc is "Cancelar". Closed by its title bar, it
 /// leaves the answer as it was.
-class frmMensagem2 : public QDialog
+class frmMensagem2 : public AnswerDialog
 {
     Q_OBJECT
 
@@ -26,12 +26,8 @@ public:
     explicit frmMensagem2(QWidget* parent = nullptr);
     ~frmMensagem2() override;
 
-    /// Shows the dialog over a form until it is closed. What was changed so far is committed first.
-    /// @throws RuntimeError StoreFailure when that fails; nothing is shown then
-    static void Mostra(QWidget* parent);
-
-protected:
-    void keyPressEvent(QKeyEvent* evento) override;
+    /// Shows the dialog over a form until it is closed. @throws as AnswerDialog::ShowModal
+    static void Mostra(QWidget* parent) { ShowModal<frmMensagem2>(parent); }
 
 private:
     void cmdAbrir_Click();
@@ -39,7 +35,6 @@ private:
     void cmdCopiar_Click();
     void cmdExcluir_Click();
     void cmdCancelar_Click();
-    void Responde(int resposta);
 
     std::unique_ptr<Ui::frmMensagem2> ui;
 };

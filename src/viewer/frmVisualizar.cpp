@@ -2,6 +2,8 @@
 
 #include "controls/Handler.h"
 #include "ui_frmVisualizar.h"
+#include "viewer/TeclasEdicao.h"
+#include "viewer/TelaAcesa.h"
 
 #include <QTimer>
 
@@ -25,14 +27,17 @@ frmVisualizar::frmVisualizar()
     , ui(std::make_unique<Ui::frmVisualizar>())
     , TimerRolagem(Novo_Timer(this, u"TimerRolagem"_qs, IntervaloRolagem))
     , tmrContador(Novo_Timer(this, u"tmrContador"_qs, IntervaloContador))
+    , Teclas_Edicao(new TeclasEdicao(this))
 {
     setAttribute(Qt::WA_DeleteOnClose);
     ui->setupUi(this);
     TimerRolagem->setProperty("Tag", QString::number(IntervaloRolagem));
     Prepara_Aparencia();
-    Prepara_Caixas();
     Prepara_Teclado();
+    Prepara_Rolagem();
+    Prepara_Contagem();
     Liga_Eventos();
+    Liga_Edicao();
 }
 
 frmVisualizar::~frmVisualizar() = default;
@@ -45,6 +50,7 @@ void frmVisualizar::Show()
         deleteLater();
         throw;
     }
+    Tela_Acesa = std::make_unique<TelaAcesa>();
     show();
 }
 
@@ -70,16 +76,6 @@ void frmVisualizar::Form_Load()
     Deslocamento = 0;
     Exibe_Cifras = true;
     Atualiza_Musica(Versao);
-}
-
-void frmVisualizar::Prepara_Caixas()
-{
-    // Outside edit mode the sheet is to be looked at: no caret, no focus, no typing, no selection.
-    for (RichTextBox* caixa : {ui->RichTextBox_1, ui->RichTextBox_2}) {
-        caixa->setTextInteractionFlags(Qt::NoTextInteraction);
-        caixa->setFocusPolicy(Qt::NoFocus);
-        caixa->viewport()->setCursor(Qt::ArrowCursor);
-    }
 }
 
 void frmVisualizar::Liga_Eventos()

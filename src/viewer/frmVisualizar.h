@@ -8,6 +8,8 @@
 
 class QTimer;
 class RichTextBox;
+class TelaAcesa;
+class TeclasEdicao;
 
 namespace Ui {
 class frmVisualizar;
@@ -65,11 +67,12 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    /// The window manager's own close asks like cmdFechar while the song is edited.
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     // Loading and layout.
     void Prepara_Aparencia();
-    void Prepara_Caixas();
     void Prepara_Teclado();
     void Liga_Eventos();
     void Form_Load();
@@ -82,9 +85,6 @@ private:
     void Encurta_Cabecalho();
     RichTextBox& Caixa(std::int16_t versao) const;
 
-    /// @param tecla  a Qt::Key
-    /// @return true when the key goes on to the control that has the focus
-    bool Form_KeyDown(int tecla);
     void cmdSobe_Click();
     void cmdDesce_Click();
     void cmdTomOriginal_Click();
@@ -108,25 +108,69 @@ private:
     void Mostra_Proximo_Anterior();
     void cmbLista_Click();
 
-    // Scrolling and play count.
+    // Keys.
+    /// @param codigo    the key's number (CodigosTecla.h)
+    /// @param shift     1 for Shift, 2 for Ctrl, 4 for Alt, added up
+    /// @param repetida  the key is held down and this is not its first press
+    /// @return true when the key goes on to the control that has the focus
+    bool Form_KeyDown(int codigo, int shift, bool repetida);
+
+    // Scrolling of the shown box; positions and amounts in pixels.
+    void Prepara_Rolagem();
+    /// @return the new position, not below 0
     double Sobe_Rolagem(double quantidade);
+    /// @return the new position, not past the limit that the box's Tag holds
     double Desce_Rolagem(double quantidade);
+    double Limite_Rolagem() const;
+    /// @throws RuntimeError Overflow from position 32768 on
+    void Rola_Ate(double posicao);
+    void Rola_Acima();
+    void Rola_Abaixo();
+    void Rola_Inicio();
+    void Rola_Fim();
+    void Alterna_Rolagem();
+    /// The Tag of TimerRolagem is the period in ms as decimal text; the bar shows its level, 1 to
+    /// 16.
+    void Acelera_Rolagem();
+    void Freia_Rolagem();
     void TimerRolagem_Timer();
+    void cmdAutoRolagem_Click();
+    void cmdAutoRolagem2_Click();
+
+    // Play count.
+    void Prepara_Contagem();
     void tmrContador_Timer();
+    /// Counts one play of the song, once in a run of the program. Writes MUSICA.CONTADOR.
+    /// @param id  MUSICA.ID; one of no song counts nothing
     void Conta_Musica(double id);
 
     // Editing in place.
+    void Liga_Edicao();
+    /// Switches the controls into or out of edit mode. Editando is set by who calls, and before.
     void Muda_Status_Edicao(bool editar);
+    void Mostra_Pares(bool editar);
+    void Permite_Digitar(bool editar);
+    void Leva_Foco(bool editar);
+    /// Asks, and on Yes leaves edit mode and shows the stored text again.
     void Descartar_Edicao();
+    /// Asks what to do with what was typed, and does it. Writes MUSICA.
+    /// @return false when the user goes on editing: nothing changed then
+    /// @throws RuntimeError when saving fails; what was typed stays in the box
     bool Salvar();
+    void Iguala_Versoes();
+    void Grava_Musica();
+    void Comeca_Edicao();
+    void RichTextBox_GotFocus();
     void cmdEditar_Click();
     void cmdSalvar_Click();
     void cmdDescartar_Click();
 
     std::unique_ptr<Ui::frmVisualizar> ui;
+    std::unique_ptr<TelaAcesa> Tela_Acesa; ///< from the showing to the end
     bool Abrindo = false; ///< the list comes up for the first time: nothing is shown yet
     QTimer* TimerRolagem;
     QTimer* tmrContador;
+    TeclasEdicao* Teclas_Edicao;
 
     QString Titulo;
     QString Referencia;
@@ -143,4 +187,5 @@ private:
     bool Editando = false;           ///< edit mode
     std::array<double, 3> Posicao{}; ///< 1 and 2: scroll position of either box, in pixels
     std::int16_t Contagem = 0;       ///< seconds left before the play is counted
+    bool Desenho_Pendente = false;   ///< a key has changed the sheet, which is not yet painted
 };

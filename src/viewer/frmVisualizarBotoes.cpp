@@ -1,10 +1,6 @@
-// What the buttons do, and the keys: they reach the form before any control.
+// What the buttons do.
 
 #include "viewer/frmVisualizar.h"
-
-#include "controls/Handler.h"
-
-#include <QKeyEvent>
 
 void frmVisualizar::cmdSobe_Click()
 {
@@ -49,51 +45,4 @@ void frmVisualizar::cmdAnterior_Click()
 void frmVisualizar::cmdProxima_Click()
 {
     Proxima_Musica();
-}
-
-void frmVisualizar::cmdFechar_Click()
-{
-    close();
-}
-
-void frmVisualizar::cmdMinimizar_Click()
-{
-    showMinimized();
-}
-
-void frmVisualizar::Prepara_Teclado()
-{
-    installEventFilter(this);
-    for (QWidget* controle : findChildren<QWidget*>())
-        controle->installEventFilter(this);
-}
-
-bool frmVisualizar::eventFilter(QObject* watched, QEvent* event)
-{
-    if (event->type() != QEvent::KeyPress)
-        return QWidget::eventFilter(watched, event);
-    const int tecla = static_cast<QKeyEvent*>(event)->key();
-    bool vai_adiante = false;
-    RunHandler([&] { vai_adiante = Form_KeyDown(tecla); });
-    return !vai_adiante;
-}
-
-bool frmVisualizar::Form_KeyDown(int tecla)
-{
-    if (Editando)
-        return true;
-    switch (tecla) {
-    case Qt::Key_P:
-        Proxima_Musica();
-        break;
-    case Qt::Key_A:
-        Musica_Anterior();
-        break;
-    case Qt::Key_Escape:
-        cmdFechar_Click();
-        break;
-    default:
-        break;
-    }
-    return false;
 }

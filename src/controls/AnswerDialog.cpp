@@ -1,0 +1,27 @@
+#include "controls/AnswerDialog.h"
+
+#include "controls/Resposta_Mensagem.h"
+
+#include <QAbstractButton>
+#include <QKeyEvent>
+
+AnswerDialog::AnswerDialog(QWidget* parent)
+    : QDialog(parent)
+{
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+}
+
+void AnswerDialog::keyPressEvent(QKeyEvent* event)
+{
+    auto* cancel = findChild<QAbstractButton*>(u"cmdCancelar"_qs);
+    if (event->key() == Qt::Key_Escape && cancel)
+        cancel->click();
+    else
+        QDialog::keyPressEvent(event);
+}
+
+void AnswerDialog::Answer(int answer)
+{
+    Funcoes::Resposta_Mensagem = static_cast<std::int16_t>(answer);
+    accept();
+}

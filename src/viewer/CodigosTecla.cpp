@@ -1,0 +1,69 @@
+#include "viewer/CodigosTecla.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+struct Par
+{
+    int tecla;
+    int codigo;
+};
+
+constexpr std::array Principais = {
+    Par{Qt::Key_Backspace, 8},    Par{Qt::Key_Tab, 9},          Par{Qt::Key_Backtab, 9},
+    Par{Qt::Key_Clear, 12},       Par{Qt::Key_Return, 13},      Par{Qt::Key_Enter, 13},
+    Par{Qt::Key_Shift, 16},       Par{Qt::Key_Control, 17},     Par{Qt::Key_Alt, 18},
+    Par{Qt::Key_AltGr, 18},       Par{Qt::Key_Pause, 19},       Par{Qt::Key_CapsLock, 20},
+    Par{Qt::Key_Escape, 27},      Par{Qt::Key_Space, 32},       Par{Qt::Key_PageUp, 33},
+    Par{Qt::Key_PageDown, 34},    Par{Qt::Key_End, 35},         Par{Qt::Key_Home, 36},
+    Par{Qt::Key_Left, 37},        Par{Qt::Key_Up, 38},          Par{Qt::Key_Right, 39},
+    Par{Qt::Key_Down, 40},        Par{Qt::Key_Select, 41},      Par{Qt::Key_Execute, 43},
+    Par{Qt::Key_Print, 44},       Par{Qt::Key_Insert, 45},      Par{Qt::Key_Delete, 46},
+    Par{Qt::Key_Help, 47},        Par{Qt::Key_Super_L, 91},     Par{Qt::Key_Meta, 91},
+    Par{Qt::Key_Super_R, 92},     Par{Qt::Key_Menu, 93},        Par{Qt::Key_Sleep, 95},
+    Par{Qt::Key_NumLock, 144},    Par{Qt::Key_ScrollLock, 145}, Par{Qt::Key_Equal, 187},
+    Par{Qt::Key_Plus, 187},       Par{Qt::Key_Comma, 188},      Par{Qt::Key_Minus, 189},
+    Par{Qt::Key_Underscore, 189}, Par{Qt::Key_Period, 190},
+};
+
+constexpr std::array Bloco = {
+    Par{Qt::Key_Asterisk, 106}, Par{Qt::Key_Plus, 107},   Par{Qt::Key_Comma, 110},
+    Par{Qt::Key_Minus, 109},    Par{Qt::Key_Period, 110}, Par{Qt::Key_Slash, 111},
+};
+
+template <typename Pares>
+int Procura(const Pares& pares, int tecla)
+{
+    const auto par = std::ranges::find(pares, tecla, &Par::tecla);
+    return par == pares.end() ? CodigosTecla::Desconhecida : par->codigo;
+}
+
+/// @return the number that lies as far from primeiroCodigo as the key from primeira
+int Da_Faixa(int tecla, int primeira, int primeiroCodigo)
+{
+    return tecla - primeira + primeiroCodigo;
+}
+
+} // namespace
+
+int CodigosTecla::Codigo(int tecla, Qt::KeyboardModifiers modificadores)
+{
+    const bool bloco = modificadores.testFlag(Qt::KeypadModifier);
+    if (tecla >= Qt::Key_A && tecla <= Qt::Key_Z)
+        return Da_Faixa(tecla, Qt::Key_A, 'A');
+    if (tecla >= Qt::Key_0 && tecla <= Qt::Key_9)
+        return Da_Faixa(tecla, Qt::Key_0, bloco ? 96 : '0');
+    if (tecla >= Qt::Key_F1 && tecla <= Qt::Key_F24)
+        return Da_Faixa(tecla, Qt::Key_F1, 112);
+    const int do_bloco = bloco ? Procura(Bloco, tecla) : Desconhecida;
+    return do_bloco != Desconhecida ? do_bloco : Procura(Principais, tecla);
+}
+
+int CodigosTecla::Estado_Shift(Qt::KeyboardModifiers modificadores)
+{
+    return (modificadores.testFlag(Qt::ShiftModifier) ? 1 : 0) +
+           (modificadores.testFlag(Qt::ControlModifier) ? 2 : 0) +
+           (modificadores.testFlag(Qt::AltModifier) ? 4 : 0);
+}

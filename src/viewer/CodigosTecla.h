@@ -1,0 +1,21 @@
+#pragma once
+
+#include <Qt>
+
+/// Keys by the numbers of the physical keys, 1 to 255: a letter is its capital (S is 83) whatever
+/// is held with it, the number block has numbers of its own, and a key keeps its number whichever
+/// of its signs is typed (+ and = are both 187).
+namespace CodigosTecla {
+
+/// The number of a key that has none here; never 0.
+constexpr int Desconhecida = 255;
+
+/// @param tecla         a Qt::Key
+/// @param modificadores  tell the number block from the main keyboard
+/// @return 8 to 254, or Desconhecida
+int Codigo(int tecla, Qt::KeyboardModifiers modificadores);
+
+/// @return which of Shift (1), Ctrl (2) and Alt (4) are held, added up
+int Estado_Shift(Qt::KeyboardModifiers modificadores);
+
+} // namespace CodigosTecla

@@ -1,0 +1,444 @@
+// What a save writes, and what becomes of edit mode.
+
+#include "EditingBench.h"
+
+#include "runtime/RuntimeError.h"
+#include "support/PlainSqlite.h"
+
+namespace {
+
+const QString Before = u"D  A7\r\nSanto Deus"_qs; // version 2 as shown at first
+const QString After = u"D  A7\r\nSanto Deus forte"_qs;
+
+} // namespace
+
+class tst_viewer_saving : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { bench = std::make_unique<EditingBench>(); }
+    void cleanup() { bench.reset(); }
+
+    void everyWayOutWithEveryAnswer_data();
+    void everyWayOutWithEveryAnswer();
+    void theStatement();
+    void theUnseenVersionIsStoredEmpty();
+    void theSeenVersionIsStoredAsRendered();
+    void theOtherBoxMayHoldAnotherSong();
+    void igualarStoresTheShownVersionTwice_data();
+    void igualarStoresTheShownVersionTwice();
+    void aTransposedSongIsStoredAsShown();
+    void aSheetWithoutChordsIsStoredAsShown();
+    void theKeyIsStoredInItsFirstSpelling_data();
+    void theKeyIsStoredInItsFirstSpelling();
+    void starsLeaveTheTitle();
+    void apostrophesOfTheTextAreKept();
+    void anApostropheInTheTitleFails();
+    void whatIsTypedComesBack_data();
+    void whatIsTypedComesBack();
+    void naoSalvarKeepsKeyFontAndVersion();
+    void savingLoadsTheSongAgain();
+    void othersReadTheSaveAtOnce();
+    void aFailedStatementKeepsTheText_data();
+    void aFailedStatementKeepsTheText();
+    void withoutAConnectionTheTextStays_data();
+    void withoutAConnectionTheTextStays();
+    void aSongThatIsGoneIsNotStored();
+    void viewersSaveTheirOwnSongs();
+    void theViewerMayGoWhileTheChoiceIsOpen();
+
+private:
+    void CloseByTheWindowManager(QWidget* viewer) { viewer->windowHandle()->close(); }
+
+    std::unique_ptr<EditingBench> bench;
+};
+
+void tst_viewer_saving::everyWayOutWithEveryAnswer_data()
+{
+    QTest::addColumn<QByteArray>("way");
+    QTest::addColumn<QByteArray>("answer");
+    const QList<QByteArray> answers = {
+        "cmdSalvar", "cmdSalvarIgualar", "cmdNaoSalvar", "cmdCancelar", "Esc", "title bar"};
+    for (const char* way : {"cmdSalvar", "cmdFechar", "cmdMinimizar", "window manager"})
+        for (const QByteArray& answer : answers)
+            QTest::addRow("%s, %s", way, answer.constData()) << QByteArray(way) << answer;
+}
+
+void tst_viewer_saving::everyWayOutWithEveryAnswer()
+{
+    QFETCH(QByteArray, way);
+    QFETCH(QByteArray, answer);
+    const auto viewer = bench->OpenActive();
+    Edit(viewer, u" forte"_qs);
+
+    const bool asked = WithChoice(
+        [&] {
+            if (way == "window manager")
+                CloseByTheWindowManager(viewer);
+            else
+                Click(viewer, way.constData());
+        },
+        [&](QWidget& dialog) {
+            if (answer == "Esc")
+                QTest::keyClick(&dialog, Qt::Key_Escape);
+            else if (answer == "title bar")
+                dialog.close();
+            else
+                Click(&dialog, answer.constData());
+        });
+    QVERIFY(asked);
+
+    const bool goesOn = answer == "cmdCancelar" || answer == "Esc";
+    const bool writes = !goesOn && answer != "cmdNaoSalvar";
+    QCOMPARE(bench->Stored("MUSICA2"), writes ? After : Before);
+    const QString first = answer == "cmdSalvarIgualar" ? After : QString(u""_qs);
+    QCOMPARE(bench->Stored("MUSICA"), writes ? first : u"C  G7\r\nSanto Deus"_qs);
+
+    const bool closes = way == "cmdFechar" || way == "window manager";
+    if (closes && !goesOn) {
+        QVERIFY(Gone(viewer));
+        return;
+    }
+    QVERIFY(!Gone(viewer));
+    QCOMPARE(viewer->isMinimized(), way == "cmdMinimizar" && !goesOn);
+    viewer->showNormal();
+    QCOMPARE(Editing(viewer), goesOn);
+    QCOMPARE(Box(viewer, 2)->Text(), answer == "cmdNaoSalvar" ? Before : After);
+    QVERIFY(bench->dialogs.boxes.isEmpty());
+}
+
+void tst_viewer_saving::theStatement()
+{
+    const auto viewer =
+        bench->OpenActive({.title = u"Santo *Deus*"_qs, .text2 = u"D\r\nÁgua d'Oxum"_qs});
+    Edit(viewer, u"'s"_qs);
+    Statements statements;
+    QVERIFY(ClickAndChoose(viewer, "cmdSalvar", "cmdSalvar"));
+    QCOMPARE(statements.value(0),
+             u"UPDATE MUSICA SET TITULO = 'Santo Deus', TOM = 'C',  MUSICA = '',  MUSICA2 = 'D\r\n"
+             "Água d''Oxum''s'  WHERE ID = 01"_qs);
+    QCOMPARE(statements.filter(u"UPDATE"_qs).size(), 1);
+    QVERIFY(statements.contains(u"SELECT * FROM MUSICA WHERE ID = 01"_qs));
+}
+
+void tst_viewer_saving::theUnseenVersionIsStoredEmpty()
+{
+    const auto viewer = bench->OpenActive();
+    Edit(viewer, u" forte"_qs);
+    QVERIFY(ClickAndChoose(viewer, "cmdSalvar", "cmdSalvar"));
+    QCOMPARE(bench->Stored("MUSICA"), u""_qs);
+    QCOMPARE(bench->Stored("MUSICA2"), After);
+}
+
+void tst_viewer_saving::theSeenVersionIsStoredAsRendered()
+{
+    const auto viewer = bench->OpenActive();
+    Click(viewer, "lblVersao");
+    Click(viewer, "cmdSobe"); // version 1 is rendered in C#
+    Click(viewer, "cmdDesce");
+    Click(viewer, "cmdSobe");
+    Click(viewer, "lblVersao");
+    Click(viewer, "cmdTomOriginal");
+    Edit(viewer, u" forte"_qs);
+    QVERIFY(ClickAndChoose(viewer, "cmdSalvar", "cmdSalvar"));
+    QCOMPARE(bench->Stored("MUSICA"), u"C#  G#7\r\nSanto Deus"_qs);
+    QCOMPARE(bench->Stored("MUSICA2"), After);
+    QCOMPARE(bench->Stored("TOM"), u"C"_qs);
+}
+
+void tst_viewer_saving::theOtherBoxMayHoldAnotherSong()
+{
+    const auto viewer = EditingBench::Active(bench->ThreeSongs());
+    Click(viewer, "lblVersao");
+    Click(viewer, "lblVersao"); // version 1 of the first song has been seen
+    QTest::keyClick(viewer.data(), Qt::Key_P);
+    QCOMPARE(Title(viewer), u"Amar"_qs);
+    Edit(viewer, u" e rir"_qs);
+    QVERIFY(ClickAndChoose(viewer, "cmdSalvar", "cmdSalvar"));
+    QCOMPARE(bench->Stored("MUSICA", 2), u"C\r\nUm Rosa"_qs);
+    QCOMPARE(bench->Stored("MUSICA2", 2), u"C\r\nDois Amar e rir"_qs);
+    QCOMPARE(bench->Stored("MUSICA2", 1), u"C\r\nDois Rosa"_qs);
+}
+
+void tst_viewer_saving::igualarStoresTheShownVersionTwice_data()
+{
+    QTest::addColumn<int>("version");
+    QTest::newRow("version 1") << 1;
+    QTest::newRow("version 2") << 2;
+}
+
+void tst_viewer_saving::igualarStoresTheShownVersionTwice()
+{
+    QFETCH(int, version);
+    const auto viewer = bench->OpenActive();
+    if (version == 1)
+        Click(viewer, "lblVersao");
+    Edit(viewer, u" forte"_qs);
+    QVERIFY(ClickAndChoose(viewer, "cmdSalvar", "cmdSalvarIgualar"));
+    const QString saved = version == 1 ? u"C  G7\r\nSanto Deus forte"_qs : After;
+    QCOMPARE(bench->Stored("MUSICA"), saved);
+    QCOMPARE(bench->Stored("MUSICA2"), saved);
+    QCOMPARE(Shown(viewer)->Text(), saved);
+    QCOMPARE(Caption(viewer, "lblVersao"), u"v.%1"_qs.arg(version));
+}
+
+void tst_viewer_saving::aTransposedSongIsStoredAsShown()
+{
+    const auto viewer = bench->OpenActive();
+    Click(viewer, "cmdSobe");
+    Click(viewer, "cmdSobe");
+    const QString shown = Box(viewer, 2)->Text();
+    const QString sheet = Box(viewer, 2)->TextRTF();
+    QCOMPARE(shown, u"E  B7\r\nSanto Deus"_qs);
+    Click(viewer, "cmdEditar");
+    QVERIFY(ClickAndChoose(viewer, "cmdSalvar", "cmdSalvar"));
+    QCOMPARE(bench->Stored("TOM"), u"D"_qs);
+    QCOMPARE(bench->Stored("MUSICA2"), shown);
+    QCOMPARE(Caption(viewer, "lblTom"), u"(D)"_qs);
+    QCOMPARE(Box(viewer, 2)->TextRTF(), sheet);
+    // That is now the stored key.
+    Click(viewer, "cmdTomOriginal");
+    QCOMPARE(Caption(viewer, "lblTom"), u"(D)"_qs);
+    Click(viewer, "cmdSobe");
+    QCOMPARE(Box(viewer, 2)->Text(), u"F  C7\r\nSanto Deus"_qs);
+}
+
+void tst_viewer_saving::aSheetWithoutChordsIsStoredAsShown()
+{
+    const auto viewer = bench->OpenActive();
+    Click(viewer, "cmdLetra");
+    const QString shown = Box(viewer, 2)->Text();
+    QVERIFY(!shown.contains(u"A7"));
+    Click(viewer, "cmdEditar");
+    QVERIFY(ClickAndChoose(viewer, "cmdSalvar", "cmdSalvar"));
+    QCOMPARE(bench->Stored("MUSICA2"), shown);
+}
+
+void tst_viewer_saving::theKeyIsStoredInItsFirstSpelling_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("stored");
+    QTest::newRow("as it is") << u"C#"_qs << u"C#"_qs;
+    QTest::newRow("other spelling") << u"Db"_qs << u"C#"_qs;
+    QTest::newRow("no key of the table: the last one") << u"H"_qs << u"B"_qs;
+}
+
+void tst_viewer_saving::theKeyIsStoredInItsFirstSpelling()
+{
+    QFETCH(QString, key);
+    QFETCH(QString, stored);
+    const auto viewer = bench->OpenActive({.key = key, .variation = u"m"_qs});
+    Click(viewer, "cmdEditar");
+    QVERIFY(ClickAndChoose(viewer, "cmdSalvar", "cmdSalvar"));
+    QCOMPARE(bench->Stored("TOM"), stored);
+    QCOMPARE(bench->Stored("VARIACAO"), u"m"_qs);
+}
+
+void tst_viewer_saving::starsLeaveTheTitle()
+{
+    const auto viewer = bench->OpenActive({.title = u"**Santo* Deus"_qs});
+    Click(viewer, "cmdEditar");
+    QVERIFY(ClickAndChoose(viewer, "cmdSalvar", "cmdSalvar"));
+    QCOMPARE(bench->Stored("TITULO"), u"Santo Deus"_qs);
+    QCOMPARE(Caption(viewer, "lblTitulo"), u"Santo Deus"_qs);
+}
+
+void tst_viewer_saving::apostrophesOfTheTextAreKept()
+{
+    const auto viewer = bench->OpenActive();
+    Edit(viewer, u" d'água ''"_qs);
+    QVERIFY(ClickAndChoose(viewer, "cmdSalvar", "cmdSalvarIgualar"));
+    QCOMPARE(bench->Stored("MUSICA"), Before + u" d'água ''"_qs);
+    QCOMPARE(bench->Stored("MUSICA2"), Before + u" d'água ''"_qs);
+}
+
+void tst_viewer_saving::anApostropheInTheTitleFails()
+{
+    const auto viewer = bench->OpenActive({.title = u"Olho d'água"_qs});
+    Edit(viewer, u" forte"_qs);
+    QVERIFY(ClickAndChoose(viewer, "cmdSalvar", "cmdSalvar"));
+    QCOMPARE(bench->dialogs.boxes.size(), 1);
+    QCOMPARE(bench->dialogs.boxes.first().title, u"Melodario"_qs);
+    QCOMPARE(int(bench->dialogs.boxes.first().icon), int(Icone::Critico));
+    QVERIFY(Editing(viewer));
+    QCOMPARE(Box(viewer, 2)->Text(), After);
+    QCOMPARE(bench->Stored("MUSICA2"), Before);
+    // Closing asks again, and failing again keeps the viewer.
+    QVERIFY(ClickAndChoose(viewer, "cmdFechar", "cmdSalvar"));
+    QCOMPARE(bench->dialogs.boxes.size(), 2);
+    QVERIFY(!Gone(viewer));
+    QVERIFY(Editing(viewer));
+    QVERIFY(ClickAndChoose(viewer, "cmdFechar", "cmdNaoSalvar"));
+    QVERIFY(Gone(viewer));
+    QCOMPARE(bench->Stored("TITULO"), u"Olho d'água"_qs);
+}
+
+void tst_viewer_saving::whatIsTypedComesBack_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::newRow("signs of RTF") << u"{\\b0 x}"_qs;
+    QTest::newRow("markup") << u"<b>&amp;</b>"_qs;
+    QTest::newRow("wildcards") << u"50_[a]*#"_qs;
+    QTest::newRow("beyond the code page") << u"Łódź 日本"_qs;
+    QTest::newRow("statement") << u"'; DELETE FROM MUSICA; --"_qs;
+}
+
+void tst_viewer_saving::whatIsTypedComesBack()
+{
+    QFETCH(QString, typed);
+    const auto viewer = bench->OpenActive();
+    Edit(viewer, u" "_qs + typed);
+    const QString expected = Before + u" "_qs + typed;
+    for (int i = 0; i < 2; ++i) {
+        QVERIFY(ClickAndChoose(viewer, "cmdSalvar", "cmdSalvar"));
+        QCOMPARE(bench->Stored("MUSICA2"), expected);
+        QCOMPARE(Box(viewer, 2)->Text(), expected);
+        Click(viewer, "cmdEditar");
+    }
+}
+
+void tst_viewer_saving::naoSalvarKeepsKeyFontAndVersion()
+{
+    const auto viewer = bench->OpenActive();
+    for (const char* control : {"lblVersao", "cmdSobe", "cmdAumentaFonte"})
+        Click(viewer, control);
+    const QString sheet = Box(viewer, 1)->TextRTF();
+    Edit(viewer, u" forte"_qs);
+    Statements statements;
+    QVERIFY(ClickAndChoose(viewer, "cmdSalvar", "cmdNaoSalvar"));
+    QCOMPARE(statements, QStringList());
+    QCOMPARE(Box(viewer, 1)->TextRTF(), sheet);
+    QCOMPARE(Caption(viewer, "lblTom"), u"(C#)"_qs);
+    QCOMPARE(Caption(viewer, "lblVersao"), u"v.1"_qs);
+}
+
+void tst_viewer_saving::savingLoadsTheSongAgain()
+{
+    const auto viewer = bench->OpenActive();
+    auto* count = In<QTimer>(viewer, "tmrContador");
+    count->stop(); // as after the play was counted
+    Edit(viewer, u" forte"_qs);
+    bench->catalogue.Run(u"UPDATE MUSICA SET REFERENCIA = 'Outra'"_qs);
+    QVERIFY(ClickAndChoose(viewer, "cmdSalvar", "cmdSalvar"));
+    QVERIFY(count->isActive());
+    QCOMPARE(Caption(viewer, "lblReferencia"), u"Outra"_qs);
+    // The stored text is now what a discarded change goes back to.
+    Edit(viewer, u" e mais"_qs);
+    Click(viewer, "cmdDescartar");
+    QCOMPARE(Box(viewer, 2)->Text(), After);
+}
+
+void tst_viewer_saving::othersReadTheSaveAtOnce()
+{
+    const auto first = bench->OpenActive();
+    Edit(first, u" forte"_qs);
+    QVERIFY(ClickAndChoose(first, "cmdSalvar", "cmdSalvar"));
+    const auto second = bench->OpenActive(1);
+    QCOMPARE(Box(second, 2)->Text(), After);
+    // Its empty first version stays empty: only the second one falls back on the other.
+    Click(second, "lblVersao");
+    QCOMPARE(Box(second, 1)->Text(), QString());
+}
+
+void tst_viewer_saving::aFailedStatementKeepsTheText_data()
+{
+    QTest::addColumn<QByteArray>("other");
+    QTest::newRow("another program writes: at the statement") << QByteArray("BEGIN IMMEDIATE");
+    QTest::newRow("another program reads: at the commit")
+        << QByteArray("BEGIN; SELECT count(*) FROM MUSICA");
+}
+
+void tst_viewer_saving::aFailedStatementKeepsTheText()
+{
+    QFETCH(QByteArray, other);
+    const auto viewer = bench->OpenActive();
+    Edit(viewer, u" forte"_qs);
+    PlainSqlite holder(bench->catalogue.Path());
+    holder.Run(other);
+    QVERIFY(ClickAndChoose(viewer, "cmdFechar", "cmdSalvar"));
+    holder.Run("COMMIT");
+    QCOMPARE(bench->dialogs.boxes.size(), 1);
+    QVERIFY(!Gone(viewer));
+    QVERIFY(Editing(viewer));
+    QCOMPARE(Box(viewer, 2)->Text(), After);
+    QCOMPARE(bench->Stored("MUSICA2"), Before);
+    QVERIFY(ClickAndChoose(viewer, "cmdFechar", "cmdSalvar"));
+    QVERIFY(Gone(viewer));
+    QCOMPARE(bench->Stored("MUSICA2"), After);
+}
+
+void tst_viewer_saving::withoutAConnectionTheTextStays_data()
+{
+    QTest::addColumn<QByteArray>("way");
+    for (const char* way : {"cmdSalvar", "cmdFechar", "cmdMinimizar", "window manager"})
+        QTest::newRow(way) << QByteArray(way);
+}
+
+void tst_viewer_saving::withoutAConnectionTheTextStays()
+{
+    QFETCH(QByteArray, way);
+    const auto viewer = bench->OpenActive();
+    Edit(viewer, u" forte"_qs);
+    Funcoes::Conexao.Close(); // as when the main form is closed
+    QVERIFY(WithChoice(
+        [&] {
+            if (way == "window manager")
+                CloseByTheWindowManager(viewer);
+            else
+                Click(viewer, way.constData());
+        },
+        [](QWidget& dialog) { Click(&dialog, "cmdSalvar"); }));
+    QCOMPARE(bench->dialogs.boxes.size(), 1);
+    QCOMPARE(int(bench->dialogs.boxes.first().icon), int(Icone::Critico));
+    QVERIFY(!Gone(viewer));
+    QVERIFY(Editing(viewer));
+    QVERIFY(!viewer->isMinimized());
+    QCOMPARE(Box(viewer, 2)->Text(), After);
+    QVERIFY(ClickAndChoose(viewer, "cmdFechar", "cmdNaoSalvar"));
+    QVERIFY(Gone(viewer));
+    QCOMPARE(bench->dialogs.boxes.size(), 1);
+}
+
+void tst_viewer_saving::aSongThatIsGoneIsNotStored()
+{
+    const auto viewer = bench->OpenActive();
+    Edit(viewer, u" forte"_qs);
+    bench->catalogue.Run(u"DELETE FROM MUSICA"_qs);
+    QVERIFY(ClickAndChoose(viewer, "cmdSalvar", "cmdSalvar"));
+    QVERIFY(bench->dialogs.boxes.isEmpty());
+    QCOMPARE(bench->catalogue.Field(u"SELECT COUNT(*) FROM MUSICA"_qs), u"0"_qs);
+    QVERIFY(!Editing(viewer));
+    QCOMPARE(Caption(viewer, "lblTitulo"), u"Santo Deus"_qs);
+}
+
+void tst_viewer_saving::viewersSaveTheirOwnSongs()
+{
+    const qint64 one = bench->catalogue.AddSong({.title = u"Um"_qs, .key = u"C"_qs});
+    const qint64 two = bench->catalogue.AddSong({.title = u"Dois"_qs, .key = u"A"_qs});
+    const auto first = bench->OpenActive(one);
+    Edit(first, u" um"_qs);
+    const auto second = bench->OpenActive(two);
+    Edit(second, u" dois"_qs);
+    QVERIFY(Editing(first));
+    QVERIFY(ClickAndChoose(first, "cmdFechar", "cmdSalvar"));
+    QVERIFY(Gone(first));
+    QVERIFY(Editing(second));
+    QVERIFY(ClickAndChoose(second, "cmdSalvar", "cmdSalvar"));
+    QCOMPARE(bench->catalogue.Rows(u"SELECT TITULO, TOM, MUSICA2 FROM MUSICA ORDER BY ID"_qs),
+             QList<QStringList>({{u"Um"_qs, u"C"_qs, Before + u" um"_qs},
+                                 {u"Dois"_qs, u"A"_qs, Before + u" dois"_qs}}));
+}
+
+void tst_viewer_saving::theViewerMayGoWhileTheChoiceIsOpen()
+{
+    const auto viewer = bench->OpenActive();
+    Edit(viewer, u" forte"_qs);
+    QVERIFY(WithChoice([&] { Click(viewer, "cmdSalvar"); }, [&](QWidget&) { delete viewer; }));
+    QVERIFY(!viewer);
+    QCOMPARE(bench->Stored("MUSICA2"), Before);
+    QVERIFY(bench->dialogs.boxes.isEmpty());
+}
+
+QTEST_MAIN(tst_viewer_saving)
+#include "tst_viewer_saving.moc"
