@@ -132,6 +132,16 @@ void RichTextBox::SetText(const QString& text)
     m_revision = -1;
 }
 
+void RichTextBox::SetBackColor(QColor colour)
+{
+    // Under a style sheet the viewport does not follow the box's palette.
+    for (QWidget* widget : std::initializer_list<QWidget*>{this, viewport()}) {
+        QPalette painted = widget->palette();
+        painted.setColor(QPalette::Base, colour);
+        widget->setPalette(painted);
+    }
+}
+
 void RichTextBox::keyPressEvent(QKeyEvent* event)
 {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;

@@ -35,6 +35,9 @@ public:
     /// lines.
     void SetText(const QString& text);
 
+    /// The colour of the sheet, white at first.
+    void SetBackColor(QColor colour);
+
     /// Finishes the layout of the whole document at the box's real size, also before the box has
     /// been shown; until then the scroll bars know only a part of it.
     void FinishLayout();

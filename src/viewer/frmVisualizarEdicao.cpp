@@ -90,9 +90,7 @@ void frmVisualizar::Permite_Digitar(bool editar)
         caixa->setTextInteractionFlags(editar ? Qt::TextEditorInteraction : Qt::NoTextInteraction);
         caixa->setFocusPolicy(editar ? Qt::StrongFocus : Qt::NoFocus);
         caixa->viewport()->setCursor(editar ? Qt::IBeamCursor : Qt::ArrowCursor);
-        QPalette palette = caixa->palette();
-        palette.setColor(QPalette::Base, editar ? FundoEdicao : FundoLeitura);
-        caixa->setPalette(palette);
+        caixa->SetBackColor(editar ? FundoEdicao : FundoLeitura);
     }
     for (ImageButton* botao : {ui->cmdSalvar, ui->cmdDescartar, ui->cmdMinimizar, ui->cmdFechar})
         botao->setKeyboardReachable(editar);

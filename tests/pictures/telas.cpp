@@ -163,7 +163,7 @@ void SaveBox(Pictures& pictures, const QString& name, const std::function<void()
     QTimer::singleShot(0, &pictures, [&pictures, name] {
         pictures.Save(name);
         if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
-            box->reject();
+            QTest::keyClick(box, Qt::Key_Escape);
     });
     open();
 }
@@ -171,6 +171,37 @@ void SaveBox(Pictures& pictures, const QString& name, const std::function<void()
 void SaveFailedSave(Pictures& pictures, QWidget& form, const QString& name)
 {
     SaveBox(pictures, name, [&form] { Click(form, QStringLiteral("cmdCadSalvar")); });
+}
+
+/// A song corrected where it is shown, in the middle of a list, with both boxes that it asks with.
+void ShowEditing(Pictures& pictures)
+{
+    frmVisualizar* viewer = Open(2);
+    Click(*viewer, QStringLiteral("cmdEditar"));
+    QWidget* sheet = viewer->focusWidget();
+    QTest::keyClick(sheet, Qt::Key_End);
+    QTest::keyClicks(sheet, QStringLiteral("   Am7"));
+    pictures.Save(QStringLiteral("visualizador-edicao"));
+    QTest::keyClick(sheet, Qt::Key_Tab);
+    pictures.Save(QStringLiteral("visualizador-edicao-botao"));
+    const auto point = [&pictures](const QString& name) {
+        return [&pictures, name] {
+            QWidget* dialog = QApplication::activeModalWidget();
+            const QWidget* button = dialog->findChild<QWidget*>(name);
+            QTest::mouseMove(dialog->windowHandle(),
+                             button->mapTo(dialog, button->rect().center()));
+        };
+    };
+    QTimer::singleShot(0, viewer, point(QStringLiteral("cmdNaoSalvar")));
+    SaveBox(pictures, QStringLiteral("visualizador-mensagem"),
+            [viewer] { Click(*viewer, QStringLiteral("cmdSalvar")); });
+    SaveBox(pictures, QStringLiteral("visualizador-mensagem-inicio"), [viewer] {
+        QTest::keyClick(viewer->findChild<QWidget*>(QStringLiteral("cmdSalvar")), Qt::Key_Return);
+    });
+    SaveBox(pictures, QStringLiteral("visualizador-descartar"),
+            [viewer] { Click(*viewer, QStringLiteral("cmdDescartar")); });
+    delete viewer;
+    QTest::qWait(PaintMs);
 }
 
 /// The entry panel: for a new song with each box that a save answers, and with a stored song.
@@ -295,6 +326,7 @@ void ShowDelivered(Pictures& pictures, const QString& catalogue)
     pictures.Save(QStringLiteral("principal-tres-letras"));
     ShowKeyboard(pictures, form);
     ShowViewers(pictures, {1, 2, 3});
+    ShowEditing(pictures);
     ShowEntry(pictures, form);
     ShowSetlist(pictures, catalogue);
     ShowSetlists(pictures, form);

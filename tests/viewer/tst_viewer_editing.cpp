@@ -2,6 +2,8 @@
 
 #include "EditingBench.h"
 
+#include "controls/Appearance.h"
+
 #include <QClipboard>
 #include <QMimeData>
 #include <QScrollBar>
@@ -36,6 +38,7 @@ class tst_viewer_editing : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase() { Appearance::Apply(*qApp); }
     void init() { bench = std::make_unique<EditingBench>(); }
     void cleanup() { bench.reset(); }
 
