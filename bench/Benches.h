@@ -11,5 +11,6 @@ void BenchSuggestions(const Scale& scale, ResultTable& table);
 void BenchTyping(const Scale& scale, ResultTable& table);
 void BenchChords(const Scale& scale, ResultTable& table);
 void BenchViewer(const Scale& scale, ResultTable& table);
+void BenchScroll(const Scale& scale, ResultTable& table);
 void BenchSongList(const Scale& scale, ResultTable& table);
 void BenchStart(const Scale& scale, ResultTable& table);

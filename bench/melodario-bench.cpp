@@ -18,13 +18,14 @@ struct Bench
     void (*run)(const Scale&, ResultTable&);
 };
 
-constexpr std::array<Bench, 8> Benches{{
+constexpr std::array<Bench, 9> Benches{{
     {u"fill", BenchFill},
     {u"search", BenchSearch},
     {u"typing", BenchTyping},
     {u"suggestions", BenchSuggestions},
     {u"chords", BenchChords},
     {u"viewer", BenchViewer},
+    {u"scroll", BenchScroll},
     {u"songlist", BenchSongList},
     {u"start", BenchStart},
 }};
@@ -66,7 +67,7 @@ int main(int argc, char* argv[])
         bench.run(scale, table);
     }
     if (table.IsEmpty()) {
-        out << "Names: fill search typing suggestions chords viewer songlist start\n";
+        out << "Names: fill search typing suggestions chords viewer scroll songlist start\n";
         return 1;
     }
     out << table.ToText();

@@ -3,6 +3,7 @@
 #include "controls/Handler.h"
 #include "ui_frmVisualizar.h"
 #include "viewer/TeclasEdicao.h"
+#include "viewer/TelaAcesa.h"
 
 #include <QTimer>
 
@@ -49,6 +50,7 @@ void frmVisualizar::Show()
         deleteLater();
         throw;
     }
+    Tela_Acesa = std::make_unique<TelaAcesa>();
     show();
 }
 

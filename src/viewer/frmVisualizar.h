@@ -8,6 +8,7 @@
 
 class QTimer;
 class RichTextBox;
+class TelaAcesa;
 class TeclasEdicao;
 
 namespace Ui {
@@ -165,6 +166,7 @@ private:
     void cmdDescartar_Click();
 
     std::unique_ptr<Ui::frmVisualizar> ui;
+    std::unique_ptr<TelaAcesa> Tela_Acesa; ///< from the showing to the end
     bool Abrindo = false; ///< the list comes up for the first time: nothing is shown yet
     QTimer* TimerRolagem;
     QTimer* tmrContador;
@@ -186,5 +188,4 @@ private:
     std::array<double, 3> Posicao{}; ///< 1 and 2: scroll position of either box, in pixels
     std::int16_t Contagem = 0;       ///< seconds left before the play is counted
     bool Desenho_Pendente = false;   ///< a key has changed the sheet, which is not yet painted
-    bool Entrou_Pela_Tecla = false;  ///< the key that began edit mode is still held
 };

@@ -29,8 +29,6 @@ bool frmVisualizar::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Paint && watched == Caixa(Versao).viewport())
         Desenho_Pendente = false;
-    if (event->type() == QEvent::KeyRelease && !static_cast<QKeyEvent*>(event)->isAutoRepeat())
-        Entrou_Pela_Tecla = false;
     if (event->type() != QEvent::KeyPress)
         return QWidget::eventFilter(watched, event);
     const auto* tecla = static_cast<QKeyEvent*>(event);
@@ -76,9 +74,8 @@ bool frmVisualizar::Form_KeyDown(int codigo, int shift, bool repetida)
         Linha{37, &Form::Freia_Rolagem, false},   // left
     };
 
-    // The key that began the editing is not typed while it is held on.
     if (Editando)
-        return !(repetida && Entrou_Pela_Tecla);
+        return true;
     const auto linha = std::ranges::find(linhas, codigo, &Linha::codigo);
     if (linha == linhas.end())
         return false;
@@ -89,6 +86,5 @@ bool frmVisualizar::Form_KeyDown(int codigo, int shift, bool repetida)
     if (linha->redesenha)
         Desenho_Pendente = true;
     (this->*linha->acao)();
-    Entrou_Pela_Tecla = Editando;
     return false;
 }

@@ -30,7 +30,8 @@
 namespace {
 
 constexpr int ManySongs = 20000;
-constexpr int PaintMs = 400;   // a window manager maps, paints and raises within this
+constexpr int PaintMs = 400; // a window manager maps, paints and raises within this
+constexpr int CountdownMs = 2100;
 constexpr int SearchMs = 1200; // the clock of the search and the search itself
 
 class Pictures : public QObject
@@ -101,6 +102,20 @@ frmVisualizar* Open(qint64 song)
     return viewer;
 }
 
+/// At the first speed and at the fastest, after the countdown's second tick.
+void ShowScrolling(Pictures& pictures, frmVisualizar& viewer)
+{
+    QTest::qWait(CountdownMs);
+    QTest::keyClick(&viewer, Qt::Key_Return);
+    pictures.Save(QStringLiteral("visualizador-rolagem"));
+    for (int i = 0; i < 13; ++i)
+        QTest::keyClick(&viewer, Qt::Key_Right);
+    pictures.Save(QStringLiteral("visualizador-rolagem-rapida"));
+    for (int i = 0; i < 15; ++i)
+        QTest::keyClick(&viewer, Qt::Key_Left);
+    QTest::keyClick(&viewer, Qt::Key_Home);
+}
+
 void ShowViewers(Pictures& pictures, const QList<qint64>& songs)
 {
     int number = 0;
@@ -108,6 +123,7 @@ void ShowViewers(Pictures& pictures, const QList<qint64>& songs)
         frmVisualizar* viewer = Open(song);
         pictures.Save(QStringLiteral("visualizador-%1").arg(++number));
         if (number == 1) {
+            ShowScrolling(pictures, *viewer);
             for (int i = 0; i < 2; ++i)
                 Click(*viewer, QStringLiteral("cmdAumentaFonte"));
             pictures.Save(QStringLiteral("visualizador-fonte-maior"));

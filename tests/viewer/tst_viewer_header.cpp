@@ -11,7 +11,9 @@ QImage Drawing(QWidget& label)
 {
     label.setPalette(QPalette(Qt::black, Qt::white));
     label.setAutoFillBackground(true);
-    return label.grab().toImage().convertToFormat(QImage::Format_Grayscale8);
+    QImage drawing(label.size(), QImage::Format_RGB32); // one pixel each, whatever the scale
+    label.render(&drawing);
+    return drawing.convertToFormat(QImage::Format_Grayscale8);
 }
 
 bool Inked(const QImage& picture, int x, int y)

@@ -1,0 +1,13 @@
+#pragma once
+
+/// As long as one of these lives, the desktop is asked not to darken or lock the screen by itself:
+/// on stage nobody touches the keyboard for minutes. Where the desktop cannot be asked, nothing
+/// happens and nobody is told.
+class TelaAcesa
+{
+public:
+    TelaAcesa();
+    ~TelaAcesa();
+    TelaAcesa(const TelaAcesa&) = delete;
+    TelaAcesa& operator=(const TelaAcesa&) = delete;
+};

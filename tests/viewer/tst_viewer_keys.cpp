@@ -1,0 +1,451 @@
+// Every key: what it does outside edit mode, and that no control gets it.
+
+#include "Ticks.h"
+
+#include "controls/ComboBox.h"
+#include "viewer/CodigosTecla.h"
+
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QTextBlock>
+
+namespace {
+
+constexpr int Codes = 256;
+constexpr int NoSuchKey = Qt::Key_unknown;
+
+struct Key
+{
+    int key = NoSuchKey;
+    Qt::KeyboardModifiers modifiers = Qt::NoModifier;
+};
+
+/// @return for each code the keys that have it
+QMultiHash<int, Key> KeysOfCodes()
+{
+    QMultiHash<int, Key> keys;
+    for (int letter = 'A'; letter <= 'Z'; ++letter)
+        keys.insert(letter, {letter});
+    for (int digit = 0; digit <= 9; ++digit) {
+        keys.insert('0' + digit, {Qt::Key_0 + digit});
+        keys.insert(96 + digit, {Qt::Key_0 + digit, Qt::KeypadModifier});
+    }
+    for (int i = 0; i < 24; ++i)
+        keys.insert(112 + i, {Qt::Key_F1 + i});
+
+    const QList<std::pair<int, Key>> others = {
+        {8, {Qt::Key_Backspace}},
+        {9, {Qt::Key_Tab}},
+        {9, {Qt::Key_Backtab, Qt::ShiftModifier}},
+        {12, {Qt::Key_Clear, Qt::KeypadModifier}},
+        {13, {Qt::Key_Return}},
+        {13, {Qt::Key_Enter, Qt::KeypadModifier}},
+        {16, {Qt::Key_Shift, Qt::ShiftModifier}},
+        {17, {Qt::Key_Control, Qt::ControlModifier}},
+        {18, {Qt::Key_Alt, Qt::AltModifier}},
+        {18, {Qt::Key_AltGr}},
+        {19, {Qt::Key_Pause}},
+        {20, {Qt::Key_CapsLock}},
+        {27, {Qt::Key_Escape}},
+        {32, {Qt::Key_Space}},
+        {33, {Qt::Key_PageUp}},
+        {33, {Qt::Key_PageUp, Qt::KeypadModifier}},
+        {34, {Qt::Key_PageDown}},
+        {34, {Qt::Key_PageDown, Qt::KeypadModifier}},
+        {35, {Qt::Key_End}},
+        {35, {Qt::Key_End, Qt::KeypadModifier}},
+        {36, {Qt::Key_Home}},
+        {36, {Qt::Key_Home, Qt::KeypadModifier}},
+        {37, {Qt::Key_Left}},
+        {37, {Qt::Key_Left, Qt::KeypadModifier}},
+        {38, {Qt::Key_Up}},
+        {38, {Qt::Key_Up, Qt::KeypadModifier}},
+        {39, {Qt::Key_Right}},
+        {39, {Qt::Key_Right, Qt::KeypadModifier}},
+        {40, {Qt::Key_Down}},
+        {40, {Qt::Key_Down, Qt::KeypadModifier}},
+        {41, {Qt::Key_Select}},
+        {43, {Qt::Key_Execute}},
+        {44, {Qt::Key_Print}},
+        {45, {Qt::Key_Insert}},
+        {45, {Qt::Key_Insert, Qt::KeypadModifier}},
+        {46, {Qt::Key_Delete}},
+        {46, {Qt::Key_Delete, Qt::KeypadModifier}},
+        {47, {Qt::Key_Help}},
+        {91, {Qt::Key_Super_L}},
+        {91, {Qt::Key_Meta}},
+        {92, {Qt::Key_Super_R}},
+        {93, {Qt::Key_Menu}},
+        {95, {Qt::Key_Sleep}},
+        {106, {Qt::Key_Asterisk, Qt::KeypadModifier}},
+        {107, {Qt::Key_Plus, Qt::KeypadModifier}},
+        {109, {Qt::Key_Minus, Qt::KeypadModifier}},
+        {110, {Qt::Key_Comma, Qt::KeypadModifier}},
+        {110, {Qt::Key_Period, Qt::KeypadModifier}},
+        {111, {Qt::Key_Slash, Qt::KeypadModifier}},
+        {144, {Qt::Key_NumLock}},
+        {145, {Qt::Key_ScrollLock}},
+        {187, {Qt::Key_Equal}},
+        {187, {Qt::Key_Plus, Qt::ShiftModifier}},
+        {188, {Qt::Key_Comma}},
+        {189, {Qt::Key_Minus}},
+        {189, {Qt::Key_Underscore, Qt::ShiftModifier}},
+        {190, {Qt::Key_Period}},
+        // Without a number of their own.
+        {255, {Qt::Key_unknown}},
+        {255, {0}},
+        {255, {Qt::Key_Dead_Acute}},
+        {255, {Qt::Key_Ccedilla}},
+        {255, {Qt::Key_AsciiTilde}},
+        {255, {Qt::Key_Asterisk}},
+        {255, {Qt::Key_Slash}},
+        {255, {Qt::Key_Semicolon}},
+        {255, {Qt::Key_VolumeUp}},
+        {255, {Qt::Key_MediaPlay}},
+    };
+    for (const auto& [code, key] : others)
+        keys.insert(code, key);
+    return keys;
+}
+
+/// What each code does in a viewer as Prepared() leaves it; the others do nothing.
+QHash<int, QString> Effects()
+{
+    return {
+        {107, u"position 0, points 19"_qs},
+        {187, u"position 0, points 19"_qs},
+        {109, u"position 0, points 15"_qs},
+        {189, u"position 0, points 15"_qs},
+        {'S', u"key (D), position 0"_qs},
+        {'D', u"key (C), position 0"_qs},
+        {'R', u"key (C), position 0"_qs},
+        // The chord lines go; the one line break before the first lyric stays.
+        {'C', u"lines 121, position 0"_qs},
+        {'V', u"position 0, version v.1"_qs},
+        {'P', u"key (C), position 0, song 2"_qs},
+        {'A', u"key (C), position 0, song 0"_qs},
+        {38, u"position 200"_qs},
+        {40, u"position 400"_qs},
+        {32, u"position the end"_qs},
+        {35, u"position the end"_qs},
+        {36, u"position 0, scrolls no"_qs},
+        {27, u"closed"_qs},
+        {13, u"scrolls no"_qs},
+        {39, u"speed 100"_qs},
+        {37, u"speed 225"_qs},
+    };
+}
+
+/// Which modifiers can be held with a key.
+QList<Qt::KeyboardModifiers> Modifiers()
+{
+    QList<Qt::KeyboardModifiers> all;
+    for (int i = 0; i < 8; ++i)
+        all += Qt::KeyboardModifiers((i & 1 ? Qt::ShiftModifier : Qt::NoModifier) |
+                                     (i & 2 ? Qt::ControlModifier : Qt::NoModifier) |
+                                     (i & 4 ? Qt::AltModifier : Qt::NoModifier));
+    return all;
+}
+
+QByteArray Name(Qt::KeyboardModifiers modifiers)
+{
+    QByteArray name;
+    if (modifiers & Qt::ShiftModifier)
+        name += "Shift+";
+    if (modifiers & Qt::ControlModifier)
+        name += "Ctrl+";
+    if (modifiers & Qt::AltModifier)
+        name += "Alt+";
+    if (modifiers & Qt::KeypadModifier)
+        name += "number block ";
+    return name;
+}
+
+/// What can be seen of a viewer, by name.
+QMap<QString, QString> Look(const QPointer<frmVisualizar>& viewer)
+{
+    if (!viewer || !viewer->isVisible())
+        return {};
+    const RichTextBox* box = Box(viewer, Box(viewer, 1)->isVisible() ? 1 : 2);
+    QTextCursor cursor(box->document());
+    cursor.setPosition(1);
+    const QScrollBar* bar = box->verticalScrollBar();
+    const auto* timer = In<QTimer>(viewer, "TimerRolagem");
+    return {
+        {u"key"_qs, Caption(viewer, "lblTom")},
+        {u"version"_qs, Caption(viewer, "lblVersao")},
+        {u"points"_qs, QString::number(cursor.charFormat().fontPointSize())},
+        {u"lines"_qs, QString::number(box->document()->blockCount())},
+        {u"song"_qs, QString::number(In<ComboBox>(viewer, "cmbLista")->ListIndex())},
+        {u"position"_qs,
+         bar->value() == bar->maximum() ? u"the end"_qs : QString::number(bar->value())},
+        {u"scrolls"_qs, timer->isActive() ? u"yes"_qs : u"no"_qs},
+        {u"speed"_qs, timer->property("Tag").toString()},
+        {u"edits"_qs, In(viewer, "cmdSalvar")->isVisible() ? u"yes"_qs : u"no"_qs},
+    };
+}
+
+/// @return what differs, in alphabetical order
+QString Difference(const QMap<QString, QString>& before, const QMap<QString, QString>& after)
+{
+    if (after.isEmpty())
+        return u"closed"_qs;
+    QStringList changes;
+    for (auto it = after.begin(); it != after.end(); ++it)
+        if (before.value(it.key()) != it.value())
+            changes += QString(it.key() + u' ' + it.value());
+    return changes.join(u", "_qs);
+}
+
+void Send(QWidget* receiver, const Key& key, bool repeated = false)
+{
+    QKeyEvent press(QEvent::KeyPress, key.key, key.modifiers, QString(), repeated);
+    QApplication::sendEvent(receiver, &press);
+}
+
+} // namespace
+
+class tst_viewer_keys : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanupTestCase() { bench.reset(); }
+
+    void everyCodeHasItsKeys_data();
+    void everyCodeHasItsKeys();
+    void everyKeyOutsideEditMode_data();
+    void everyKeyOutsideEditMode();
+    void noKeyReachesTheSheet();
+    void scrollKeysStopAndStartAlike();
+    void aHeldKeyWaitsForTheSheet_data();
+    void aHeldKeyWaitsForTheSheet();
+    void everyPressCounts();
+    void everyKeyInEditModeIsTheSheets_data();
+    void everyKeyInEditModeIsTheSheets();
+    void theHeldKeyThatBeganEditingIsNotTyped();
+
+private:
+    /// @return a viewer on the second of three songs, a semitone up, 300 pixels down, scrolling
+    QPointer<frmVisualizar> Prepared() const;
+
+    std::unique_ptr<ViewerBench> bench;
+    qint64 setlist = 0;
+};
+
+void tst_viewer_keys::initTestCase()
+{
+    bench = std::make_unique<ViewerBench>();
+    QList<qint64> songs;
+    for (const QString& title : {u"Um"_qs, u"Dois"_qs, u"Três"_qs})
+        songs += bench->catalogue.AddSong(
+            {.title = title, .text = LongSong(120), .text2 = LongSong(120)});
+    setlist = bench->catalogue.AddSetlist(u"Missa"_qs, {}, songs);
+}
+
+QPointer<frmVisualizar> tst_viewer_keys::Prepared() const
+{
+    const auto viewer = bench->OpenList(setlist);
+    QTest::keyClick(viewer.data(), Qt::Key_P);
+    QTest::keyClick(viewer.data(), Qt::Key_S);
+    for (int i = 0; i < 3; ++i)
+        QTest::keyClick(viewer.data(), Qt::Key_Down);
+    QTest::keyClick(viewer.data(), Qt::Key_Return);
+    return viewer;
+}
+
+void tst_viewer_keys::everyCodeHasItsKeys_data()
+{
+    QTest::addColumn<int>("code");
+    for (int code = 1; code < Codes; ++code)
+        QTest::addRow("code %d", code) << code;
+}
+
+void tst_viewer_keys::everyCodeHasItsKeys()
+{
+    QFETCH(int, code);
+    const auto keys = KeysOfCodes();
+    for (auto it = keys.begin(); it != keys.end(); ++it)
+        QCOMPARE(CodigosTecla::Codigo(it->key, it->modifiers) == code, it.key() == code);
+}
+
+void tst_viewer_keys::everyKeyOutsideEditMode_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QString>("effect");
+    const auto keys = KeysOfCodes();
+    const auto effects = Effects();
+    for (int code = 0; code < Codes; ++code) {
+        for (const Key& key : keys.values(code)) {
+            for (const Qt::KeyboardModifiers held : Modifiers()) {
+                // A key that does nothing is tried alone and with Shift.
+                if (!effects.contains(code) && code != 'E' && (held & ~Qt::ShiftModifier))
+                    continue;
+                const auto modifiers = key.modifiers | held;
+                const bool edits = code == 'E' && held == Qt::ShiftModifier;
+                QTest::addRow("%d %s%x", code, Name(modifiers).constData(), unsigned(key.key))
+                    << key.key << int(modifiers)
+                    << (edits ? u"edits yes, scrolls no"_qs : effects.value(code));
+            }
+        }
+    }
+}
+
+void tst_viewer_keys::everyKeyOutsideEditMode()
+{
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    QFETCH(QString, effect);
+    const auto viewer = Prepared();
+    const auto before = Look(viewer);
+    QCOMPARE(before.value(u"position"_qs), u"300"_qs);
+    QCOMPARE(before.value(u"scrolls"_qs), u"yes"_qs);
+    // The list is what a leaking arrow or letter would move.
+    Send(In(viewer, "cmbLista"), {key, Qt::KeyboardModifiers(modifiers)});
+    auto after = Look(viewer);
+    if (after.value(u"edits"_qs) == u"yes")
+        after[u"position"_qs] = before[u"position"_qs]; // the caret may want its whole line
+    const QString seen = Difference(before, after);
+    // What renders stops the scrolling; that is the render's, not the key's.
+    if (effect.contains(u"position 0") && !effect.contains(u"scrolls"))
+        effect += u", scrolls no"_qs;
+    QStringList expected = effect.isEmpty() ? QStringList() : effect.split(u", "_qs);
+    expected.sort();
+    QCOMPARE(seen, expected.join(u", "_qs));
+    delete viewer;
+}
+
+void tst_viewer_keys::noKeyReachesTheSheet()
+{
+    const auto keys = KeysOfCodes();
+    auto viewer = Prepared();
+    // The form keeps the keys away, also from a sheet that would take them.
+    RichTextBox* box = Box(viewer, 2);
+    box->setTextInteractionFlags(Qt::TextEditorInteraction);
+    const auto effects = Effects();
+    const QString text = box->Text();
+    for (auto it = keys.begin(); it != keys.end(); ++it) {
+        if (effects.contains(it.key()) || it.key() == 'E')
+            continue;
+        QKeyEvent press(QEvent::KeyPress, it->key, it->modifiers, u"x"_qs);
+        QApplication::sendEvent(box, &press);
+        QCOMPARE(box->textCursor().position(), 0);
+        QCOMPARE(box->document()->isModified(), false);
+    }
+    QCOMPARE(box->Text(), text);
+    delete viewer;
+}
+
+void tst_viewer_keys::scrollKeysStopAndStartAlike()
+{
+    const auto viewer = Prepared();
+    Send(viewer, {Qt::Key_Return});
+    Send(viewer, {Qt::Key_Home});
+    QCOMPARE(Look(viewer).value(u"scrolls"_qs), u"no"_qs);
+    Send(viewer, {Qt::Key_End});
+    QCOMPARE(Look(viewer).value(u"scrolls"_qs), u"no"_qs);
+    Send(viewer, {Qt::Key_Enter, Qt::KeypadModifier});
+    QCOMPARE(Look(viewer).value(u"scrolls"_qs), u"yes"_qs);
+    delete viewer;
+}
+
+void tst_viewer_keys::aHeldKeyWaitsForTheSheet_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<QString>("first");
+    QTest::addColumn<QString>("second");
+    QTest::newRow("S") << int(Qt::Key_S) << u"key (D)"_qs << u"key (D#)"_qs;
+    QTest::newRow("D") << int(Qt::Key_D) << u"key (C)"_qs << u"key (B)"_qs;
+    QTest::newRow("+") << int(Qt::Key_Plus) << u"points 19"_qs << u"points 21"_qs;
+    QTest::newRow("-") << int(Qt::Key_Minus) << u"points 15"_qs << u"points 13"_qs;
+}
+
+void tst_viewer_keys::aHeldKeyWaitsForTheSheet()
+{
+    QFETCH(int, key);
+    QFETCH(QString, first);
+    QFETCH(QString, second);
+    const auto viewer = Prepared();
+    QVERIFY(QTest::qWaitForWindowExposed(viewer.data()));
+    QCoreApplication::processEvents();
+    const QString what = first.section(u' ', 0, 0);
+    const auto shown = [&] { return QString(what + u' ' + Look(viewer).value(what)); };
+    Send(viewer, {key});
+    for (int i = 0; i < 30; ++i)
+        Send(viewer, {key}, true);
+    QCOMPARE(shown(), first);
+    // The sheet has been seen: the next repeat acts, and only that one.
+    Box(viewer, 2)->viewport()->repaint();
+    for (int i = 0; i < 30; ++i)
+        Send(viewer, {key}, true);
+    QCOMPARE(shown(), second);
+    delete viewer;
+}
+
+void tst_viewer_keys::everyPressCounts()
+{
+    const auto viewer = Prepared();
+    for (int i = 0; i < 5; ++i)
+        Send(viewer, {Qt::Key_S});
+    QCOMPARE(Look(viewer).value(u"key"_qs), u"(F#)"_qs);
+    // Scrolling costs little: a held arrow never waits.
+    for (int i = 0; i < 5; ++i)
+        Send(viewer, {Qt::Key_Down}, true);
+    QCOMPARE(Look(viewer).value(u"position"_qs), u"500"_qs);
+    delete viewer;
+}
+
+void tst_viewer_keys::everyKeyInEditModeIsTheSheets_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    const auto keys = KeysOfCodes();
+    for (int code = 0; code < Codes; ++code)
+        for (const Key& key : keys.values(code))
+            QTest::addRow("%d %s%x", code, Name(key.modifiers).constData(), unsigned(key.key))
+                << key.key << int(key.modifiers);
+}
+
+void tst_viewer_keys::everyKeyInEditModeIsTheSheets()
+{
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    const auto viewer = Prepared();
+    QVERIFY(QTest::qWaitForWindowActive(viewer.data()));
+    Send(viewer, {Qt::Key_E, Qt::ShiftModifier});
+    const auto before = Look(viewer);
+    QCOMPARE(before.value(u"edits"_qs), u"yes"_qs);
+    Send(Box(viewer, 2), {key, Qt::KeyboardModifiers(modifiers)});
+    auto after = Look(viewer);
+    // The sheet's own business: what stands in it and which part of it is seen.
+    for (const QString& own : {u"lines"_qs, u"position"_qs})
+        after[own] = before[own];
+    QCOMPARE(Difference(before, after), QString());
+    delete viewer;
+}
+
+void tst_viewer_keys::theHeldKeyThatBeganEditingIsNotTyped()
+{
+    const auto viewer = Prepared();
+    QVERIFY(QTest::qWaitForWindowActive(viewer.data()));
+    RichTextBox* box = Box(viewer, 2);
+    const QString text = box->Text();
+    const auto type = [&](bool repeated) {
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_E, Qt::ShiftModifier, u"E"_qs, repeated);
+        QApplication::sendEvent(viewer->focusWidget() ? viewer->focusWidget() : viewer, &press);
+    };
+    type(false);
+    for (int i = 0; i < 5; ++i)
+        type(true);
+    QCOMPARE(Look(viewer).value(u"edits"_qs), u"yes"_qs);
+    QCOMPARE(box->Text(), text);
+    type(false);
+    type(true);
+    QCOMPARE(box->Text().size(), text.size() + 2);
+    delete viewer;
+}
+
+QTEST_MAIN(tst_viewer_keys)
+#include "tst_viewer_keys.moc"
