@@ -42,7 +42,8 @@ void frmMensagem::Prepara_Dicas()
         largura = std::max(largura, dica);
     }
     // Hints come and go without the dialog changing its size.
-    ui->lblObs->setMinimumSize(largura, ui->lblObs->fontMetrics().height());
+    ui->lblObs->setMinimumWidth(largura);
+    ui->lblObs->setFixedHeight(ui->lblObs->fontMetrics().lineSpacing());
     QPalette palette = ui->lblObs->palette();
     palette.setColor(QPalette::WindowText, Appearance::MutedText);
     ui->lblObs->setPalette(palette);

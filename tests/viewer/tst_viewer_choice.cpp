@@ -2,6 +2,7 @@
 
 #include "ViewerBench.h"
 
+#include "controls/Appearance.h"
 #include "controls/Resposta_Mensagem.h"
 #include "viewer/frmMensagem.h"
 
@@ -36,6 +37,7 @@ class tst_viewer_choice : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase() { Appearance::Apply(*qApp); }
     void init();
     void cleanup() { dialog.reset(); }
 
