@@ -53,6 +53,7 @@ void frmVisualizar::Conta_Musica(double id)
           " WHERE ID = 0"_qs +
           texto + u" AND ID NOT IN ("_qs + excluidas + u")"_qs;
     Conexao.Execute(SQL);
-    // Only what was written counts: after a failure the next countdown tries again.
+    Conexao.CommitBatch();
+    // Only what was written for good counts: after a failure the next countdown tries again.
     Musicas_Contadas += texto + u","_qs;
 }

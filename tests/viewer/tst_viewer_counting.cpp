@@ -3,6 +3,7 @@
 #include "Ticks.h"
 
 #include "controls/RecordingDialogs.h"
+#include "support/PlainSqlite.h"
 #include "viewer/Musicas_Contadas.h"
 
 using Funcoes::Musicas_Contadas;
@@ -32,6 +33,7 @@ private slots:
     void aViewerWithoutASongTicksOnce();
     void renderingDoesNotRestartTheCountdown();
     void aFailureToCountIsToldOnceAndTriedAgain();
+    void aCountThatIsNotStoredIsTriedAgain();
     void aSongThatIsGoneIsCountedNowhere();
 
 private:
@@ -244,6 +246,24 @@ void tst_viewer_counting::aFailureToCountIsToldOnceAndTriedAgain()
     QCOMPARE(dialogs.boxes.size(), 1);
     QCOMPARE(Count(song), u"1"_qs);
     QVERIFY(!CountsDown(viewer));
+}
+
+void tst_viewer_counting::aCountThatIsNotStoredIsTriedAgain()
+{
+    const qint64 song = bench->catalogue.AddSong(TestSong{});
+    const auto viewer = bench->Open(song);
+    RecordingDialogs dialogs;
+    PlainSqlite reader(bench->catalogue.Path());
+    reader.Run("BEGIN; SELECT COUNT(*) FROM MUSICA"); // lets others write, but not commit
+    Tick(viewer, "tmrContador", 11);
+    QCOMPARE(dialogs.boxes.size(), 1);
+    QCOMPARE(Musicas_Contadas, QString());
+    QVERIFY(CountsDown(viewer));
+    reader.Run("COMMIT");
+    QCOMPARE(Count(song), u"0"_qs);
+    Tick(viewer, "tmrContador", 11);
+    QCOMPARE(Count(song), u"1"_qs);
+    QCOMPARE(Musicas_Contadas, u"%1,"_qs.arg(song));
 }
 
 void tst_viewer_counting::aSongThatIsGoneIsCountedNowhere()
