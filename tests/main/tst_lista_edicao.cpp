@@ -31,6 +31,11 @@ private slots:
     void shiftAndArrowsMoveAndSetTheFlag();
     void shiftWithAnyKeySetsTheFlagAndIsSwallowed();
     void theShiftKeyAloneIsNoKeyPressedWithIt();
+    void shiftAndArrowsAtTheEndsMoveNothing_data();
+    void shiftAndArrowsAtTheEndsMoveNothing();
+    void shiftAndUpInAnEmptySetlist();
+    void theArrowsMoveTheSongThatASecondPressMet();
+    void loadingTellsTheCurrentSong();
     void otherShiftCombinationsDoNothing_data();
     void otherShiftCombinationsDoNothing();
     void withoutACurrentSongUpDoesNothingAndDownFails();
@@ -339,6 +344,76 @@ void tst_lista_edicao::theShiftKeyAloneIsNoKeyPressedWithIt()
     Tecla("lstMusicasSelecionadas", Qt::Key_Shift);
     Tecla("lstMusicasSelecionadas", Qt::Key_Shift, Qt::ShiftModifier);
     QCOMPARE(Modificada(), u"0"_qs);
+}
+
+void tst_lista_edicao::shiftAndArrowsAtTheEndsMoveNothing_data()
+{
+    QTest::addColumn<int>("song");
+    QTest::addColumn<Qt::Key>("key");
+    QTest::newRow("up at the first") << 0 << Qt::Key_Up;
+    QTest::newRow("down at the last") << 2 << Qt::Key_Down;
+}
+
+void tst_lista_edicao::shiftAndArrowsAtTheEndsMoveNothing()
+{
+    QFETCH(int, song);
+    QFETCH(Qt::Key, key);
+    m_catalogo->AddSetlist(u"Ensaio"_qs, QDate(2009, 3, 5),
+                           {Musica(u"Amor"_qs), Musica(u"Bem"_qs), Musica(u"Canto"_qs)});
+    Carrega();
+    Responde(0, "cmdEditar");
+    Seleciona(song);
+    QCOMPARE(Modificada(), u"0"_qs);
+    Tecla("lstMusicasSelecionadas", key, Qt::ShiftModifier);
+    QCOMPARE(Titulos(), QStringList({u"Amor"_qs, u"Bem"_qs, u"Canto"_qs}));
+    QCOMPARE(Atual(), song); // the list has not seen the key
+    QCOMPARE(Modificada(), u"1"_qs);
+    QCOMPARE(Caixas(), QStringList());
+}
+
+void tst_lista_edicao::shiftAndUpInAnEmptySetlist()
+{
+    Carrega();
+    Tecla("lstMusicasSelecionadas", Qt::Key_Up, Qt::ShiftModifier);
+    Tecla("lstMusicasSelecionadas", Qt::Key_Down, Qt::ShiftModifier);
+    QCOMPARE(Titulos(), QStringList());
+    QCOMPARE(Modificada(), u"1"_qs);
+    QCOMPARE(Caixas(), QStringList());
+}
+
+void tst_lista_edicao::theArrowsMoveTheSongThatASecondPressMet()
+{
+    Carrega_Com_Quatro();
+    Seleciona(0);
+    auto* lista = Acha<ListBox>("lstMusicasSelecionadas");
+    const QPoint outra = Lugar(lista, 2);
+    QTest::mouseDClick(lista->viewport(), Qt::LeftButton, {}, outra);
+    QTest::mouseRelease(lista->viewport(), Qt::LeftButton, {}, outra);
+    QCOMPARE(Atual(), 2);
+    Clica("cmdDown");
+    QCOMPARE(Titulos(), QStringList({u"Amor"_qs, u"Bondade"_qs, u"Deus"_qs, u"Canto"_qs}));
+    QCOMPARE(Atual(), 3);
+}
+
+void tst_lista_edicao::loadingTellsTheCurrentSong()
+{
+    const qint64 amor = Musica(u"Amor"_qs);
+    const qint64 bem = Musica(u"Bem"_qs);
+    m_catalogo->AddSetlist(u"Duas"_qs, QDate(2009, 3, 6), {amor, bem});
+    m_catalogo->AddSetlist(u"Uma"_qs, QDate(2009, 3, 5), {amor});
+    Carrega();
+    Adiciona({0, 1});
+    Seleciona(1);
+    Responde(0, "cmdEditar");
+    QCOMPARE(Atual(), -1);
+    Clica("cmdUp"); // no song is current, though the second one was before
+    QCOMPARE(Titulos(), QStringList({u"Amor"_qs, u"Bem"_qs}));
+    Responde(1, "cmdEditar");
+    QCOMPARE(Atual(), 0); // the only one there is
+    Adiciona({1});
+    Clica("cmdDown");
+    QCOMPARE(Titulos(), QStringList({u"Bem"_qs, u"Amor"_qs}));
+    QCOMPARE(Caixas(), QStringList());
 }
 
 void tst_lista_edicao::otherShiftCombinationsDoNothing_data()

@@ -24,7 +24,14 @@ private slots:
     void aSetlistWhoseSongsAreAllGoneLoadsEmpty();
     void apostrophesInTheNameAreKept();
     void aNameOfTenThousandCharacters();
+    void aNameLongerThanATextBoxUsuallyTakes();
     void twoHundredSongs();
+    void aSetlistWhoseSongsAreAllGoneIsSavedAndCopied();
+    void aCopyOfASetlistWithoutAName();
+    void anEmptySaveOfAStoredSetlistWithChanges();
+    void songsThatCannotBeReadLeaveTheSetlistAsItWas();
+    void theDoubleClickForgetsTheIdentityWhateverTheAnswer_data();
+    void theDoubleClickForgetsTheIdentityWhateverTheAnswer();
     void aNameAndADateAreNeeded_data();
     void aNameAndADateAreNeeded();
     void typedDatesAreStored_data();
@@ -312,6 +319,124 @@ void tst_lista_gravacao::aNameOfTenThousandCharacters()
     QCOMPARE(Selecionadas(), QStringList({nome + u" - Anônimo"_qs}));
     Responde(0, "cmdCopiar");
     QCOMPARE(Texto("txtNome"), u"Cópia de "_qs + nome);
+}
+
+void tst_lista_gravacao::aNameLongerThanATextBoxUsuallyTakes()
+{
+    const QString nome = u"Ensaio "_qs.repeated(10'000) + u"fim"_qs;
+    m_catalogo->AddSetlist(nome, QDate(2009, 3, 5));
+    Carrega();
+    Responde(0, "cmdEditar");
+    Clica("cmdSalvar");
+    QCOMPARE(Caixas(), QStringList({Alterada}));
+    QVERIFY(Listas()[0][1] == nome);
+    const QString filtro = u"a"_qs.repeated(40'000);
+    Acha<QLineEdit>("txtFiltro")->setText(filtro);
+    QVERIFY(Texto("txtFiltro") == filtro);
+}
+
+void tst_lista_gravacao::aSetlistWhoseSongsAreAllGoneIsSavedAndCopied()
+{
+    m_catalogo->AddSetlist(u"Ensaio"_qs, QDate(2009, 3, 5), {77, 78});
+    Carrega();
+    Responde(0, "cmdCopiar");
+    QCOMPARE(Selecionadas(), QStringList());
+    QCOMPARE(Texto("lblLista"), u"0 Música(s) Selecionada(s)"_qs);
+    Clica("cmdSalvar");
+    QCOMPARE(Caixas(), QStringList({Cadastrada}));
+    QCOMPARE(Listas()[1][1], u"Cópia de Ensaio"_qs);
+    QCOMPARE(Lugares().size(), 2);
+    m_catalogo->Run(u"DELETE FROM LISTA WHERE ID = 2"_qs);
+    Escolhe("mnuLista");
+    Responde(0, "cmdEditar");
+    Clica("cmdSalvar");
+    QCOMPARE(Caixas(), QStringList({Alterada}));
+    QCOMPARE(Listas(), QList<QStringList>({{u"1"_qs, u"Ensaio"_qs, u"2009-03-05"_qs}}));
+    QCOMPARE(Lugares(), QList<QStringList>());
+}
+
+void tst_lista_gravacao::aCopyOfASetlistWithoutAName()
+{
+    m_catalogo->Run(u"INSERT INTO LISTA (NOME, DATA) VALUES (NULL, '2009-01-02')"_qs);
+    Carrega();
+    Responde(0, "cmdCopiar");
+    QCOMPARE(Texto("txtNome"), u"Cópia de "_qs);
+    QCOMPARE(Texto("txtData"), u"05/03/2009"_qs);
+    QCOMPARE(Identidade(), u"0"_qs);
+    Clica("cmdSalvar");
+    QCOMPARE(Caixas(), QStringList({Cadastrada}));
+    QCOMPARE(Listas()[1], QStringList({u"2"_qs, u"Cópia de "_qs, u"2009-03-05"_qs}));
+}
+
+void tst_lista_gravacao::anEmptySaveOfAStoredSetlistWithChanges()
+{
+    m_catalogo->AddSetlist(u"Ensaio"_qs, QDate(2009, 3, 5), {Musica(u"Amor"_qs)});
+    Carrega();
+    Responde(0, "cmdEditar");
+    Clica_Item("lstMusicasSelecionadas", 0);
+    Clica("cmdRemover");
+    m_caixas->answer = false;
+    Clica("cmdSalvar");
+    // The message, then the question of the clearing; refused, the stored setlist stays on screen.
+    QCOMPARE(Caixas(), QStringList({Alterada, Descartar}));
+    QCOMPARE(Lugares(), QList<QStringList>());
+    QCOMPARE(Identidade(), u"1"_qs);
+    QCOMPARE(Texto("txtNome"), u"Ensaio"_qs);
+    QCOMPARE(Modificada(), u"1"_qs);
+    Clica("cmdSalvar");
+    QCOMPARE(Caixas(), QStringList({Alterada, Descartar}));
+    // Until a song is saved: then nobody asks any more.
+    Adiciona({0});
+    Clica("cmdSalvar");
+    QCOMPARE(Caixas(), QStringList({Alterada}));
+    QCOMPARE(Listas().size(), 1);
+    QCOMPARE(Lugares().size(), 1);
+    Escolhe("mnuPesquisa");
+    QCOMPARE(Caixas(), QStringList());
+}
+
+void tst_lista_gravacao::songsThatCannotBeReadLeaveTheSetlistAsItWas()
+{
+    m_catalogo->AddSetlist(u"Ensaio"_qs, QDate(2009, 3, 5), {Musica(u"Amor"_qs)});
+    Carrega();
+    m_catalogo->Run(u"ALTER TABLE LISTA_MUSICA RENAME TO GUARDADA"_qs);
+    Responde(0, "cmdEditar");
+    QCOMPARE(m_caixas->boxes.size(), 1);
+    QCOMPARE(m_caixas->boxes[0].icon, Icone::Critico);
+    QCOMPARE(Identidade(), u"1"_qs);
+    QCOMPARE(Texto("txtNome"), u"Ensaio"_qs);
+    QCOMPARE(Selecionadas(), QStringList());
+    QCOMPARE(m_catalogo->Field(u"SELECT count(*) FROM GUARDADA"_qs), u"1"_qs);
+}
+
+void tst_lista_gravacao::theDoubleClickForgetsTheIdentityWhateverTheAnswer_data()
+{
+    QTest::addColumn<QByteArray>("button");
+    QTest::newRow("Excluir, then no") << QByteArray("cmdExcluir");
+    QTest::newRow("the close box") << QByteArray();
+    QTest::newRow("Abrir") << QByteArray("cmdAbrir");
+}
+
+void tst_lista_gravacao::theDoubleClickForgetsTheIdentityWhateverTheAnswer()
+{
+    QFETCH(QByteArray, button);
+    m_catalogo->AddSetlist(u"Ensaio"_qs, QDate(2009, 3, 5), {Musica(u"Amor"_qs)});
+    Carrega();
+    Responde(0, "cmdEditar");
+    QCOMPARE(Identidade(), u"1"_qs);
+    m_caixas->answer = false;
+    if (button.isEmpty())
+        Na_Lista(0, [](QWidget& dialogo) { dialogo.close(); });
+    else
+        Responde(0, button.constData());
+    QCOMPARE(Identidade(), u"0"_qs);
+    m_form->activateWindow();
+    Caixas();
+    Clica("cmdSalvar");
+    QCOMPARE(Caixas(), QStringList({Cadastrada}));
+    QCOMPARE(Listas(), QList<QStringList>({{u"1"_qs, u"Ensaio"_qs, u"2009-03-05"_qs},
+                                           {u"2"_qs, u"Ensaio"_qs, u"2009-03-05"_qs}}));
+    QCOMPARE(Lugares().size(), 2);
 }
 
 void tst_lista_gravacao::twoHundredSongs()
