@@ -12,4 +12,5 @@ void BenchTyping(const Scale& scale, ResultTable& table);
 void BenchChords(const Scale& scale, ResultTable& table);
 void BenchViewer(const Scale& scale, ResultTable& table);
 void BenchSongList(const Scale& scale, ResultTable& table);
+void BenchSetlist(const Scale& scale, ResultTable& table);
 void BenchStart(const Scale& scale, ResultTable& table);

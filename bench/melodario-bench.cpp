@@ -18,7 +18,7 @@ struct Bench
     void (*run)(const Scale&, ResultTable&);
 };
 
-constexpr std::array<Bench, 8> Benches{{
+constexpr std::array<Bench, 9> Benches{{
     {u"fill", BenchFill},
     {u"search", BenchSearch},
     {u"typing", BenchTyping},
@@ -26,6 +26,7 @@ constexpr std::array<Bench, 8> Benches{{
     {u"chords", BenchChords},
     {u"viewer", BenchViewer},
     {u"songlist", BenchSongList},
+    {u"setlist", BenchSetlist},
     {u"start", BenchStart},
 }};
 
@@ -66,7 +67,7 @@ int main(int argc, char* argv[])
         bench.run(scale, table);
     }
     if (table.IsEmpty()) {
-        out << "Names: fill search typing suggestions chords viewer songlist start\n";
+        out << "Names: fill search typing suggestions chords viewer songlist setlist start\n";
         return 1;
     }
     out << table.ToText();
