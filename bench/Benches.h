@@ -13,4 +13,5 @@ void BenchChords(const Scale& scale, ResultTable& table);
 void BenchViewer(const Scale& scale, ResultTable& table);
 void BenchScroll(const Scale& scale, ResultTable& table);
 void BenchSongList(const Scale& scale, ResultTable& table);
+void BenchSetlist(const Scale& scale, ResultTable& table);
 void BenchStart(const Scale& scale, ResultTable& table);

@@ -72,7 +72,7 @@ void MeasurePopup(const Scale& scale, qint64 song, ResultTable& table)
                                     }});
     const QString work = u"song list of %1 opened"_qs.arg(scale.Songs());
     table.Add(work, times[0], u"repaint of the viewer"_qs, times[2], {Aim::AtMost, 2});
-    table.Add(work, times[0], u"repaint of the list"_qs, times[1]);
+    table.Add(work, times[0], u"repaint of the list"_qs, times[1], {Aim::AtMost, 2});
     list.hidePopup();
 }
 

@@ -18,7 +18,7 @@ struct Bench
     void (*run)(const Scale&, ResultTable&);
 };
 
-constexpr std::array<Bench, 9> Benches{{
+constexpr std::array<Bench, 10> Benches{{
     {u"fill", BenchFill},
     {u"search", BenchSearch},
     {u"typing", BenchTyping},
@@ -27,6 +27,7 @@ constexpr std::array<Bench, 9> Benches{{
     {u"viewer", BenchViewer},
     {u"scroll", BenchScroll},
     {u"songlist", BenchSongList},
+    {u"setlist", BenchSetlist},
     {u"start", BenchStart},
 }};
 
@@ -67,7 +68,8 @@ int main(int argc, char* argv[])
         bench.run(scale, table);
     }
     if (table.IsEmpty()) {
-        out << "Names: fill search typing suggestions chords viewer scroll songlist start\n";
+        out << "Names: fill search typing suggestions chords viewer scroll songlist setlist "
+               "start\n";
         return 1;
     }
     out << table.ToText();

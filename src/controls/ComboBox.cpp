@@ -99,7 +99,10 @@ void ComboBox::SetListIndex(int index)
     if (index != -1)
         m_items->Require(index);
     ChangeItems([this] { m_items->Flush(); });
+    // While the list is open, or from inside a choice: what code chooses is no part of it.
+    const bool told = m_told;
     setCurrentIndex(index);
+    m_told = told;
 }
 
 bool ComboBox::Selected(int index) const

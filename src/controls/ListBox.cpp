@@ -184,8 +184,9 @@ void ListBox::mouseDoubleClickEvent(QMouseEvent* event)
     // Somebody who clicks fast turns an item over twice, as with two slow clicks.
     QMouseEvent press(QEvent::MouseButtonPress, event->position(), event->globalPosition(),
                       event->button(), event->buttons(), event->modifiers());
+    const int before = ListIndex();
     mousePressEvent(&press);
-    m_secondPress = true;
+    m_secondPress = ListIndex() == before; // the first press may have met the row next to it
     if (m_pressed >= 0)
         emit DblClick();
 }

@@ -86,5 +86,5 @@ private:
     ItemModel* m_items;
     Mode m_mode = SingleChoice;
     int m_pressed = -1;         ///< where the left button went down
-    bool m_secondPress = false; ///< that press was the second one of a double click
+    bool m_secondPress = false; ///< it was the second one of a double click on the current item
 };

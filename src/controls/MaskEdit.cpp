@@ -65,6 +65,16 @@ MaskEdit::MaskEdit(QWidget* parent)
         if (!m_mask.isEmpty())
             m_kept = text;
     });
+    connect(this, &QLineEdit::selectionChanged, this, &MaskEdit::NotePlace);
+    connect(this, &QLineEdit::cursorPositionChanged, this, &MaskEdit::NotePlace);
+}
+
+/// The place is told anew after each change. An input method tells it before, of a text that has
+/// not been through the mask.
+void MaskEdit::NotePlace()
+{
+    if (m_mask.isEmpty() || text() == m_kept)
+        m_from = hasSelectedText() ? selectionStart() : cursorPosition();
 }
 
 void MaskEdit::SetMask(const QString& mask)
@@ -101,18 +111,21 @@ bool MaskEdit::Fits(const QString& text) const
 }
 
 /// Reads from a changed text what was taken out of the kept one and what came in at its place, and
-/// does the same within the mask. What lies behind the caret was not touched.
+/// does the same within the mask. Equal digits tell nothing about where a change began: that is
+/// where the selection or the caret was before it, and what lies behind the new caret was not
+/// touched. A text for which that is not so was written as a whole.
 void MaskEdit::Correct(QString& text, int& caret) const
 {
     const QString changed = text;
-    qsizetype behind = changed.size() - caret;
-    if (!m_kept.endsWith(QStringView(changed).last(behind)))
-        behind = 0;
-    const qsizetype to = m_kept.size() - behind;
-    const qsizetype end = changed.size() - behind;
-    qsizetype from = 0;
-    while (from < to && from < end && m_kept[from] == changed[from])
-        ++from;
+    qsizetype from = std::min(m_from, caret);
+    qsizetype end = caret;
+    qsizetype to = m_kept.size() - (changed.size() - end);
+    if (to < from || !m_kept.startsWith(QStringView(changed).first(from)) ||
+        !m_kept.endsWith(QStringView(changed).sliced(end))) {
+        from = 0;
+        end = changed.size();
+        to = m_kept.size();
+    }
     const QString came = changed.sliced(from, end - from);
 
     text = m_kept;
@@ -121,8 +134,7 @@ void MaskEdit::Correct(QString& text, int& caret) const
         if (!IsFixed(i))
             text[i] = Missing;
     }
-    const bool whole = behind == 0 && came.size() > 1 && DateIn(changed);
-    if (!came.isEmpty() && !Paste(whole ? changed : came, text, caret)) {
+    if (!came.isEmpty() && !Paste(came, text, caret)) {
         text = m_kept;
         caret = static_cast<int>(to);
     }
@@ -183,13 +195,19 @@ void MaskEdit::TakeBefore()
     setCursorPosition(std::max(place, 0));
 }
 
+/// At the end of a field the next one is meant, as with a slash that is typed; from inside a field
+/// no other one is reached.
 void MaskEdit::TakeBehind()
 {
     QString left = text();
     const int caret = cursorPosition();
-    const auto digit = std::find_if(left.begin() + caret, left.end(), IsDigit);
-    if (digit != left.end())
-        *digit = Missing;
+    qsizetype place = caret;
+    while (place < left.size() && IsFixed(place))
+        ++place;
+    while (place < left.size() && !IsFixed(place) && !IsDigit(left[place]))
+        ++place;
+    if (place < left.size() && !IsFixed(place))
+        left[place] = Missing;
     setText(left);
     setCursorPosition(caret);
 }

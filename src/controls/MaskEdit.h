@@ -8,9 +8,9 @@
 ///
 /// Typing overwrites the place at the caret and skips what stands fixed; a wrong key is refused.
 /// '/' finishes a field: it fills a single digit up with a zero and goes on to the next one.
-/// Backspace takes the digit before the caret, Delete the one behind it, and what is selected is
-/// emptied; nothing ever moves to another place. A pasted date replaces the whole text, other
-/// digits are filled in from the caret on, and anything else is refused.
+/// Backspace takes the digit before the caret, Delete the next one of the field behind it, and what
+/// is selected is emptied; nothing ever moves to another place. A pasted date replaces the whole
+/// text, other digits are filled in from the caret on, and anything else is refused.
 class MaskEdit : public QLineEdit
 {
     Q_OBJECT
@@ -40,11 +40,13 @@ private:
     bool Paste(const QString& pasted, QString& text, int& caret) const;
     bool Put(QChar sign, QString& text, int& caret) const;
     void FinishField(QString& text, int& caret) const;
+    void NotePlace();
     void TakeBefore();
     void TakeBehind();
 
     QString m_mask;
     QString m_kept; ///< the last text that fitted; empty without a mask
+    int m_from = 0; ///< where the selection begins or, without one, the caret is; from 0
 };
 
 namespace Funcoes {

@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QTextDocument>
 #include <QToolTip>
 
@@ -60,6 +61,8 @@ GradeListas::GradeListas(QWidget* parent)
     header()->setHighlightSections(false);
     header()->setSectionsClickable(true);
     connect(header(), &QHeaderView::sectionClicked, this, &GradeListas::ColumnClick);
+    connect(header(), &QHeaderView::sectionResized, this,
+            [this](int coluna, int /*antiga*/, int largura) { Guarda_Proporcao(coluna, largura); });
 }
 
 void GradeListas::Preenche(std::vector<LinhaLista> linhas)
@@ -131,8 +134,22 @@ void GradeListas::focusInEvent(QFocusEvent* evento)
 void GradeListas::resizeEvent(QResizeEvent* evento)
 {
     QTreeView::resizeEvent(evento);
-    const int resto = fontMetrics().averageCharWidth() * LarguraData;
-    header()->resizeSection(ModeloListas::Nome, qMax(0, viewport()->width() - resto));
+    Reparte_Colunas();
+}
+
+void GradeListas::Reparte_Colunas()
+{
+    const QScopedValueRollback<bool> repartindo(m_repartindo, true);
+    const int largura = viewport()->width();
+    const int dia = fontMetrics().averageCharWidth() * LarguraData;
+    const int nome = m_proporcao ? static_cast<int>(largura * *m_proporcao) : largura - dia;
+    header()->resizeSection(ModeloListas::Nome, qMax(0, nome));
+}
+
+void GradeListas::Guarda_Proporcao(int coluna, int largura)
+{
+    if (!m_repartindo && coluna == ModeloListas::Nome && viewport()->width() > 0)
+        m_proporcao = static_cast<double>(largura) / viewport()->width();
 }
 
 bool GradeListas::viewportEvent(QEvent* evento)

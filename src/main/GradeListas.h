@@ -50,7 +50,13 @@ protected:
 
 private:
     void Torna_Atual(const QModelIndex& indice);
+    void Reparte_Colunas();
+    void Guarda_Proporcao(int coluna, int largura);
 
     ModeloListas* m_modelo;
     Qt::SortOrder m_direcao = Qt::AscendingOrder;
+    /// Share of the width that the names take; as long as nobody has changed it, what a date needs
+    /// is kept free instead.
+    std::optional<double> m_proporcao;
+    bool m_repartindo = false;
 };

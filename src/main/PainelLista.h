@@ -35,8 +35,13 @@ public:
 
     /// Prepares the panel: the stored setlists, a new setlist unless the user keeps an unsaved one,
     /// the themes and the songs on offer. Reads LISTA, TEMA, MUSICA and TEMA_MUSICA; writes
-    /// Funcoes::SQL. @throws RuntimeError of the store
-    void Inicializa_Lista();
+    /// Funcoes::SQL. Called again while it runs (the user clicks twice) it does nothing: the call
+    /// that runs prepares the panel.
+    /// @return false when the form was closed meanwhile, so that there is nothing to show; the
+    /// panel
+    ///         itself may be gone then
+    /// @throws RuntimeError of the store
+    bool Inicializa_Lista();
 
     /// Asks before unsaved changes are given up. Does not forget them: whoever goes on clears the
     /// setlist, or is asked again.
@@ -57,6 +62,7 @@ private:
     void Preenche_Temas();
     void Preenche_Musicas_Disponiveis();
     void Oferece_Musicas();
+    void Oferece_Ao_Entrar();
     void Carrega_Lista(const QString& id);
     void Copia_Lista(const QString& id);
     void Carrega_Musicas(const QString& id);
@@ -92,7 +98,7 @@ private:
     void Conclui(const QString& mensagem);
 
     // The grid of stored setlists.
-    void Preenche_Listas();
+    bool Preenche_Listas();
     void Abre_Lista(double Id);
     void lstLista_DblClick();
     void lstLista_KeyDown();
@@ -110,5 +116,6 @@ private:
     std::int16_t Indice_Selecionada = -1;
     Unattended m_oferta;
     std::optional<RuntimeError> m_falhaFiltro; ///< shown already, while its apostrophe stands
-    bool m_inicializando = false;
+    bool m_preparando = false;                 ///< Inicializa_Lista runs
+    bool m_preenchendoTemas = false;
 };

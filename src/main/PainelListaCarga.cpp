@@ -7,22 +7,36 @@
 #include "main/Datas.h"
 #include "main/SQL_Lista.h"
 #include "store/Connection.h"
+#include "store/NotUnderstood.h"
 #include "store/Preenche.h"
 
+#include <QPointer>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 
-void PainelLista::Inicializa_Lista()
+bool PainelLista::Inicializa_Lista()
 {
-    Preenche_Listas();
+    if (m_preparando)
+        return true;
+    m_preparando = true;
+    const QPointer<PainelLista> vivo(this);
+    const auto fim = qScopeGuard([vivo] {
+        if (vivo)
+            vivo->m_preparando = false;
+    });
+    if (!Preenche_Listas())
+        return false;
     cmdLimpar_Click();
+    if (!vivo || !Funcoes::Conexao.IsOpen())
+        return false;
     Preenche_Temas();
-    Oferece_Musicas();
+    Oferece_Ao_Entrar();
+    return true;
 }
 
 void PainelLista::Preenche_Temas()
 {
-    // Choosing "TODAS" is a click, so songs are offered from inside this fill already.
-    const QScopedValueRollback<bool> inicializando(m_inicializando, true);
+    const QScopedValueRollback<bool> preenchendo(m_preenchendoTemas, true);
     Funcoes::SQL = SQL_Lista::Temas();
     Funcoes::Preenche_Combo(*ui->cmbTema, Funcoes::SQL, Value(-1), true, QStringLiteral("TODAS"));
 }
@@ -43,22 +57,36 @@ void PainelLista::Preenche_Musicas_Disponiveis()
     m_falhaFiltro.reset();
 }
 
-/// Offers songs where nobody asks for them on purpose. An apostrophe in the filter makes a
-/// statement that fails; while it stands every letter behind it fails in other words, and the panel
-/// must still come up. So the first of these failures stands for all.
+/// Offers songs while the filter is typed. An apostrophe in it makes a statement that nobody
+/// understands; while it stands every letter behind it fails in other words. So the first of these
+/// failures stands for all. Any other failure is shown for itself.
 void PainelLista::Oferece_Musicas()
 {
     m_oferta.Run([this] {
+        const bool apostrofo = ui->txtFiltro->text().contains(u'\'');
+        if (!apostrofo)
+            m_falhaFiltro.reset();
         try {
             Preenche_Musicas_Disponiveis();
-        } catch (const RuntimeError& falha) {
-            const bool conhecida = m_falhaFiltro && m_falhaFiltro->Number() == falha.Number() &&
-                                   ui->txtFiltro->text().contains(u'\'');
-            if (!conhecida)
+        } catch (const NotUnderstood& falha) {
+            if (!apostrofo)
+                throw;
+            if (!m_falhaFiltro)
                 m_falhaFiltro = falha;
             throw RuntimeError(*m_falhaFiltro);
         }
     });
+}
+
+/// Offers songs when the panel comes up, which an apostrophe that was told of must not hinder.
+void PainelLista::Oferece_Ao_Entrar()
+{
+    try {
+        Preenche_Musicas_Disponiveis();
+    } catch (const NotUnderstood&) {
+        if (!m_falhaFiltro)
+            throw;
+    }
 }
 
 void PainelLista::Carrega_Lista(const QString& id)
@@ -117,8 +145,7 @@ void PainelLista::optTipo_Click()
 
 void PainelLista::cmbTema_Click()
 {
-    if (m_inicializando)
-        Oferece_Musicas();
-    else
+    // Filling the themes chooses one; the songs are offered once they are all there.
+    if (!m_preenchendoTemas)
         Preenche_Musicas_Disponiveis();
 }

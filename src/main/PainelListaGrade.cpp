@@ -14,12 +14,14 @@
 #include <QCoreApplication>
 #include <QPointer>
 
-void PainelLista::Preenche_Listas()
+/// Fills the grid of stored setlists.
+/// @return false when the form was closed while events ran; the panel itself may be gone then
+bool PainelLista::Preenche_Listas()
 {
     const QPointer<PainelLista> vivo(this);
     QCoreApplication::processEvents();
     if (!vivo || !Funcoes::Conexao.IsOpen())
-        return; // the form was closed meanwhile
+        return false;
     ui->lstLista->Limpa();
     Funcoes::Consulta = Funcoes::Conexao.Execute(SQL_Lista::Listas());
     Recordset listas = Funcoes::Consulta;
@@ -34,6 +36,7 @@ void PainelLista::Preenche_Listas()
     ui->lstLista->Preenche(std::move(linhas));
     ui->lblResultado2->setText(QString::number(quantas) % u" Registro(s) Encontrado(s).");
     Funcoes::Consulta.Close();
+    return true;
 }
 
 void PainelLista::Abre_Lista(double Id)

@@ -11,6 +11,8 @@
 #include "runtime/Number.h"
 #include "store/Connection.h"
 
+#include <QPointer>
+
 namespace {
 
 void Executa(const QString& sql)
@@ -62,7 +64,8 @@ void PainelLista::Altera_Lista(double identidade, const QString& nome, const QSt
 }
 
 /// Stores the songs on screen. The first of them that is stored ends the unsaved changes, even when
-/// a later one fails; without any song they stay.
+/// a later one fails; without any song they stay. So they do where a failure took the songs before
+/// it along: the store has then undone the whole batch.
 void PainelLista::Grava_Musicas(double identidade)
 {
     const ListBox& escolha = *ui->lstMusicasSelecionadas;
@@ -70,8 +73,8 @@ void PainelLista::Grava_Musicas(double identidade)
         return;
     const QString id = Number::ToText(identidade);
     const auto confirma = [this] {
-        Funcoes::Conexao.CommitBatch();
-        Marca_Modificada(false);
+        if (Funcoes::Conexao.CommitBatch())
+            Marca_Modificada(false);
     };
     for (int i = 0; i < escolha.ListCount(); ++i) {
         try {
@@ -95,14 +98,20 @@ void PainelLista::Exclui_Lista(const QString& id)
 /// @param mensagem  what went well; it is shown once it is durable
 void PainelLista::Conclui(const QString& mensagem)
 {
+    const QPointer<PainelLista> vivo(this);
+    const auto continua = [&vivo] { return vivo && Funcoes::Conexao.IsOpen(); };
     Funcoes::Mostra_Mensagem(this, mensagem, Icone::Informacao);
+    if (!continua())
+        return; // the form was closed while the box was open
     cmdLimpar_Click();
-    Preenche_Listas();
+    if (continua())
+        Preenche_Listas();
 }
 
 void PainelLista::cmdLimpar_Click()
 {
-    if (!Verifica_Modificacoes())
+    const QPointer<PainelLista> vivo(this);
+    if (!Verifica_Modificacoes() || !vivo)
         return;
     Marca_Identidade(QStringLiteral("0"));
     ui->txtNome->clear();

@@ -150,7 +150,8 @@ void frmPrincipal::mnuCadastro_Click()
 
 void frmPrincipal::mnuLista_Click()
 {
-    Inicializa_Lista();
+    if (!Inicializa_Lista())
+        return; // closed meanwhile, perhaps deleted
     Mostra_Painel(QuadroLista);
     ui->pctFrame_1->Foca_Nome();
 }
@@ -228,9 +229,9 @@ bool frmPrincipal::Verifica_Modificacoes()
     return ui->pctFrame_1->Verifica_Modificacoes();
 }
 
-void frmPrincipal::Inicializa_Lista()
+bool frmPrincipal::Inicializa_Lista()
 {
-    ui->pctFrame_1->Inicializa_Lista();
+    return ui->pctFrame_1->Inicializa_Lista();
 }
 
 void frmPrincipal::Inicializa_Cadastro(double id)

@@ -55,7 +55,8 @@ protected:
     /// @return true when the setlist has no unsaved changes or the user gives them up
     virtual bool Verifica_Modificacoes();
 
-    virtual void Inicializa_Lista();
+    /// @return false when the form was closed meanwhile; it may be gone then
+    virtual bool Inicializa_Lista();
 
     /// Imports an exchange file. @param caminho  its path
     virtual void Importa_Musicas(const QString& caminho);

@@ -57,10 +57,9 @@ Recordset Connection::Execute(const QString& sql)
     return database.Execute(sql);
 }
 
-void Connection::CommitBatch()
+bool Connection::CommitBatch()
 {
-    if (m_database)
-        m_database->Commit();
+    return m_database && m_database->Commit();
 }
 
 void Connection::SetStatementHook(StatementHook hook)

@@ -49,9 +49,11 @@ public:
     ///         TypeMismatch for values that a column cannot hold
     Recordset Execute(const QString& sql);
 
-    /// Makes durable what was changed since the last commit; without an open batch does nothing.
+    /// Makes durable what was changed since the last commit.
+    /// @return false when there was no batch to commit: nothing was changed, or a statement failed
+    ///         in a way that made SQLite undo the batch (a full disk, a file that cannot be read)
     /// @throws RuntimeError StoreFailure; the batch is then rolled back, and WhatFailed says so
-    void CommitBatch();
+    bool CommitBatch();
 
     /// For tests: sees every statement as it was handed in. An empty hook removes it.
     void SetStatementHook(StatementHook hook);

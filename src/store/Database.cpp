@@ -219,10 +219,10 @@ Recordset Connection::Database::Run(Statement& statement, const Translation& tra
     return {};
 }
 
-void Connection::Database::Commit()
+bool Connection::Database::Commit()
 {
     if (!InBatch())
-        return;
+        return false;
     try {
         RunKept("COMMIT");
     } catch (const RuntimeError& error) {
@@ -232,6 +232,7 @@ void Connection::Database::Commit()
         throw RuntimeError(error.Number(), error.WhatFailed() + QStringView(Failure::Undone),
                            error.Description());
     }
+    return true;
 }
 
 void Connection::Database::Undo() noexcept

@@ -22,7 +22,8 @@ public:
     Database& operator=(const Database&) = delete;
 
     Recordset Execute(const QString& sql);
-    void Commit();
+    /// @return whether there was a batch to commit
+    bool Commit();
 
 private:
     struct CloseHandle

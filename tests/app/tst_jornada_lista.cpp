@@ -2,6 +2,7 @@
 #include "app/VirtualScreen.h"
 #include "support/PlainSqlite.h"
 
+#include <QDate>
 #include <QTest>
 
 /// The program itself on a screen of its own: a setlist is built, ordered, stored, copied,
@@ -83,8 +84,14 @@ void tst_Jornada_Lista::aSetlistFromItsFirstSongToItsEnd()
     Answer(form, {u"Tab"_qs, u"Tab"_qs, u"Menu"_qs});
     Answer(dialog, {u"alt+c"_qs, u"space"_qs});
     Answer(form, {u"alt+s"_qs});
+    const QDate today = QDate::currentDate();
     Answer(box, {});
     QCOMPARE(Setlists(), u"Ensaio|Cópia de Ensaio"_qs);
+    const QString copied = Rows(u"SELECT DATA FROM LISTA WHERE ID = 2"_qs).first().first();
+    // Over midnight it is tomorrow's.
+    QVERIFY2(copied == today.toString(Qt::ISODate) ||
+                 copied == today.addDays(-1).toString(Qt::ISODate),
+             qPrintable(copied));
     QCOMPARE(Places(2), Places(1));
     m_screen.Press({u"Return"_qs});
 
@@ -97,7 +104,23 @@ void tst_Jornada_Lista::aSetlistFromItsFirstSongToItsEnd()
     Answer(viewer("Canto"), {u"p"_qs});
     Answer(viewer("Bem"), {u"p"_qs, u"a"_qs}); // and none after the last
     Answer(viewer("Canto"), {u"Escape"_qs});
+
+    // The same by the dialog's first button.
     Answer(form, {u"Menu"_qs});
+    Answer(dialog, {u"alt+a"_qs});
+    Answer(viewer("Amor"), {u"Escape"_qs});
+
+    // Brought back for editing it loses its first song, and the place of the next one is free.
+    Answer(form, {u"Menu"_qs});
+    Answer(dialog, {u"alt+e"_qs, u"space"_qs});
+    Answer(form,
+           QStringList(5, u"shift+Tab"_qs) + QStringList({u"Home"_qs, u"Delete"_qs, u"alt+s"_qs}));
+    Answer(box, {}); // it was changed
+    QCOMPARE(Setlists(), u"Ensaio|Cópia de Ensaio"_qs);
+    QCOMPARE(Places(2), u"0:3,1:2"_qs);
+    QCOMPARE(Places(1), u"0:1,1:3,2:2"_qs);
+    m_screen.Press({u"Return"_qs});
+    Answer(form, {u"Tab"_qs, u"Tab"_qs, u"Menu"_qs});
     Answer(dialog, {u"alt+e"_qs, u"alt+e"_qs, u"space"_qs});
     Answer(box, {u"Return"_qs}); // yes
     QTRY_COMPARE(Setlists(), u"Ensaio"_qs);

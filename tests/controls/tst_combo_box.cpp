@@ -9,6 +9,7 @@
 #include <QTest>
 #include <QWheelEvent>
 
+#include <functional>
 #include <memory>
 #include <utility>
 
@@ -28,6 +29,8 @@ private slots:
     void choosing_the_same_item_again_raises();
     void choosing_by_key_raises_once();
     void a_choice_after_one_by_code_raises();
+    void a_choice_by_code_while_the_list_is_open_hides_no_choice();
+    void a_handler_that_chooses_another_item_is_called_once_for_the_users();
     void the_wheel_over_a_box_without_focus_chooses_nothing();
     void choosing_inside_a_fill_raises_at_once();
     void a_handler_may_fill_the_box_anew();
@@ -38,7 +41,7 @@ private slots:
 
 private:
     void Fill(int count = 4);
-    void ChooseInPopup(int row);
+    void ChooseInPopup(int row, const std::function<void()>& whileOpen = {});
 
     std::unique_ptr<ComboBox> m_box;
     std::unique_ptr<QSignalSpy> m_clicks;
@@ -67,13 +70,15 @@ void tst_combo_box::Fill(int count)
     }
 }
 
-void tst_combo_box::ChooseInPopup(int row)
+void tst_combo_box::ChooseInPopup(int row, const std::function<void()>& whileOpen)
 {
     QTest::mouseClick(m_box.get(), Qt::LeftButton);
     QAbstractItemView* list = m_box->view();
     QTRY_VERIFY(list->isVisible());
     // The release of the click that opened the popup must not be taken for a choice.
     QTest::qWait(QApplication::doubleClickInterval() + 50);
+    if (whileOpen)
+        whileOpen();
     QTest::mouseMove(list->viewport(), list->visualRect(list->model()->index(row, 0)).center());
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
                       list->visualRect(list->model()->index(row, 0)).center());
@@ -169,6 +174,30 @@ void tst_combo_box::a_choice_after_one_by_code_raises()
     m_box->SetListIndex(0);
     ChooseInPopup(0);
     QCOMPARE(m_clicks->size(), 4);
+}
+
+void tst_combo_box::a_choice_by_code_while_the_list_is_open_hides_no_choice()
+{
+    Fill();
+    m_box->SetListIndex(0);
+    ChooseInPopup(1, [this] { m_box->SetListIndex(1); });
+    QCOMPARE(m_box->ListIndex(), 1);
+    QCOMPARE(m_clicks->size(), 3);
+    ChooseInPopup(3, [this] { m_box->SetListIndex(2); });
+    QCOMPARE(m_box->ListIndex(), 3);
+    QCOMPARE(m_clicks->size(), 5);
+}
+
+void tst_combo_box::a_handler_that_chooses_another_item_is_called_once_for_the_users()
+{
+    Fill();
+    connect(m_box.get(), &ComboBox::Click, m_box.get(), [this] {
+        if (m_box->ListIndex() == 2)
+            m_box->SetListIndex(3);
+    });
+    ChooseInPopup(2);
+    QCOMPARE(m_box->ListIndex(), 3);
+    QCOMPARE(m_clicks->size(), 2);
 }
 
 void tst_combo_box::the_wheel_over_a_box_without_focus_chooses_nothing()

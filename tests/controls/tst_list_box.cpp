@@ -28,6 +28,7 @@ private slots:
     void a_click_beside_the_items_raises_nothing();
     void keys_choose_and_raise();
     void a_double_click_is_one_click_and_one_double_click();
+    void a_double_click_that_ends_on_another_item_clicks_that_one();
     void the_right_button_changes_nothing();
     void arriving_focus_makes_no_current_item();
     void removing_the_current_item_leaves_none_and_raises_nothing();
@@ -187,6 +188,18 @@ void tst_list_box::a_double_click_is_one_click_and_one_double_click()
     QCOMPARE(doubles.size(), 1);
     QTest::mouseDClick(m_list->viewport(), Qt::LeftButton, {}, QPoint(50, 250));
     QCOMPARE(doubles.size(), 1);
+}
+
+void tst_list_box::a_double_click_that_ends_on_another_item_clicks_that_one()
+{
+    Fill(ListBox::SingleChoice);
+    QList<int> told;
+    connect(m_list, &ListBox::Click, m_list, [&] { told.append(m_list->ListIndex()); });
+    MouseOn(1);
+    QTest::mouseDClick(m_list->viewport(), Qt::LeftButton, {}, CentreOf(2));
+    QTest::mouseRelease(m_list->viewport(), Qt::LeftButton, {}, CentreOf(2));
+    QCOMPARE(m_list->ListIndex(), 2);
+    QCOMPARE(told, QList<int>({1, 2}));
 }
 
 void tst_list_box::the_right_button_changes_nothing()

@@ -25,12 +25,16 @@ private slots:
     void backspaceTakesTheDigitBeforeTheCaret();
     void backspaceGoesOverTheSlash();
     void deleteTakesTheDigitBehindTheCaret();
+    void deleteStaysInItsField_data();
+    void deleteStaysInItsField();
     void deleteAndThenADigitCorrectsInPlace();
     void aSelectionIsEmptiedAndNothingMoves_data();
     void aSelectionIsEmptiedAndNothingMoves();
     void cuttingTakesTheTextAlong();
     void pasting_data();
     void pasting();
+    void pastingOverAPart_data();
+    void pastingOverAPart();
     void pastingAtTheCaretOverwrites();
     void copiesOfUnfinishedDatesCanBePasted();
     void anInputMethodGoesThroughTheMask();
@@ -170,11 +174,36 @@ void tst_mask_edit::deleteTakesTheDigitBehindTheCaret()
     QTest::keyClick(m_box, Qt::Key_Delete);
     QCOMPARE(m_box->text(), u"0_/03/2009"_qs);
     QCOMPARE(m_box->cursorPosition(), 1);
-    QTest::keyClick(m_box, Qt::Key_Delete);
-    QCOMPARE(m_box->text(), u"0_/_3/2009"_qs);
-    for (int i = 0; i < 8; ++i)
+    m_box->setCursorPosition(2);
+    for (int i = 0; i < 2; ++i)
         QTest::keyClick(m_box, Qt::Key_Delete);
-    QCOMPARE(m_box->text(), u"0_/__/____"_qs);
+    QCOMPARE(m_box->text(), u"0_/__/2009"_qs);
+    QCOMPARE(m_box->cursorPosition(), 2);
+}
+
+void tst_mask_edit::deleteStaysInItsField_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<int>("caret");
+    QTest::addColumn<QString>("after");
+    QTest::newRow("an empty day") << u"__/03/2009"_qs << 0 << u"__/03/2009"_qs;
+    QTest::newRow("empty up to the year") << u"__/__/2009"_qs << 0 << u"__/__/2009"_qs;
+    QTest::newRow("behind the day's only digit") << u"0_/03/2009"_qs << 1 << u"0_/03/2009"_qs;
+    QTest::newRow("before the day's only digit") << u"_5/03/2009"_qs << 0 << u"__/03/2009"_qs;
+    QTest::newRow("at the day's end: the month") << u"05/03/2009"_qs << 2 << u"05/_3/2009"_qs;
+    QTest::newRow("at the end of the day, no month") << u"05/__/2009"_qs << 2 << u"05/__/2009"_qs;
+    QTest::newRow("at the end") << u"05/03/2009"_qs << 10 << u"05/03/2009"_qs;
+}
+
+void tst_mask_edit::deleteStaysInItsField()
+{
+    QFETCH(QString, before);
+    QFETCH(int, caret);
+    QFETCH(QString, after);
+    Write(before, caret);
+    QTest::keyClick(m_box, Qt::Key_Delete);
+    QCOMPARE(m_box->text(), after);
+    QCOMPARE(m_box->cursorPosition(), caret);
 }
 
 void tst_mask_edit::deleteAndThenADigitCorrectsInPlace()
@@ -249,6 +278,58 @@ void tst_mask_edit::pasting()
     m_box->selectAll();
     QApplication::clipboard()->setText(clipboard);
     QTest::keyClick(m_box, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(m_box->text(), text);
+}
+
+void tst_mask_edit::pastingOverAPart_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<int>("from");
+    QTest::addColumn<int>("length");
+    QTest::addColumn<QString>("clipboard");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("a date over the day, both with 1")
+        << u"15/03/2026"_qs << 0 << 2 << u"12/04/2026"_qs << u"12/04/2026"_qs;
+    QTest::newRow("a date over the day, both with 2")
+        << u"25/12/1999"_qs << 0 << 2 << u"21/11/2001"_qs << u"21/11/2001"_qs;
+    QTest::newRow("a date over month and year")
+        << u"05/12/2009"_qs << 3 << 7 << u"15/04/2010"_qs << u"15/04/2010"_qs;
+    QTest::newRow("a date over the year")
+        << u"05/03/2009"_qs << 6 << 4 << u"20/12/2010"_qs << u"20/12/2010"_qs;
+    QTest::newRow("a date of the same end over the month")
+        << u"05/03/2009"_qs << 3 << 2 << u"01/03/2009"_qs << u"01/03/2009"_qs;
+    QTest::newRow("a date without zeros over the day")
+        << u"15/03/2026"_qs << 0 << 2 << u"1/4/2026"_qs << u"01/04/2026"_qs;
+    QTest::newRow("a date as the grid shows it over the year")
+        << u"05/03/2009"_qs << 6 << 4 << u"2010-12-20"_qs << u"20/12/2010"_qs;
+    QTest::newRow("the day's digits and a blank over all")
+        << u"20/12/1999"_qs << 0 << 10 << u"20 "_qs << u"20/__/____"_qs;
+    QTest::newRow("the same day over the day")
+        << u"20/12/1999"_qs << 0 << 2 << u" 20"_qs << u"20/12/1999"_qs;
+    QTest::newRow("one digit over the day")
+        << u"15/03/2026"_qs << 0 << 2 << u"1"_qs << u"1_/03/2026"_qs;
+    QTest::newRow("words over the day")
+        << u"15/03/2026"_qs << 0 << 2 << u"dia"_qs << u"15/03/2026"_qs;
+    QTest::newRow("too many digits over the year")
+        << u"05/03/2009"_qs << 6 << 4 << u"20091"_qs << u"05/03/2009"_qs;
+}
+
+void tst_mask_edit::pastingOverAPart()
+{
+    QFETCH(QString, before);
+    QFETCH(int, from);
+    QFETCH(int, length);
+    QFETCH(QString, clipboard);
+    QFETCH(QString, text);
+    QApplication::clipboard()->setText(clipboard);
+    Write(before, 0);
+    m_box->setSelection(from, length);
+    QTest::keyClick(m_box, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(m_box->text(), text);
+    // Selected from the right, the caret stands at the selection's beginning.
+    Write(before, 0);
+    m_box->setSelection(from + length, -length);
+    m_box->paste();
     QCOMPARE(m_box->text(), text);
 }
 

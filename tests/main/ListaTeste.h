@@ -99,6 +99,11 @@ protected:
             Clica_Duas_Vezes("lstMusicasLista", linha);
     }
 
+    /// Clicks a song of the setlist. @param linha  position from 0
+    void Seleciona(int linha) const { Clica_Item("lstMusicasSelecionadas", linha); }
+    /// @return the position of the setlist's current song from 0, -1 for none
+    int Atual() const { return Acha<ListBox>("lstMusicasSelecionadas")->ListIndex(); }
+
     /// Double clicks a stored setlist and does something with the dialog that comes up.
     void Na_Lista(int linha, const std::function<void(QWidget&)>& faz)
     {

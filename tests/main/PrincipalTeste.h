@@ -76,10 +76,10 @@ protected:
             enquantoPergunta();
         return frmPrincipal::Verifica_Modificacoes() && aceita;
     }
-    void Inicializa_Lista() override
+    bool Inicializa_Lista() override
     {
         chamadas.append(u"Inicializa_Lista"_qs);
-        frmPrincipal::Inicializa_Lista();
+        return frmPrincipal::Inicializa_Lista();
     }
     void Importa_Musicas(const QString& caminho) override
     {

@@ -28,11 +28,8 @@ private slots:
     void removingWithoutACurrentSongFailsAndChangesNothing();
     void arrowButtonsMoveAndLeaveTheFlagAlone();
     void arrowButtonsStopAtTheEnds();
-    void shiftAndArrowsMoveAndSetTheFlag();
-    void shiftWithAnyKeySetsTheFlagAndIsSwallowed();
-    void theShiftKeyAloneIsNoKeyPressedWithIt();
-    void otherShiftCombinationsDoNothing_data();
-    void otherShiftCombinationsDoNothing();
+    void theArrowsMoveTheSongThatASecondPressMet();
+    void loadingTellsTheCurrentSong();
     void withoutACurrentSongUpDoesNothingAndDownFails();
     void clearingStartsANewSetlist();
     void clearingKeepsTheFiltersAndTheOffer();
@@ -49,8 +46,6 @@ private slots:
 
 private:
     void Carrega_Com_Quatro();
-    void Seleciona(int linha) { Clica_Item("lstMusicasSelecionadas", linha); }
-    int Atual() const { return Acha<ListBox>("lstMusicasSelecionadas")->ListIndex(); }
 };
 
 void tst_lista_edicao::Carrega_Com_Quatro()
@@ -299,68 +294,39 @@ void tst_lista_edicao::arrowButtonsStopAtTheEnds()
     QCOMPARE(Atual(), 3);
 }
 
-void tst_lista_edicao::shiftAndArrowsMoveAndSetTheFlag()
+void tst_lista_edicao::theArrowsMoveTheSongThatASecondPressMet()
 {
-    m_catalogo->AddSetlist(u"Ensaio"_qs, QDate(2009, 3, 5),
-                           {Musica(u"Amor"_qs), Musica(u"Bem"_qs), Musica(u"Canto"_qs)});
-    Carrega();
-    Responde(0, "cmdEditar");
-    Seleciona(2);
-    Tecla("lstMusicasSelecionadas", Qt::Key_Up, Qt::ShiftModifier);
-    QCOMPARE(Titulos(), QStringList({u"Amor"_qs, u"Canto"_qs, u"Bem"_qs}));
-    QCOMPARE(Atual(), 1);
-    QCOMPARE(Modificada(), u"1"_qs);
-    Tecla("lstMusicasSelecionadas", Qt::Key_Up, Qt::ShiftModifier | Qt::KeypadModifier);
-    QCOMPARE(Titulos(), QStringList({u"Canto"_qs, u"Amor"_qs, u"Bem"_qs}));
-    Tecla("lstMusicasSelecionadas", Qt::Key_Down, Qt::ShiftModifier);
-    QCOMPARE(Titulos(), QStringList({u"Amor"_qs, u"Canto"_qs, u"Bem"_qs}));
+    Carrega_Com_Quatro();
+    Seleciona(0);
+    auto* lista = Acha<ListBox>("lstMusicasSelecionadas");
+    const QPoint outra = Lugar(lista, 2);
+    QTest::mouseDClick(lista->viewport(), Qt::LeftButton, {}, outra);
+    QTest::mouseRelease(lista->viewport(), Qt::LeftButton, {}, outra);
+    QCOMPARE(Atual(), 2);
+    Clica("cmdDown");
+    QCOMPARE(Titulos(), QStringList({u"Amor"_qs, u"Bondade"_qs, u"Deus"_qs, u"Canto"_qs}));
+    QCOMPARE(Atual(), 3);
 }
 
-void tst_lista_edicao::shiftWithAnyKeySetsTheFlagAndIsSwallowed()
+void tst_lista_edicao::loadingTellsTheCurrentSong()
 {
-    m_catalogo->AddSetlist(u"Ensaio"_qs, QDate(2009, 3, 5),
-                           {Musica(u"Amor"_qs), Musica(u"Bem"_qs)});
+    const qint64 amor = Musica(u"Amor"_qs);
+    const qint64 bem = Musica(u"Bem"_qs);
+    m_catalogo->AddSetlist(u"Duas"_qs, QDate(2009, 3, 6), {amor, bem});
+    m_catalogo->AddSetlist(u"Uma"_qs, QDate(2009, 3, 5), {amor});
     Carrega();
-    const QList<Qt::Key> teclas{Qt::Key_End, Qt::Key_B, Qt::Key_Delete, Qt::Key_Space};
-    for (const Qt::Key tecla : teclas) {
-        Responde(0, "cmdEditar");
-        Seleciona(0);
-        QCOMPARE(Modificada(), u"0"_qs);
-        Tecla("lstMusicasSelecionadas", tecla, Qt::ShiftModifier);
-        QCOMPARE(Modificada(), u"1"_qs);
-        QCOMPARE(Atual(), 0);
-        QCOMPARE(Titulos(), QStringList({u"Amor"_qs, u"Bem"_qs}));
-    }
-}
-
-void tst_lista_edicao::theShiftKeyAloneIsNoKeyPressedWithIt()
-{
-    Carrega();
-    Tecla("lstMusicasSelecionadas", Qt::Key_Shift);
-    Tecla("lstMusicasSelecionadas", Qt::Key_Shift, Qt::ShiftModifier);
-    QCOMPARE(Modificada(), u"0"_qs);
-}
-
-void tst_lista_edicao::otherShiftCombinationsDoNothing_data()
-{
-    QTest::addColumn<int>("modifiers");
-    QTest::newRow("Shift and Ctrl") << int(Qt::ShiftModifier | Qt::ControlModifier);
-    QTest::newRow("Shift and Alt") << int(Qt::ShiftModifier | Qt::AltModifier);
-    QTest::newRow("Ctrl") << int(Qt::ControlModifier);
-}
-
-void tst_lista_edicao::otherShiftCombinationsDoNothing()
-{
-    QFETCH(int, modifiers);
-    m_catalogo->AddSetlist(u"Ensaio"_qs, QDate(2009, 3, 5),
-                           {Musica(u"Amor"_qs), Musica(u"Bem"_qs)});
-    Carrega();
-    Responde(0, "cmdEditar");
+    Adiciona({0, 1});
     Seleciona(1);
-    for (const Qt::Key tecla : {Qt::Key_Up, Qt::Key_Delete})
-        Tecla("lstMusicasSelecionadas", tecla, Qt::KeyboardModifiers(modifiers));
+    Responde(0, "cmdEditar");
+    QCOMPARE(Atual(), -1);
+    Clica("cmdUp"); // no song is current, though the second one was before
     QCOMPARE(Titulos(), QStringList({u"Amor"_qs, u"Bem"_qs}));
-    QCOMPARE(Modificada(), u"0"_qs);
+    Responde(1, "cmdEditar");
+    QCOMPARE(Atual(), 0); // the only one there is
+    Adiciona({1});
+    Clica("cmdDown");
+    QCOMPARE(Titulos(), QStringList({u"Bem"_qs, u"Amor"_qs}));
+    QCOMPARE(Caixas(), QStringList());
 }
 
 void tst_lista_edicao::withoutACurrentSongUpDoesNothingAndDownFails()

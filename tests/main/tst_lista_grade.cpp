@@ -37,6 +37,11 @@ private slots:
     void accessKeysAnswer();
     void aSharedAccessKeyTakesTurns();
     void theDialogResetsTheIdentityBeforeItAnswers();
+    void excluirIsNoChoiceWhileItAsks();
+    void aColumnMadeWiderKeepsItsShare();
+    void sortingIgnoresItsErrors();
+    void datesWrittenInAnotherWay();
+    void setlistsOfTheSameDay();
     void twoConversions_data();
     void twoConversions();
 
@@ -365,6 +370,105 @@ void tst_lista_grade::theDialogResetsTheIdentityBeforeItAnswers()
     });
     QCOMPARE(Identidade(), u"0"_qs);
     QCOMPARE(Modificada(), u"0"_qs);
+}
+
+void tst_lista_grade::excluirIsNoChoiceWhileItAsks()
+{
+    m_catalogo->AddSetlist(u"A"_qs, QDate(2009, 3, 5));
+    Carrega();
+    QList<int> respostas;
+    m_caixas->whileOpen = [&] { respostas.append(Funcoes::Resposta_Mensagem); };
+    m_caixas->answer = false;
+    Responde(0, "cmdExcluir");
+    QCOMPARE(Caixas(), QStringList({u"Deseja realmente excluir essa lista?"_qs}));
+    QCOMPARE(respostas, QList<int>({4}));
+    QCOMPARE(int{Funcoes::Resposta_Mensagem}, 4);
+    m_caixas->answer = true;
+    m_caixas->whileOpen = [&] {
+        if (respostas.size() == 1)
+            respostas.append(Funcoes::Resposta_Mensagem);
+    };
+    Responde(0, "cmdExcluir");
+    QCOMPARE(respostas, QList<int>({4, 4}));
+    QCOMPARE(int{Funcoes::Resposta_Mensagem}, 5);
+}
+
+void tst_lista_grade::aColumnMadeWiderKeepsItsShare()
+{
+    m_catalogo->AddSetlist(u"A"_qs, QDate(2009, 3, 5));
+    Carrega();
+    auto* grade = Acha<GradeListas>("lstLista");
+    const QHeaderView* cabecalho = grade->header();
+    // Until somebody changes it, the date has the room that it needs.
+    const int data = cabecalho->sectionSize(1);
+    int largura = grade->viewport()->width();
+    m_form->resize(m_form->width() + 200, m_form->height());
+    QTRY_VERIFY(grade->viewport()->width() != largura);
+    QCOMPARE(cabecalho->sectionSize(1), data);
+
+    const QPoint borda(cabecalho->sectionSize(0) - 1, cabecalho->height() / 2);
+    const int metade = grade->viewport()->width() / 2;
+    QTest::mousePress(cabecalho->viewport(), Qt::LeftButton, {}, borda);
+    QTest::mouseMove(cabecalho->viewport(), QPoint(metade, borda.y()));
+    QTest::mouseRelease(cabecalho->viewport(), Qt::LeftButton, {}, QPoint(metade, borda.y()));
+    QVERIFY(qAbs(cabecalho->sectionSize(0) - metade) < 8);
+    const double parte = double(cabecalho->sectionSize(0)) / grade->viewport()->width();
+    largura = grade->viewport()->width();
+    m_form->resize(m_form->width() + 150, m_form->height());
+    QTRY_VERIFY(grade->viewport()->width() != largura);
+    QVERIFY(qAbs(cabecalho->sectionSize(0) - parte * grade->viewport()->width()) < 2);
+}
+
+void tst_lista_grade::sortingIgnoresItsErrors()
+{
+    m_catalogo->AddSetlist(u"A"_qs, QDate(2009, 3, 5));
+    m_catalogo->AddSetlist(u"B"_qs, QDate(2008, 3, 5));
+    Carrega();
+    bool falhou = false;
+    auto* grade = Acha<GradeListas>("lstLista");
+    connect(grade->model(), &QAbstractItemModel::layoutAboutToBeChanged, this, [&] {
+        falhou = true;
+        throw std::runtime_error("no memory for another order");
+    });
+    Cabecalho(0);
+    QVERIFY(falhou);
+    QCOMPARE(Caixas(), QStringList());
+    disconnect(grade->model(), nullptr, this, nullptr);
+    QCOMPARE(Grade(), QStringList({u"A|2009-03-05"_qs, u"B|2008-03-05"_qs}));
+}
+
+void tst_lista_grade::datesWrittenInAnotherWay()
+{
+    m_catalogo->Run(u"INSERT INTO LISTA (NOME, DATA) VALUES ('com hora', '2009-03-05 10:20:30'),"
+                    " ('lixo', 'amanhã'), ('vazia', '')"_qs);
+    Carrega();
+    QCOMPARE(Caixas(), QStringList());
+    const QStringList linhas = Grade();
+    QCOMPARE(linhas.size(), 3);
+    QVERIFY(linhas.contains(u"com hora|2009-03-05"_qs));
+    QVERIFY(linhas.contains(u"lixo|"_qs));
+    QVERIFY(linhas.contains(u"vazia|"_qs));
+    for (int i = 0; i < 3; ++i) {
+        Responde(i, "cmdEditar");
+        QCOMPARE(Caixas(), QStringList());
+        QCOMPARE(Texto("txtData"),
+                 Texto("txtNome") == u"com hora" ? u"05/03/2009"_qs : u"__/__/____"_qs);
+    }
+}
+
+void tst_lista_grade::setlistsOfTheSameDay()
+{
+    for (const QString& nome : {u"C"_qs, u"A"_qs, u"B"_qs})
+        m_catalogo->AddSetlist(nome, QDate(2009, 3, 5));
+    Carrega();
+    QStringList linhas = Grade();
+    // Which of them comes first is nobody's concern, but each has its own songs and stays itself.
+    linhas.sort();
+    QCOMPARE(linhas, QStringList({u"A|2009-03-05"_qs, u"B|2009-03-05"_qs, u"C|2009-03-05"_qs}));
+    for (int i = 0; i < 3; ++i) {
+        Responde(i, "cmdEditar");
+        QCOMPARE(Texto("txtNome") + u"|2009-03-05", Grade().at(i));
+    }
 }
 
 void tst_lista_grade::twoConversions_data()

@@ -28,6 +28,8 @@ private slots:
     void anApostropheFailsAgainWhenItComesBack();
     void anApostropheDoesNotKeepThePanelFromComingUp();
     void anApostropheFailsAtEveryClick();
+    void anApostropheEmptiesTheOfferAndEnterOnlyMarksAChange();
+    void twoApostrophesAreOneOfATitle();
     void aFilterOfTenThousandCharacters();
     void twentyThousandSongsAreOfferedAndCanBeAdded();
 };
@@ -262,6 +264,31 @@ void tst_lista_oferta::anApostropheFailsAtEveryClick()
     temas->setFocus();
     QTest::keyClick(temas, Qt::Key_Down);
     QCOMPARE(m_caixas->boxes.size(), 4);
+}
+
+void tst_lista_oferta::anApostropheEmptiesTheOfferAndEnterOnlyMarksAChange()
+{
+    Musica(u"Amor"_qs);
+    Carrega();
+    Digita("txtFiltro", u"'"_qs);
+    QCOMPARE(Caixas().size(), 1);
+    QCOMPARE(Oferecidas(), QStringList());
+    QCOMPARE(Modificada(), u"0"_qs);
+    Tecla("txtFiltro", Qt::Key_Return);
+    QCOMPARE(Selecionadas(), QStringList());
+    QCOMPARE(Texto("lblLista"), u"0 Música(s) Selecionada(s)"_qs);
+    QCOMPARE(Modificada(), u"1"_qs);
+    QCOMPARE(Caixas(), QStringList());
+}
+
+void tst_lista_oferta::twoApostrophesAreOneOfATitle()
+{
+    Musica(u"D'agua"_qs);
+    Musica(u"Dagua"_qs);
+    Carrega();
+    Acha<QLineEdit>("txtFiltro")->setText(u"d''a"_qs);
+    QCOMPARE(Caixas(), QStringList());
+    QCOMPARE(Oferecidas(), QStringList({u"D'agua - Anônimo"_qs}));
 }
 
 void tst_lista_oferta::aFilterOfTenThousandCharacters()

@@ -31,6 +31,8 @@ private slots:
     void theListStaysAsItWasBuilt();
     void emptyFieldsInAnEntry();
     void aSongWithoutACategoryHasNoList();
+    void withoutSongAndSetlistThereIsNoneBeforeOrAfter();
+    void equalTitlesComeByTheirNumber();
     void titlesOfAnyKindAreShownAsTheyAre();
     void theListMeasuresOnlyWhatItShows();
 
@@ -212,6 +214,27 @@ void tst_viewer_list::aSongWithoutACategoryHasNoList()
     QCOMPARE(Entries(viewer), QStringList(u"Não Cadastrado"_qs));
     QCOMPARE(viewer->ID_Musica, 0.0);
     QCOMPARE(Title(viewer), QString());
+}
+
+void tst_viewer_list::withoutSongAndSetlistThereIsNoneBeforeOrAfter()
+{
+    bench->Song(u"Rosa"_qs);
+    const auto viewer = bench->OpenList(0);
+    QCOMPARE(Entries(viewer), QStringList());
+    QCOMPARE(Title(viewer), QString());
+    QCOMPARE(Arrows(viewer), QString());
+}
+
+void tst_viewer_list::equalTitlesComeByTheirNumber()
+{
+    const qint64 zelo = bench->Song(u"Zelo"_qs);
+    for (int i = 0; i < 3; ++i)
+        bench->Song(u"Amar"_qs);
+    const auto viewer = bench->Open(zelo);
+    QStringList numbers;
+    for (const QString& entry : Entries(viewer))
+        numbers.append(entry.section(u' ', 0, 0));
+    QCOMPARE(numbers, QStringList({u"2"_qs, u"3"_qs, u"4"_qs, u"1"_qs}));
 }
 
 void tst_viewer_list::titlesOfAnyKindAreShownAsTheyAre()

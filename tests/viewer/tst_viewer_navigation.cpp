@@ -34,6 +34,7 @@ private slots:
     void anUnknownKeyTakesTheIndexOfTheSongBefore();
     void theWheelChoosesNothing();
     void keysWhileTheListIsOpenAreTheForms();
+    void aSongReachedByKeyWhileTheListIsOpenCanBeChosenAgain();
     void twoViewersStepApart();
     void movingWithoutAConnectionIsOneMessage();
 
@@ -284,6 +285,24 @@ void tst_viewer_navigation::keysWhileTheListIsOpenAreTheForms()
     QCOMPARE(Title(viewer), u"Amar"_qs);
     QTest::keyClick(popup, Qt::Key_Escape);
     QVERIFY(Gone(viewer));
+}
+
+void tst_viewer_navigation::aSongReachedByKeyWhileTheListIsOpenCanBeChosenAgain()
+{
+    const auto viewer = bench->ThreeSongs();
+    QVERIFY(QTest::qWaitForWindowActive(viewer.data()));
+    QTest::mouseClick(List(viewer), Qt::LeftButton);
+    QAbstractItemView* popup = List(viewer)->view();
+    QTRY_VERIFY(popup->isVisible());
+    QTest::qWait(QApplication::doubleClickInterval() + 50);
+    QTest::keyClick(popup, Qt::Key_P);
+    QCOMPARE(Title(viewer), u"Amar"_qs);
+    bench->catalogue.Run(u"UPDATE MUSICA SET TITULO = 'Amarelo' WHERE TITULO = 'Amar'"_qs);
+    const QPoint place = popup->visualRect(popup->model()->index(1, 0)).center();
+    QTest::mouseMove(popup->viewport(), place);
+    QTest::mouseClick(popup->viewport(), Qt::LeftButton, {}, place);
+    QTRY_VERIFY(!popup->isVisible());
+    QCOMPARE(Title(viewer), u"Amarelo"_qs);
 }
 
 void tst_viewer_navigation::theWheelChoosesNothing()

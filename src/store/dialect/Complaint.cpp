@@ -1,6 +1,6 @@
 #include "store/dialect/Complaint.h"
 
-#include "runtime/RuntimeError.h"
+#include "store/NotUnderstood.h"
 
 #include <algorithm>
 
@@ -28,9 +28,9 @@ void Complaint::Throw(bool apostropheLikely, qsizetype place, const QString& wha
     QString whatFailed = QStringLiteral("O banco de dados não entendeu um comando.");
     if (apostropheLikely)
         whatFailed += u" Um apóstrofo (') no texto digitado pode ser a causa.";
-    throw RuntimeError(RuntimeError::StoreFailure, whatFailed,
-                       u"Character " + QString::number(place + 1) + u": " + what + u"\n" +
-                           Excerpt(place));
+    throw NotUnderstood(RuntimeError::StoreFailure, whatFailed,
+                        u"Character " + QString::number(place + 1) + u": " + what + u"\n" +
+                            Excerpt(place));
 }
 
 QString Complaint::Excerpt(qsizetype place) const
