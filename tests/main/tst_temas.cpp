@@ -34,6 +34,7 @@ private slots:
     void deletingNeedsACurrentItem();
     void deletingWithShiftToo();
     void otherKeysDeleteNothing();
+    void keyGoesOnToTheList_data();
     void keyGoesOnToTheList();
     void searchPanelKeepsItsThemes();
     void committedBeforeAnyMessage();
@@ -386,15 +387,36 @@ void tst_temas::otherKeysDeleteNothing()
     QCOMPARE(m_comandos, QStringList());
 }
 
+void tst_temas::keyGoesOnToTheList_data()
+{
+    QTest::addColumn<int>("tema");
+    QTest::addColumn<bool>("resposta");
+    QTest::addColumn<int>("restam");
+    QTest::newRow("deleted") << 1 << true << 2;
+    QTest::newRow("answered No") << 1 << false << 3;
+    QTest::newRow("in use") << 0 << true << 3;
+}
+
 void tst_temas::keyGoesOnToTheList()
 {
+    QFETCH(int, tema);
+    QFETCH(bool, resposta);
+    QFETCH(int, restam);
+    Musica();
     Carrega();
+    Vai_Ao_Tema(tema);
+    m_caixas->answer = resposta;
+    // Connected last, so it runs when every handler of the signal has ended.
+    int chegou = 0;
+    connect(Temas(), &ListBox::KeyDown, this, [&](const QKeyEvent* evento) {
+        ++chegou;
+        QVERIFY(!evento->isAccepted());
+    });
     QKeyEvent tecla(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier);
-    connect(Temas(), &ListBox::KeyDown, this,
-            [](const QKeyEvent* evento) { QVERIFY(!evento->isAccepted()); });
-    Vai_Ao_Tema(1);
     QCoreApplication::sendEvent(Temas(), &tecla);
-    QCOMPARE(Nomes_Temas().size(), 2);
+    QCOMPARE(chegou, 1);
+    QCOMPARE(m_caixas->boxes.size(), 1);
+    QCOMPARE(Nomes_Temas().size(), restam);
 }
 
 void tst_temas::searchPanelKeepsItsThemes()
