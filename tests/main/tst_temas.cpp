@@ -26,7 +26,11 @@ private slots:
     void unchangedNameDoesNothing_data();
     void unchangedNameDoesNothing();
     void otherLetterCaseIsRefused();
+    void renamingToAnotherThemeIsRefused_data();
+    void renamingToAnotherThemeIsRefused();
     void renamingTakesTheChecksAway();
+    void deletingTheLastThemeEmptiesTheList();
+    void doubledLinksAreCounted();
     void deletingAsksAndRemoves();
     void deletingKeepsTheChecks();
     void deletingRefused();
@@ -453,6 +457,47 @@ void tst_temas::committedBeforeAnyMessage()
     QCOMPARE(vistos,
              QStringList({u"Louvor|Natal|Sem Tema"_qs, u"Louvor|Natal|Sem Tema|Paz"_qs,
                           u"Louvor|Natal|Sem Tema|Paz"_qs, u"Louvor|Advento|Sem Tema|Paz"_qs}));
+}
+
+void tst_temas::renamingToAnotherThemeIsRefused_data()
+{
+    QTest::addColumn<QString>("nome");
+    QTest::newRow("the same letters") << u"Louvor"_qs;
+    QTest::newRow("other letter case") << u"LOUVOR"_qs;
+}
+
+void tst_temas::renamingToAnotherThemeIsRefused()
+{
+    QFETCH(QString, nome);
+    Carrega();
+    Vai_Ao_Tema(1);
+    m_caixas->typed = {nome};
+    Clica_Tema(1, Qt::RightButton);
+    QCOMPARE(m_caixas->boxes.size(), 2);
+    m_caixas->boxes.removeFirst();
+    Confere_Caixa(u"Já existe um Tema com essa descrição."_qs, Icone::Exclamacao);
+    QCOMPARE(Todos(), u"Louvor|Natal|Sem Tema"_qs);
+    QCOMPARE(Alteracoes(), QStringList());
+}
+
+void tst_temas::deletingTheLastThemeEmptiesTheList()
+{
+    m_catalogo->Run(u"DELETE FROM TEMA WHERE ID > 1"_qs);
+    Carrega();
+    Vai_Ao_Tema(0);
+    QTest::keyClick(Temas(), Qt::Key_Delete);
+    QCOMPARE(Nomes_Temas(), QStringList());
+    QCOMPARE(m_catalogo->Field(u"SELECT count(*) FROM TEMA"_qs), u"0"_qs);
+}
+
+void tst_temas::doubledLinksAreCounted()
+{
+    m_catalogo->Link(Musica(), 1);
+    Carrega();
+    Vai_Ao_Tema(0);
+    QTest::keyClick(Temas(), Qt::Key_Delete);
+    Confere_Caixa(u"Não é possível excluir porque existe(m) 2 música(s) cadastradas neste tema."_qs,
+                  Icone::Exclamacao);
 }
 
 QTEST_MAIN(tst_temas)
