@@ -24,3 +24,12 @@ function(melodario_test name)
         set_tests_properties(${name} PROPERTIES TIMEOUT ${T_TIMEOUT})
     endif()
 endfunction()
+
+# melodario_test_at_200(name screen): the test once more, as name_200, at 200 % on a screen of that
+# many pixels across (tests/support/<screen>.json).
+function(melodario_test_at_200 name screen)
+    add_test(NAME ${name}_200 COMMAND ${name})
+    set(platform "offscreen:configfile=${PROJECT_SOURCE_DIR}/tests/support/${screen}.json")
+    set_tests_properties(${name}_200 PROPERTIES LABELS gui ENVIRONMENT
+        "QT_QPA_PLATFORM=${platform};LC_ALL=C.UTF-8;TZ=UTC;QT_SCALE_FACTOR=2;QT_FONT_DPI=96")
+endfunction()

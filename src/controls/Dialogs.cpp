@@ -1,12 +1,19 @@
 #include "controls/Dialogs.h"
 
 #include "controls/Handler.h"
+#include "controls/OneLinePaste.h"
 
+#include <QGuiApplication>
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLayout>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
+#include <QScreen>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -43,6 +50,51 @@ QMessageBox::Icon IconOf(Icone icon)
     return QMessageBox::NoIcon;
 }
 
+/// Keeps a key that is still held down from answering the box that its press has opened.
+class HeldKeys final : public QObject
+{
+public:
+    enum Which { EveryKey, Enter };
+
+    /// @param box  the owner; what it is made of is all there
+    HeldKeys(QDialog& box, Which which)
+        : QObject(&box)
+        , m_which(which)
+    {
+        box.installEventFilter(this);
+        const auto parts = box.findChildren<QWidget*>();
+        for (QWidget* part : parts)
+            part->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        // Accepting the first of the two keeps the key from being taken as an access key.
+        if (event->type() != QEvent::ShortcutOverride && event->type() != QEvent::KeyPress)
+            return false;
+        const auto* key = static_cast<QKeyEvent*>(event);
+        const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+        if (!key->isAutoRepeat() || (m_which == Enter && !enter))
+            return false;
+        event->accept();
+        return true;
+    }
+
+private:
+    Which m_which;
+};
+
+/// @param corner  of a box, on the screen
+/// @return how wide the box may be there, in pixels
+int RoomAt(const QPoint& corner)
+{
+    const QScreen* screen = QGuiApplication::screenAt(corner);
+    if (!screen)
+        screen = QGuiApplication::primaryScreen();
+    return screen->geometry().right() + 1 - corner.x();
+}
+
 class RealDialogs final : public Dialogs
 {
 public:
@@ -50,6 +102,7 @@ public:
     {
         const QPointer<QMessageBox> box = NewBox(parent, text, icon, title);
         box->setStandardButtons(QMessageBox::Ok);
+        new HeldKeys(*box, HeldKeys::EveryKey);
         Execute(box);
         delete box;
     }
@@ -60,6 +113,7 @@ public:
         box->setStandardButtons(QMessageBox::Yes | QMessageBox::No);
         box->setDefaultButton(QMessageBox::Yes);
         box->setEscapeButton(QMessageBox::No);
+        new HeldKeys(*box, HeldKeys::EveryKey);
         const bool yes = Execute(box) == QMessageBox::Yes;
         delete box;
         return yes;
@@ -73,12 +127,20 @@ public:
         box->setWindowTitle(title);
         box->setLabelText(prompt);
         box->setTextValue(initial);
+        box->sizeHint(); // builds the layout
+        const QMargins margins = box->layout()->contentsMargins();
+        const int room =
+            corner ? RoomAt(*corner) - margins.left() - margins.right() - Frame : InputWidth;
         const auto labels = box->findChildren<QLabel*>();
         for (QLabel* label : labels) {
             label->setTextFormat(Qt::PlainText);
             label->setWordWrap(true);
-            label->setMinimumWidth(InputWidth);
+            label->setMinimumWidth(std::clamp(room, 0, InputWidth));
         }
+        const auto edits = box->findChildren<QLineEdit*>();
+        for (QLineEdit* edit : edits)
+            new OneLinePaste(*edit);
+        new HeldKeys(*box, HeldKeys::Enter);
         if (corner)
             box->move(*corner);
         QString answer;
@@ -91,6 +153,8 @@ public:
 private:
     /// A long prompt wraps at this width in pixels, and a path has room to be read.
     static constexpr int InputWidth = 440;
+    /// What a window's frame may take on both sides together, in pixels.
+    static constexpr int Frame = 16;
 
     static QMessageBox* NewBox(QWidget* parent, const QString& text, Icone icon,
                                const QString& title)

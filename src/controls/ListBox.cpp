@@ -3,6 +3,7 @@
 #include "controls/ItemModel.h"
 #include "controls/LongTexts.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -24,6 +25,10 @@ ListBox::ListBox(QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(ScrollPerPixel);
     setMode(SingleChoice);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, const QWidget* now) {
+        if (m_turn.GoneTo(*this, now))
+            emit LostFocus();
+    });
 }
 
 void ListBox::setMode(Mode mode)
@@ -245,13 +250,15 @@ void ListBox::focusInEvent(QFocusEvent* event)
     // NOLINTNEXTLINE(bugprone-parent-virtual-call)
     QAbstractScrollArea::focusInEvent(event);
     viewport()->update();
-    emit GotFocus();
+    if (m_turn.In())
+        emit GotFocus();
 }
 
 void ListBox::focusOutEvent(QFocusEvent* event)
 {
     QListView::focusOutEvent(event);
-    emit LostFocus();
+    if (m_turn.Out(*event))
+        emit LostFocus();
 }
 
 bool ListBox::viewportEvent(QEvent* event)

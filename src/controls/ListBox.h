@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/FocusTurn.h"
 #include "store/ListControl.h"
 
 #include <QListView>
@@ -61,6 +62,7 @@ signals:
     void KeyDown(QKeyEvent* event);
     /// The menu key of the keyboard stands for the right button.
     void MouseUp(Qt::MouseButton button);
+    /// The focus moves within the form; a switch to another window and back tells nothing.
     void GotFocus();
     void LostFocus();
 
@@ -84,6 +86,7 @@ private:
     void ShowWholeText(const QPoint& position, const QPoint& onScreen);
 
     ItemModel* m_items;
+    FocusTurn m_turn;
     Mode m_mode = SingleChoice;
     int m_pressed = -1;         ///< where the left button went down
     bool m_secondPress = false; ///< it was the second one of a double click on the current item

@@ -23,6 +23,9 @@ bool BreaksLine(QChar letter)
 
 QString PastedText(const QMimeData& clipboard)
 {
+    // The clipboard would tell the addresses of copied files as text.
+    if (!clipboard.hasFormat(u"text/plain"_qs))
+        return {};
     QString text = clipboard.text();
     text.replace(u"\r\n"_qs, u"\n"_qs);
     for (QChar& letter : text) {

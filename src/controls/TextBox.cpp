@@ -1,12 +1,20 @@
 #include "controls/TextBox.h"
 
+#include "controls/OneLinePaste.h"
+
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
 TextBox::TextBox(QWidget* parent)
     : QLineEdit(parent)
 {
+    new OneLinePaste(*this);
     connect(this, &QLineEdit::textChanged, this, [this] { emit Change(); });
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, const QWidget* now) {
+        if (m_turn.GoneTo(*this, now))
+            emit LostFocus();
+    });
 }
 
 void TextBox::keyPressEvent(QKeyEvent* event)
@@ -27,11 +35,13 @@ void TextBox::mouseDoubleClickEvent(QMouseEvent* event)
 void TextBox::focusInEvent(QFocusEvent* event)
 {
     QLineEdit::focusInEvent(event);
-    emit GotFocus();
+    if (m_turn.In())
+        emit GotFocus();
 }
 
 void TextBox::focusOutEvent(QFocusEvent* event)
 {
     QLineEdit::focusOutEvent(event);
-    emit LostFocus();
+    if (m_turn.Out(*event))
+        emit LostFocus();
 }

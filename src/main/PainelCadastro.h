@@ -8,6 +8,7 @@
 #include <memory>
 
 class ClickableLabel;
+class Recordset;
 class RichTextBox;
 class ServicosPrincipal;
 class Value;
@@ -34,7 +35,7 @@ public:
 
     /// Prepares the panel and shows version 1. Reads MUSICA, TOM, VARIACAO, TEMA and TEMA_MUSICA;
     /// writes Funcoes::SQL, Consulta, Notas and Notas_Mais. A song that is gone leaves the fields
-    /// as they are.
+    /// as they are, and so does one that cannot be loaded to its end.
     /// @param id  MUSICA.ID; 0 for a new song
     /// @throws RuntimeError of the store
     void Inicializa_Cadastro(double id);
@@ -68,6 +69,8 @@ private:
     // Loading.
     void Prepara_Musica_Nova();
     void Carrega_Musica(double id);
+    void Mostra_Musica(const Recordset& musica, double id);
+    std::function<void()> Guarda_Estado();
     void Preenche_Tons(const Value& selecao);
     void Preenche_Variacoes(const Value& selecao);
     void Preenche_Categorias(int posicao);

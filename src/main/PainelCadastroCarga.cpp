@@ -78,6 +78,18 @@ void PainelCadastro::Carrega_Musica(double id)
     const Recordset musica = Conexao.Execute(SQL);
     if (musica.Eof())
         return;
+    const auto devolve = Guarda_Estado();
+    try {
+        Mostra_Musica(musica, id);
+    } catch (...) {
+        // Half of one song and half of another could be saved over either.
+        devolve();
+        throw;
+    }
+}
+
+void PainelCadastro::Mostra_Musica(const Recordset& musica, double id)
+{
     Guarda_Identidade(Number::ToText(id));
     Habilita_Musica_Guardada(true);
     ui->txtCadTitulo->setText(musica.Fields(u"TITULO").ToText());
@@ -90,7 +102,8 @@ void PainelCadastro::Carrega_Musica(double id)
         versao2 = versao1;
     txtCadLetra[0]->SetTextRTF(Monta_Cifra(versao1, 0, AjusteFonte, true));
     txtCadLetra[1]->SetTextRTF(Monta_Cifra(versao2, 0, AjusteFonte, true));
-    Preenche_Categorias(static_cast<int>(musica.Fields(u"CATEGORIA").ToNumber()) - 1);
+    Preenche_Categorias(
+        Number::ToInteger(static_cast<double>(musica.Fields(u"CATEGORIA").ToNumber())) - 1);
     Preenche_Temas(Temas_Da_Musica(id));
 }
 

@@ -6,6 +6,8 @@
 #include "controls/TextBox.h"
 #include "controls/Twips.h"
 #include "main/Apostrofos.h"
+#include "main/SegundoToque.h"
+#include "main/TecladoVirtual.h"
 #include "store/Connection.h"
 #include "store/Preenche.h"
 
@@ -52,6 +54,9 @@ void Mostra(ListBox& lista, const QWidget& caixa)
     Posiciona(lista, caixa);
     lista.show();
     lista.raise();
+    // The keyboard floats over everything: its keys are to be reached while the list grows.
+    if (auto* teclado = lista.parentWidget()->findChild<TecladoVirtual*>())
+        lista.stackUnder(teclado);
 }
 
 } // namespace
@@ -86,6 +91,8 @@ void Sugestoes::Liga_Titulo()
     ConnectHandler(caixa, &TextBox::LostFocus, this, &Sugestoes::txtCadTitulo_LostFocus);
     ConnectHandler(lstMusicasSemelhantes, &ListBox::DblClick, this,
                    &Sugestoes::lstMusicasSemelhantes_DblClick);
+    ConnectHandler(new SegundoToque(*lstMusicasSemelhantes), &SegundoToque::DblClick, this,
+                   m_abre_musica);
 }
 
 void Sugestoes::Liga_Referencia()

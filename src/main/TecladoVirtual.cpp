@@ -327,8 +327,10 @@ void TecladoVirtual::lblTecla_Click(int indice)
     // As with any keyboard, nobody waits until the key has been processed; each waits for its turn.
     const QPointer<QWidget> alvo = QApplication::focusWidget();
     const auto digita = [this, alvo, indice] {
-        if (alvo)
-            Digita(*alvo, indice);
+        RunHandler([&] {
+            if (alvo)
+                Digita(*alvo, indice);
+        });
     };
     QMetaObject::invokeMethod(this, digita, Qt::QueuedConnection);
 }

@@ -3,12 +3,14 @@
 #include "RecordingDialogs.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 
@@ -40,9 +42,14 @@ private slots:
     void a_message_has_title_icon_and_plain_text();
     void a_question_is_answered_data();
     void a_question_is_answered();
+    void a_held_key_answers_nothing_data();
+    void a_held_key_answers_nothing();
     void an_input_box_gives_what_was_typed();
+    void an_input_box_takes_one_line_of_what_is_pasted();
+    void a_held_enter_leaves_an_input_box_open();
     void an_input_box_that_is_cancelled_gives_an_empty_text();
     void an_input_box_stands_where_it_was_asked_to();
+    void an_input_box_keeps_its_buttons_on_the_screen();
     void a_box_may_go_with_its_form_while_open();
     void a_test_may_put_its_own_door_in_place();
 };
@@ -116,6 +123,71 @@ void tst_dialogs::an_input_box_gives_what_was_typed()
              u"Louvor"_s);
 }
 
+void tst_dialogs::a_held_key_answers_nothing_data()
+{
+    QTest::addColumn<bool>("question");
+    QTest::addColumn<int>("key");
+    QTest::addColumn<bool>("alt");
+    for (const bool question : {true, false}) {
+        const char* box = question ? "question" : "message";
+        QTest::addRow("Enter, %s", box) << question << int{Qt::Key_Return} << false;
+        QTest::addRow("the keypad's Enter, %s", box) << question << int{Qt::Key_Enter} << false;
+        QTest::addRow("Esc, %s", box) << question << int{Qt::Key_Escape} << false;
+    }
+    QTest::addRow("access key of a button, question") << true << int{Qt::Key_Y} << true;
+}
+
+void tst_dialogs::a_held_key_answers_nothing()
+{
+    QFETCH(bool, question);
+    QFETCH(int, key);
+    QFETCH(bool, alt);
+    bool stayed = false;
+    WithNextBox<QMessageBox>([&](QMessageBox& box) {
+        QVERIFY(QTest::qWaitForWindowActive(&box));
+        const Qt::KeyboardModifiers held = alt ? Qt::AltModifier : Qt::NoModifier;
+        for (int i = 0; i < 3 && box.isVisible(); ++i)
+            QTest::simulateEvent(QApplication::focusWidget(), true, key, held, QString(), true);
+        // An access key presses its button at once and lets go of it a little later.
+        const QAbstractButton* yes = box.button(QMessageBox::Yes);
+        stayed = box.isVisible() && !(yes && yes->isDown());
+        if (alt) {
+            QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), held);
+            QVERIFY(yes->isDown());
+        }
+    });
+    if (question)
+        Funcoes::Pergunta(nullptr, u"Deseja?"_s);
+    else
+        Funcoes::Mostra_Mensagem(nullptr, u"Olá"_s, Icone::Informacao);
+    QVERIFY(stayed);
+}
+
+void tst_dialogs::an_input_box_takes_one_line_of_what_is_pasted()
+{
+    WithNextBox<QInputDialog>([](QInputDialog& box) {
+        auto* edit = box.findChild<QLineEdit*>();
+        QGuiApplication::clipboard()->setText(u"\nNatal\r\nPaz\n"_s);
+        QTest::keySequence(edit, QKeySequence::Paste);
+        QTest::keyClick(edit, Qt::Key_Return);
+    });
+    QCOMPARE(Funcoes::Caixa_Entrada(nullptr, u"Nome"_s, u"Tema"_s, {}), u"Natal"_s);
+}
+
+void tst_dialogs::a_held_enter_leaves_an_input_box_open()
+{
+    bool stayed = false;
+    WithNextBox<QInputDialog>([&](QInputDialog& box) {
+        auto* edit = box.findChild<QLineEdit*>();
+        QTest::simulateEvent(edit, true, Qt::Key_Return, Qt::NoModifier, QString(), true);
+        stayed = box.isVisible();
+        QTest::simulateEvent(edit, true, Qt::Key_A, Qt::NoModifier, u"a"_s, true);
+        QTest::keyClick(edit, Qt::Key_Return);
+    });
+    QCOMPARE(Funcoes::Caixa_Entrada(nullptr, u"Nome"_s, u"Tema"_s, {}), u"a"_s);
+    QVERIFY(stayed);
+}
+
 void tst_dialogs::an_input_box_that_is_cancelled_gives_an_empty_text()
 {
     WithNextBox<QInputDialog>([](QInputDialog& box) { box.reject(); });
@@ -128,6 +200,20 @@ void tst_dialogs::an_input_box_stands_where_it_was_asked_to()
     WithNextBox<QInputDialog>([&](QInputDialog& box) { corner = box.pos(); });
     Funcoes::Caixa_Entrada(nullptr, u"Nome"_s, u"Tema"_s, {}, QPoint(683, 384));
     QCOMPARE(corner, QPoint(683, 384));
+}
+
+void tst_dialogs::an_input_box_keeps_its_buttons_on_the_screen()
+{
+    const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    QRect shown;
+    WithNextBox<QInputDialog>([&](QInputDialog& box) {
+        QVERIFY(QTest::qWaitForWindowExposed(&box));
+        shown = box.frameGeometry();
+    });
+    Funcoes::Caixa_Entrada(nullptr, u"Digite o novo nome do Tema"_s,
+                           u"Melodario - Alteração de Tema"_s, u"Sem Tema"_s, screen.center());
+    QCOMPARE(shown.topLeft(), screen.center());
+    QVERIFY2(screen.contains(shown), qPrintable(QString::number(shown.width())));
 }
 
 void tst_dialogs::a_box_may_go_with_its_form_while_open()

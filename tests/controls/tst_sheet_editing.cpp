@@ -6,6 +6,7 @@
 #include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
+#include <QUrl>
 
 /// The chord sheet as an editor: what comes through the clipboard, undo, and sheets that are long.
 class tst_sheet_editing : public QObject
@@ -21,6 +22,7 @@ private slots:
     void pasteIsUndoneAtOnce();
     void pastesNothingIntoAReadOnlySheet();
     void pastesNothingFromAPicture();
+    void pastesNothingFromCopiedFiles();
     void formatsOfAWebPageAreLeftBehind();
     void cutAndPasteKeepTheText();
     void typedLettersAreUndoneAndRedone();
@@ -111,6 +113,17 @@ void tst_sheet_editing::pastesNothingFromAPicture()
 {
     auto* content = new QMimeData;
     content->setImageData(QImage(4, 4, QImage::Format_RGB32));
+    QGuiApplication::clipboard()->setMimeData(content);
+    RichTextBox box;
+    box.SetText(u"antes"_qs);
+    box.paste();
+    QCOMPARE(box.Text(), u"antes"_qs);
+}
+
+void tst_sheet_editing::pastesNothingFromCopiedFiles()
+{
+    auto* content = new QMimeData;
+    content->setUrls({QUrl(u"file:///home/ana/luz.mld"_qs)});
     QGuiApplication::clipboard()->setMimeData(content);
     RichTextBox box;
     box.SetText(u"antes"_qs);

@@ -1,8 +1,17 @@
 #include "controls/TextBox.h"
 
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDropEvent>
 #include <QKeyEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
+#include <QUrl>
 
 using namespace Qt::StringLiterals;
 
@@ -18,6 +27,14 @@ private slots:
     void held_enter_is_told_once();
     void a_double_click_may_empty_the_box();
     void focus_is_told();
+    void another_window_takes_no_focus_from_a_box();
+    void focus_moved_behind_another_window_is_told();
+    void pasted_text_ends_at_its_first_line_break_data();
+    void pasted_text_ends_at_its_first_line_break();
+    void the_menu_pastes_one_line_too();
+    void dropped_text_ends_at_its_first_line_break();
+    void the_address_of_a_file_is_no_text();
+    void line_breaks_set_by_code_stay();
 };
 
 void tst_text_box::typing_and_code_change_the_text()
@@ -97,6 +114,137 @@ void tst_text_box::focus_is_told()
     QTRY_COMPARE(got.size(), 1);
     box.clearFocus();
     QCOMPARE(lost.size(), 1);
+}
+
+void tst_text_box::another_window_takes_no_focus_from_a_box()
+{
+    QWidget form;
+    TextBox box(&form);
+    QSignalSpy got(&box, &TextBox::GotFocus);
+    QSignalSpy lost(&box, &TextBox::LostFocus);
+    form.show();
+    QVERIFY(QTest::qWaitForWindowActive(&form));
+    box.setFocus();
+    QCOMPARE(got.size(), 1);
+    {
+        QLineEdit other;
+        other.show();
+        other.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&other));
+        QVERIFY(!box.hasFocus());
+    }
+    form.activateWindow();
+    QTRY_VERIFY(box.hasFocus());
+    QMenu menu;
+    menu.addAction(u"Colar"_s);
+    menu.popup(form.pos());
+    menu.close();
+    QVERIFY(box.hasFocus());
+    QCOMPARE(got.size(), 1);
+    QCOMPARE(lost.size(), 0);
+}
+
+void tst_text_box::focus_moved_behind_another_window_is_told()
+{
+    QWidget form;
+    TextBox before(&form);
+    TextBox after(&form);
+    QSignalSpy got(&after, &TextBox::GotFocus);
+    QSignalSpy lost(&before, &TextBox::LostFocus);
+    form.show();
+    QVERIFY(QTest::qWaitForWindowActive(&form));
+    before.setFocus();
+    {
+        QLineEdit other;
+        other.show();
+        other.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&other));
+        after.setFocus();
+        QCOMPARE(lost.size(), 0);
+    }
+    form.activateWindow();
+    QTRY_VERIFY(after.hasFocus());
+    QCOMPARE(lost.size(), 1);
+    QCOMPARE(got.size(), 1);
+}
+
+void tst_text_box::pasted_text_ends_at_its_first_line_break_data()
+{
+    QTest::addColumn<QString>("pasted");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("none") << u"Natal"_s << u"<Natal>"_s;
+    QTest::newRow("LF at the end") << u"Natal\n"_s << u"<Natal>"_s;
+    QTest::newRow("CR LF at the end") << u"Natal\r\n"_s << u"<Natal>"_s;
+    QTest::newRow("CR in the middle") << u"Noite\rFeliz"_s << u"<Noite>"_s;
+    QTest::newRow("line separator of a word processor") << u"Noite\u2028Feliz"_s << u"<Noite>"_s;
+    QTest::newRow("leading breaks") << u"\r\n\n Natal \nde novo"_s << u"< Natal >"_s;
+    QTest::newRow("breaks only") << u"\r\n\n"_s << u"<>"_s;
+}
+
+void tst_text_box::pasted_text_ends_at_its_first_line_break()
+{
+    QFETCH(QString, pasted);
+    QFETCH(QString, text);
+    TextBox box;
+    box.setText(u"<>"_s);
+    box.setCursorPosition(1);
+    QGuiApplication::clipboard()->setText(pasted);
+    QTest::keySequence(&box, QKeySequence::Paste);
+    QCOMPARE(box.text(), text);
+    box.undo();
+    QCOMPARE(box.text(), u"<>"_s);
+}
+
+void tst_text_box::the_menu_pastes_one_line_too()
+{
+    TextBox box;
+    box.show();
+    QVERIFY(QTest::qWaitForWindowActive(&box));
+    QGuiApplication::clipboard()->setText(u"Natal\r\nPaz"_s);
+    QContextMenuEvent asked(QContextMenuEvent::Mouse, box.rect().center(),
+                            box.mapToGlobal(box.rect().center()));
+    QCoreApplication::sendEvent(&box, &asked);
+    const QPointer<QWidget> menu = QApplication::activePopupWidget();
+    QVERIFY(menu);
+    const auto entries = menu->actions();
+    for (QAction* entry : entries) {
+        if (entry->text().startsWith(u"&Paste"))
+            entry->trigger();
+    }
+    menu->close();
+    QCOMPARE(box.text(), u"Natal"_s);
+}
+
+void tst_text_box::dropped_text_ends_at_its_first_line_break()
+{
+    TextBox box;
+    QMimeData dragged;
+    dragged.setText(u"\nNatal\nPaz"_s);
+    QDragEnterEvent enter({2, 2}, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&box, &enter);
+    QDropEvent drop(QPointF(2, 2), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&box, &drop);
+    QCOMPARE(box.text(), u"Natal"_s);
+    QVERIFY(drop.isAccepted());
+}
+
+void tst_text_box::the_address_of_a_file_is_no_text()
+{
+    TextBox box;
+    auto* copied = new QMimeData; // the clipboard owns it
+    copied->setUrls({QUrl(u"file:///tmp/a.txt"_s)});
+    QGuiApplication::clipboard()->setMimeData(copied);
+    QTest::keySequence(&box, QKeySequence::Paste);
+    QCOMPARE(box.text(), QString());
+}
+
+void tst_text_box::line_breaks_set_by_code_stay()
+{
+    TextBox box;
+    box.setText(u"um\r\ndois"_s);
+    QTest::keyClick(&box, Qt::Key_End);
+    QTest::keyClicks(&box, u"a"_s);
+    QCOMPARE(box.text(), u"um\r\ndoisa"_s);
 }
 
 QTEST_MAIN(tst_text_box)

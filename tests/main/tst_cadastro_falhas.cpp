@@ -1,5 +1,7 @@
 #include "CadastroTeste.h"
 
+#include "controls/Handler.h"
+#include "runtime/RuntimeError.h"
 #include "store/WatchedFiles.h"
 #include "support/PlainSqlite.h"
 
@@ -21,6 +23,13 @@ private slots:
     void readOnlyFile();
     void whatRanBeforeAFailureStaysDone();
     void apostropheInAVariationIsAnError();
+    void whatFollowsAFailureDoesNotRun_data();
+    void whatFollowsAFailureDoesNotRun();
+    void aLoadThatFailsLeavesTheSongBefore_data();
+    void aLoadThatFailsLeavesTheSongBefore();
+    void aLoadThatFailsKeepsWhatWasTyped();
+    void aCategoryThatIsNoneLeavesTheSongBefore_data();
+    void aCategoryThatIsNoneLeavesTheSongBefore();
     void themesStayInTheListWhenTheStoreRefuses_data();
     void themesStayInTheListWhenTheStoreRefuses();
 
@@ -182,6 +191,155 @@ void tst_cadastro_falhas::whatRanBeforeAFailureStaysDone()
              u"Luz nova:1"_qs);
     QCOMPARE(Temas_Marcados(), QStringList({u"Louvor"_qs, u"Natal"_qs, u"Sem Tema"_qs}));
     QCOMPARE(Titulos(), QStringList(u"Luz nova"_qs));
+}
+
+void tst_cadastro_falhas::whatFollowsAFailureDoesNotRun_data()
+{
+    QTest::addColumn<QByteArray>("botao");
+    QTest::addColumn<bool>("nova");
+    QTest::addColumn<QStringList>("comandos"); // beginnings of those that run; the last one fails
+    const QString update = u"UPDATE MUSICA SET "_qs;
+    const QString links = u"DELETE FROM TEMA_MUSICA WHERE ID_MUSICA = 01"_qs;
+    const QString link = u"INSERT INTO TEMA_MUSICA (ID_MUSICA, ID_TEMA)  VALUES (1, 1)"_qs;
+    const QString song = u"DELETE FROM MUSICA WHERE ID = 01"_qs;
+    const QString insert = u"INSERT INTO MUSICA ("_qs;
+    const QString max = u"SELECT MAX(ID) AS ID FROM MUSICA"_qs;
+    const QByteArray salvar = "cmdCadSalvar";
+    const QByteArray excluir = "cmdExcluir";
+    QTest::newRow("update: the song") << salvar << false << QStringList{update};
+    QTest::newRow("update: its old links") << salvar << false << QStringList{update, links};
+    QTest::newRow("update: a link") << salvar << false << QStringList{update, links, link};
+    QTest::newRow("deletion: the links") << excluir << false << QStringList{links};
+    QTest::newRow("deletion: the song") << excluir << false << QStringList{links, song};
+    QTest::newRow("insert: the song") << salvar << true << QStringList{insert};
+    QTest::newRow("insert: the new identity") << salvar << true << QStringList{insert, max};
+    QTest::newRow("insert: a link") << salvar << true << QStringList{insert, max, link};
+}
+
+void tst_cadastro_falhas::whatFollowsAFailureDoesNotRun()
+{
+    QFETCH(QByteArray, botao);
+    QFETCH(bool, nova);
+    QFETCH(QStringList, comandos);
+    if (nova) {
+        Carrega();
+        Digita_Musica();
+    } else {
+        Edita(Luz());
+    }
+    Clica_Tema(1); // one more link that would follow
+    m_comandos.clear();
+    Funcoes::Conexao.SetStatementHook([&](const QString& sql) {
+        m_comandos.append(sql);
+        if (sql.startsWith(comandos.last()))
+            throw RuntimeError(RuntimeError::StoreFailure, u"Recusado."_qs, u"refused"_qs);
+    });
+    Clica(botao.constData());
+    if (botao == "cmdExcluir")
+        m_caixas->boxes.removeFirst(); // the question
+    QStringList antesDaPesquisa;
+    for (const QString& sql : m_comandos) {
+        if (sql.startsWith(u"SELECT DISTINCT MUSICA.ID"))
+            break;
+        antesDaPesquisa.append(sql);
+    }
+    QCOMPARE(antesDaPesquisa.size(), comandos.size());
+    for (int i = 0; i < comandos.size(); ++i)
+        QVERIFY2(antesDaPesquisa[i].startsWith(comandos[i]), qPrintable(antesDaPesquisa[i]));
+    Confere_Caixa(u"Recusado.\n\nrefused"_qs, Icone::Critico);
+    QCOMPARE(Pesquisas(), 1);
+    // What ran before it stays done, and the panel holds what it held.
+    QCOMPARE(Identidade(), nova ? u"0"_qs : u"1"_qs);
+    QCOMPARE(Texto("txtCadTitulo"), u"Luz"_qs);
+    QCOMPARE(m_catalogo->Field(u"SELECT count(*) FROM MUSICA"_qs),
+             nova && comandos.size() == 1 ? u"0"_qs : u"1"_qs);
+    const bool semElos = nova || comandos.size() > (botao == "cmdExcluir" ? 1 : 2);
+    QCOMPARE(m_catalogo->Field(u"SELECT count(*) FROM TEMA_MUSICA"_qs),
+             semElos ? u"0"_qs : u"1"_qs);
+}
+
+void tst_cadastro_falhas::aLoadThatFailsLeavesTheSongBefore_data()
+{
+    QTest::addColumn<QString>("comando");
+    QTest::newRow("the keys") << u"SELECT ID, NOTA FROM TOM"_qs;
+    QTest::newRow("the variations") << u"SELECT ID, NOMENCLATURA"_qs;
+    QTest::newRow("the song's themes") << u"SELECT * FROM TEMA_MUSICA"_qs;
+    QTest::newRow("all themes") << u"SELECT * FROM TEMA ORDER"_qs;
+}
+
+/// Another program takes the catalogue in the middle of a load; a save afterwards must not write
+/// one song over the other.
+void tst_cadastro_falhas::aLoadThatFailsLeavesTheSongBefore()
+{
+    QFETCH(QString, comando);
+    const qint64 id = Luz();
+    const qint64 outra = m_catalogo->AddSong(
+        {.title = u"Sol"_qs, .reference = u"Bia"_qs, .text = u"D\r\nSol"_qs, .key = u"D"_qs});
+    m_catalogo->Link(outra, 2);
+    Edita(id);
+    const QString tom = Acha<ComboBox>("cmbCadTom")->currentText();
+    const int tons = Acha<ComboBox>("cmbCadTom")->ListCount();
+    PlainSqlite outro(m_catalogo->Path());
+    Funcoes::Conexao.SetStatementHook([&](const QString& sql) {
+        if (sql.startsWith(comando))
+            outro.Run("BEGIN EXCLUSIVE");
+    });
+    QVERIFY(!RunHandler([&] { m_form->Inicializa_Cadastro(static_cast<double>(outra)); }));
+    outro.Run("ROLLBACK");
+    Funcoes::Conexao.SetStatementHook([this](const QString& sql) { m_comandos.append(sql); });
+    m_form->frmPrincipal::Pesquisa();
+    Confere_Falha(EmUso + Trancado, QString::number(id));
+    QCOMPARE(Letra(1), u"D  A7\r\nSanto Deus"_qs);
+    QCOMPARE(Acha<ComboBox>("cmbCadTom")->currentText(), tom);
+    QCOMPARE(Acha<ComboBox>("cmbCadTom")->ListCount(), tons);
+    QCOMPARE(Acha<ComboBox>("cmbCadCategoria")->ListCount(), 2);
+    Clica("cmdCadSalvar");
+    QCOMPARE(
+        m_catalogo->Field(
+            u"SELECT group_concat(UMA) FROM (SELECT TITULO || ':' || TOM || ':' || ID_TEMA AS UMA FROM MUSICA JOIN TEMA_MUSICA ON ID_MUSICA = ID ORDER BY ID)"_qs),
+        QString(u"Luz:"_qs + tom + u":1,Sol:D:2"_qs));
+}
+
+void tst_cadastro_falhas::aLoadThatFailsKeepsWhatWasTyped()
+{
+    const qint64 outra = Musica({.title = u"Sol"_qs});
+    Carrega();
+    Digita_Musica();
+    PlainSqlite outro(m_catalogo->Path());
+    Funcoes::Conexao.SetStatementHook([&](const QString& sql) {
+        if (sql.startsWith(u"SELECT * FROM TEMA_MUSICA"))
+            outro.Run("BEGIN EXCLUSIVE");
+    });
+    QVERIFY(!RunHandler([&] { m_form->Inicializa_Cadastro(static_cast<double>(outra)); }));
+    outro.Run("ROLLBACK");
+    QCOMPARE(Identidade(), u"0"_qs);
+    QCOMPARE(Texto("txtCadTitulo"), u"Luz"_qs);
+    QCOMPARE(Letra(0), u"C\r\nLuz"_qs);
+    QCOMPARE(Letra(1), QString());
+    QCOMPARE(Temas_Marcados(), QStringList(u"Louvor"_qs));
+    QVERIFY(!Acha<QPushButton>("cmdExcluir")->isEnabled());
+}
+
+void tst_cadastro_falhas::aCategoryThatIsNoneLeavesTheSongBefore_data()
+{
+    QTest::addColumn<QString>("categoria");
+    QTest::newRow("beyond the second") << u"3"_qs;
+    QTest::newRow("below none") << u"-1"_qs;
+    QTest::newRow("larger than any list") << u"4294967297"_qs;
+}
+
+void tst_cadastro_falhas::aCategoryThatIsNoneLeavesTheSongBefore()
+{
+    QFETCH(QString, categoria);
+    const qint64 outra = Musica({.title = u"Sol"_qs});
+    m_catalogo->Run(u"UPDATE MUSICA SET CATEGORIA = "_qs + categoria);
+    const qint64 id = Luz();
+    Edita(id);
+    QVERIFY(!RunHandler([&] { m_form->Inicializa_Cadastro(static_cast<double>(outra)); }));
+    QCOMPARE(m_caixas->boxes.size(), 1);
+    m_form->frmPrincipal::Pesquisa();
+    Confere_Falha(m_caixas->boxes.first().text, QString::number(id));
+    QCOMPARE(Acha<ComboBox>("cmbCadCategoria")->ListCount(), 2);
 }
 
 void tst_cadastro_falhas::apostropheInAVariationIsAnError()

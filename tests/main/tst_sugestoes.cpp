@@ -3,6 +3,49 @@
 
 #include "SugestoesTeste.h"
 
+#include <QLineEdit>
+#include <QWindow>
+
+namespace {
+
+/// Writes down the presses that reach any control of a form but one list.
+class Olheiro : public QObject
+{
+public:
+    Olheiro(QWidget& form, QWidget& lista)
+        : m_form(form)
+        , m_lista(lista)
+    {
+        qApp->installEventFilter(this);
+    }
+
+    QStringList vistos;
+
+protected:
+    bool eventFilter(QObject* objeto, QEvent* evento) override
+    {
+        const auto* controle = qobject_cast<QWidget*>(objeto);
+        const QEvent::Type tipo = evento->type();
+        const bool toque = tipo == QEvent::MouseButtonPress ||
+                           tipo == QEvent::MouseButtonDblClick ||
+                           tipo == QEvent::MouseButtonRelease;
+        // An event that a control ignores goes on to what it lies on: that is told once.
+        if (toque && controle && controle->window() == &m_form && !m_lista.isAncestorOf(controle) &&
+            controle != &m_form && m_ultimo != evento) {
+            m_ultimo = evento;
+            vistos.append(controle->objectName() + QString::number(tipo));
+        }
+        return false;
+    }
+
+private:
+    QWidget& m_form;
+    QWidget& m_lista;
+    const QEvent* m_ultimo = nullptr;
+};
+
+} // namespace
+
 class tst_sugestoes : public SugestoesTeste
 {
     Q_OBJECT
@@ -21,6 +64,13 @@ private slots:
     void clickIntoTheTitlesHidesThem();
     void doubleClickOnATitleOpensItsSong();
     void doubleClickOnThePlaceholderOpensNoSong();
+    void doubleClickThroughTheWindowOpensItsSong();
+    void twoSlowClicksReachWhatLiesBeneath();
+    void aSecondClickElsewhereReachesWhatIsThere();
+    void keyboardStaysOnTopOfTheLists();
+    void anotherWindowHidesNoList();
+    void mouseIntoAnotherBoxHidesTheTitles();
+    void accessKeyHidesTheTitles();
     void singleMatchIsSelected();
     void prefixWithoutMatchShowsThePlaceholder();
     void versionBoxHidesBothLists_data();
@@ -34,6 +84,13 @@ private slots:
     void badInputRaisesNoError_data();
     void badInputRaisesNoError();
     void aFailureIsShownOnceWhileTyping();
+
+private:
+    QPoint Na_Janela(const ListBox& lista, int item) const
+    {
+        const QRect linha = lista.visualRect(lista.model()->index(item, 0));
+        return lista.viewport()->mapTo(m_form.get(), linha.center());
+    }
 };
 
 void tst_sugestoes::listsAreHiddenAtFirst()
@@ -197,6 +254,122 @@ void tst_sugestoes::doubleClickOnThePlaceholderOpensNoSong()
     QCOMPARE(Visualizadores().size(), 1);
     QVERIFY(!Abertas().contains(u"Zz"_qs));
     QVERIFY(m_caixas->boxes.isEmpty());
+}
+
+void tst_sugestoes::doubleClickThroughTheWindowOpensItsSong()
+{
+    Com_Referencia(u"Amor"_qs, u"Ana"_qs);
+    Com_Referencia(u"Amanhecer"_qs, u"Bia"_qs);
+    Cadastro();
+    Escreve_Titulo(u"Am"_qs);
+    const QPoint lugar = Na_Janela(*m_musicas, 1);
+    Olheiro beneath(*m_form, *m_musicas);
+    QTest::mouseDClick(m_form->windowHandle(), Qt::LeftButton, {}, lugar);
+    QCOMPARE(Abertas(), QStringList(u"Amor"_qs));
+    QCOMPARE(beneath.vistos, QStringList());
+    QVERIFY(m_musicas->isHidden());
+    QVERIFY(!m_titulo->hasFocus());
+    // What comes after it is an ordinary click again.
+    QTest::mouseClick(m_form->windowHandle(), Qt::LeftButton, {}, lugar);
+    QVERIFY(!beneath.vistos.isEmpty());
+    QCOMPARE(Visualizadores().size(), 1);
+}
+
+void tst_sugestoes::twoSlowClicksReachWhatLiesBeneath()
+{
+    Com_Referencia(u"Amor"_qs, u"Ana"_qs);
+    Com_Referencia(u"Amanhecer"_qs, u"Bia"_qs);
+    Cadastro();
+    Escreve_Titulo(u"Am"_qs);
+    const QPoint lugar = Na_Janela(*m_musicas, 1);
+    Olheiro beneath(*m_form, *m_musicas);
+    // Each click of its own is later than a double click's by the events' own clock.
+    QTest::mouseClick(m_form->windowHandle(), Qt::LeftButton, {}, lugar);
+    QCOMPARE(beneath.vistos, QStringList());
+    QTest::mouseClick(m_form->windowHandle(), Qt::LeftButton, {}, lugar);
+    QVERIFY(!beneath.vistos.isEmpty());
+    QCOMPARE(Visualizadores().size(), 0);
+}
+
+void tst_sugestoes::aSecondClickElsewhereReachesWhatIsThere()
+{
+    Com_Referencia(u"Amor"_qs, u"Ana"_qs);
+    Com_Referencia(u"Amanhecer"_qs, u"Bia"_qs);
+    Cadastro();
+    Escreve_Titulo(u"Am"_qs);
+    QWindow* janela = m_form->windowHandle();
+    QTest::mousePress(janela, Qt::LeftButton, {}, Na_Janela(*m_musicas, 1));
+    Olheiro beneath(*m_form, *m_musicas);
+    QTest::mousePress(janela, Qt::LeftButton, {}, No_Formulario(*m_titulo).center());
+    QVERIFY(m_titulo->hasFocus());
+    QTest::mouseRelease(janela, Qt::LeftButton, {}, No_Formulario(*m_titulo).center());
+    QCOMPARE(Visualizadores().size(), 0);
+}
+
+void tst_sugestoes::keyboardStaysOnTopOfTheLists()
+{
+    Com_Referencia(u"Amor"_qs, u"Ana"_qs);
+    Cadastro();
+    auto* teclado = Acha<QWidget>("pctTeclado");
+    const auto no_teclado = [teclado](const QWidget* um) {
+        return um == teclado || teclado->isAncestorOf(um);
+    };
+    m_form->frmPrincipal::Mostra_Teclado(*m_titulo);
+    Escreve_Titulo(u"A"_qs);
+    QVERIFY(m_musicas->isVisible());
+    QVERIFY(No_Formulario(*m_musicas).intersects(No_Formulario(*teclado)));
+    const QPoint ambos = No_Formulario(*m_musicas).intersected(No_Formulario(*teclado)).center();
+    QVERIFY(no_teclado(m_form->childAt(ambos)));
+    Escreve_Titulo(u"m"_qs);
+    QVERIFY(no_teclado(m_form->childAt(ambos)));
+    // The list lies over everything else all the same.
+    teclado->hide();
+    QVERIFY(m_musicas->isAncestorOf(m_form->childAt(ambos)));
+}
+
+void tst_sugestoes::anotherWindowHidesNoList()
+{
+    Com_Referencia(u"Amor"_qs, u"Ana"_qs);
+    Com_Referencia(u"Luz"_qs, u"Alba"_qs);
+    Cadastro();
+    const auto vai_e_volta = [this] {
+        QLineEdit outra;
+        outra.show();
+        outra.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&outra));
+        m_form->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_form.get()));
+    };
+    Escreve_Titulo(u"A"_qs);
+    vai_e_volta();
+    QVERIFY(m_titulo->hasFocus());
+    QVERIFY(m_musicas->isVisible());
+    Escreve_Referencia(u"A"_qs);
+    QVERIFY(m_musicas->isHidden());
+    Tecla(Qt::Key_Down);
+    QVERIFY(m_referencias->hasFocus());
+    vai_e_volta();
+    QVERIFY(m_referencias->hasFocus());
+    QVERIFY(m_referencias->isVisible());
+}
+
+void tst_sugestoes::mouseIntoAnotherBoxHidesTheTitles()
+{
+    Com_Referencia(u"Amor"_qs, u"Ana"_qs);
+    Cadastro();
+    Escreve_Titulo(u"A"_qs);
+    QTest::mouseClick(Acha<QWidget>("txtCadLetra_0"), Qt::LeftButton);
+    QVERIFY(m_musicas->isHidden());
+}
+
+void tst_sugestoes::accessKeyHidesTheTitles()
+{
+    Com_Referencia(u"Amor"_qs, u"Ana"_qs);
+    Cadastro();
+    Escreve_Titulo(u"A"_qs);
+    QTest::keyClick(m_titulo, Qt::Key_S, Qt::AltModifier);
+    QTRY_VERIFY(!m_titulo->hasFocus());
+    QVERIFY(m_musicas->isHidden());
 }
 
 void tst_sugestoes::singleMatchIsSelected()

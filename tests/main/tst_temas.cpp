@@ -26,7 +26,11 @@ private slots:
     void unchangedNameDoesNothing_data();
     void unchangedNameDoesNothing();
     void otherLetterCaseIsRefused();
+    void renamingToAnotherThemeIsRefused_data();
+    void renamingToAnotherThemeIsRefused();
     void renamingTakesTheChecksAway();
+    void deletingTheLastThemeEmptiesTheList();
+    void doubledLinksAreCounted();
     void deletingAsksAndRemoves();
     void deletingKeepsTheChecks();
     void deletingRefused();
@@ -34,6 +38,7 @@ private slots:
     void deletingNeedsACurrentItem();
     void deletingWithShiftToo();
     void otherKeysDeleteNothing();
+    void keyGoesOnToTheList_data();
     void keyGoesOnToTheList();
     void searchPanelKeepsItsThemes();
     void committedBeforeAnyMessage();
@@ -386,15 +391,36 @@ void tst_temas::otherKeysDeleteNothing()
     QCOMPARE(m_comandos, QStringList());
 }
 
+void tst_temas::keyGoesOnToTheList_data()
+{
+    QTest::addColumn<int>("tema");
+    QTest::addColumn<bool>("resposta");
+    QTest::addColumn<int>("restam");
+    QTest::newRow("deleted") << 1 << true << 2;
+    QTest::newRow("answered No") << 1 << false << 3;
+    QTest::newRow("in use") << 0 << true << 3;
+}
+
 void tst_temas::keyGoesOnToTheList()
 {
+    QFETCH(int, tema);
+    QFETCH(bool, resposta);
+    QFETCH(int, restam);
+    Musica();
     Carrega();
+    Vai_Ao_Tema(tema);
+    m_caixas->answer = resposta;
+    // Connected last, so it runs when every handler of the signal has ended.
+    int chegou = 0;
+    connect(Temas(), &ListBox::KeyDown, this, [&](const QKeyEvent* evento) {
+        ++chegou;
+        QVERIFY(!evento->isAccepted());
+    });
     QKeyEvent tecla(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier);
-    connect(Temas(), &ListBox::KeyDown, this,
-            [](const QKeyEvent* evento) { QVERIFY(!evento->isAccepted()); });
-    Vai_Ao_Tema(1);
     QCoreApplication::sendEvent(Temas(), &tecla);
-    QCOMPARE(Nomes_Temas().size(), 2);
+    QCOMPARE(chegou, 1);
+    QCOMPARE(m_caixas->boxes.size(), 1);
+    QCOMPARE(Nomes_Temas().size(), restam);
 }
 
 void tst_temas::searchPanelKeepsItsThemes()
@@ -431,6 +457,47 @@ void tst_temas::committedBeforeAnyMessage()
     QCOMPARE(vistos,
              QStringList({u"Louvor|Natal|Sem Tema"_qs, u"Louvor|Natal|Sem Tema|Paz"_qs,
                           u"Louvor|Natal|Sem Tema|Paz"_qs, u"Louvor|Advento|Sem Tema|Paz"_qs}));
+}
+
+void tst_temas::renamingToAnotherThemeIsRefused_data()
+{
+    QTest::addColumn<QString>("nome");
+    QTest::newRow("the same letters") << u"Louvor"_qs;
+    QTest::newRow("other letter case") << u"LOUVOR"_qs;
+}
+
+void tst_temas::renamingToAnotherThemeIsRefused()
+{
+    QFETCH(QString, nome);
+    Carrega();
+    Vai_Ao_Tema(1);
+    m_caixas->typed = {nome};
+    Clica_Tema(1, Qt::RightButton);
+    QCOMPARE(m_caixas->boxes.size(), 2);
+    m_caixas->boxes.removeFirst();
+    Confere_Caixa(u"Já existe um Tema com essa descrição."_qs, Icone::Exclamacao);
+    QCOMPARE(Todos(), u"Louvor|Natal|Sem Tema"_qs);
+    QCOMPARE(Alteracoes(), QStringList());
+}
+
+void tst_temas::deletingTheLastThemeEmptiesTheList()
+{
+    m_catalogo->Run(u"DELETE FROM TEMA WHERE ID > 1"_qs);
+    Carrega();
+    Vai_Ao_Tema(0);
+    QTest::keyClick(Temas(), Qt::Key_Delete);
+    QCOMPARE(Nomes_Temas(), QStringList());
+    QCOMPARE(m_catalogo->Field(u"SELECT count(*) FROM TEMA"_qs), u"0"_qs);
+}
+
+void tst_temas::doubledLinksAreCounted()
+{
+    m_catalogo->Link(Musica(), 1);
+    Carrega();
+    Vai_Ao_Tema(0);
+    QTest::keyClick(Temas(), Qt::Key_Delete);
+    Confere_Caixa(u"Não é possível excluir porque existe(m) 2 música(s) cadastradas neste tema."_qs,
+                  Icone::Exclamacao);
 }
 
 QTEST_MAIN(tst_temas)
