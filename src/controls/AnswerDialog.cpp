@@ -1,5 +1,6 @@
 #include "controls/AnswerDialog.h"
 
+#include "controls/HeldKeys.h"
 #include "controls/Resposta_Mensagem.h"
 
 #include <QAbstractButton>
@@ -18,6 +19,13 @@ void AnswerDialog::keyPressEvent(QKeyEvent* event)
         cancel->click();
     else
         QDialog::keyPressEvent(event);
+}
+
+void AnswerDialog::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    if (!m_heldKeys) // not before: now the dialog has all its buttons
+        m_heldKeys = new HeldKeys(*this, HeldKeys::EveryKey);
 }
 
 void AnswerDialog::Answer(int answer)

@@ -5,9 +5,11 @@
 #include <QDialog>
 #include <QPointer>
 
+class HeldKeys;
+
 /// A fixed modal dialog that offers several things to do. Each of its buttons leaves a number in
 /// Funcoes::Resposta_Mensagem and closes it; Esc presses its button cmdCancelar. Closed by its
-/// title bar, it leaves the number as it was.
+/// title bar, it leaves the number as it was. A key held since before it opened answers nothing.
 class AnswerDialog : public QDialog
 {
     Q_OBJECT
@@ -29,7 +31,11 @@ protected:
     explicit AnswerDialog(QWidget* parent);
 
     void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
     /// Leaves the answer and closes the dialog.
     void Answer(int answer);
+
+private:
+    HeldKeys* m_heldKeys = nullptr;
 };

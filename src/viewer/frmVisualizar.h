@@ -81,7 +81,7 @@ private:
     void Posiciona_Lista();
     void Posiciona_Moldura();
     void Posiciona_Linhas();
-    void Carrega_Tons();
+    void Carrega_Tons(const QString& tom);
     void Encurta_Cabecalho();
     RichTextBox& Caixa(std::int16_t versao) const;
 
@@ -107,6 +107,7 @@ private:
     void Musica_Anterior();
     void Mostra_Proximo_Anterior();
     void cmbLista_Click();
+    void Carrega_Escolhida();
 
     // Keys.
     /// @param codigo    the key's number (CodigosTecla.h)
@@ -167,7 +168,8 @@ private:
 
     std::unique_ptr<Ui::frmVisualizar> ui;
     std::unique_ptr<TelaAcesa> Tela_Acesa; ///< from the showing to the end
-    bool Abrindo = false; ///< the list comes up for the first time: nothing is shown yet
+    bool Abrindo = false;                  ///< the list is set without anything being loaded
+    int Indice_Mostrado = -1;              ///< of the shown song in cmbLista, from 0
     QTimer* TimerRolagem;
     QTimer* tmrContador;
     TeclasEdicao* Teclas_Edicao;

@@ -22,28 +22,35 @@ void frmVisualizar::Carrega_Musica()
 {
     SQL = u"SELECT * FROM MUSICA WHERE ID = 0"_qs + Number::ToText(ID_Musica);
     Consulta = Conexao.Execute(SQL);
+    const Recordset musica = Consulta;
     // A song that is gone leaves the state of the one before it.
-    if (!Consulta.Eof()) {
-        Titulo = Consulta.Fields(u"TITULO").ToText();
-        Referencia = Consulta.Fields(u"REFERENCIA").ToText();
-        Musica[1] = Consulta.Fields(u"MUSICA").ToText();
-        Musica[2] = Consulta.Fields(u"MUSICA2").ToText();
-        if (Musica[2].isEmpty())
-            Musica[2] = Musica[1];
-        Tom = Consulta.Fields(u"TOM").ToText();
-        Variacao = Consulta.Fields(u"VARIACAO").ToText();
-        Temas = Busca_Temas_Musica(ID_Musica);
-        Contagem = SegundosAteContar;
-        if (!tmrContador->isActive()) // enabling it anew must not restart a second under way
-            tmrContador->start();
+    if (musica.Eof()) {
+        Consulta.Close();
+        Carrega_Tons(Tom);
+        Tom_Atual = Tom_Base;
+        return;
     }
-    Consulta.Close();
-
-    Carrega_Tons();
+    const QString temas = Busca_Temas_Musica(ID_Musica);
+    const QString tom = musica.Fields(u"TOM").ToText();
+    Carrega_Tons(tom);
+    // Nothing fails from here on: a song is shown, saved and counted as itself or not at all.
     Tom_Atual = Tom_Base;
+    Titulo = musica.Fields(u"TITULO").ToText();
+    Referencia = musica.Fields(u"REFERENCIA").ToText();
+    Musica[1] = musica.Fields(u"MUSICA").ToText();
+    Musica[2] = musica.Fields(u"MUSICA2").ToText();
+    if (Musica[2].isEmpty())
+        Musica[2] = Musica[1];
+    Tom = tom;
+    Variacao = musica.Fields(u"VARIACAO").ToText();
+    Temas = temas;
+    Contagem = SegundosAteContar;
+    if (!tmrContador->isActive()) // enabling it anew must not restart a second under way
+        tmrContador->start();
 }
 
-void frmVisualizar::Carrega_Tons()
+/// Reads the note names and finds the index of a key, Tom_Base.
+void frmVisualizar::Carrega_Tons(const QString& tom)
 {
     SQL = u"SELECT * FROM TOM ORDER BY ORDEM"_qs;
     Consulta = Conexao.Execute(SQL);
@@ -56,9 +63,9 @@ void frmVisualizar::Carrega_Tons()
             RuntimeError::ThrowSubscriptOutOfRange();
         Notas[indice] = Consulta.Fields(u"NOTA").ToText();
         Notas_Mais[indice] = Consulta.Fields(u"MAIS").ToText();
-        if (Notas[indice] == Tom)
+        if (Notas[indice] == tom)
             Tom_Base = i;
-        if (Notas_Mais[indice] == Tom)
+        if (Notas_Mais[indice] == tom)
             Tom_Base = i;
     }
     Consulta.Close();

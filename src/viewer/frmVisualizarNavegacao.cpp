@@ -89,10 +89,12 @@ void frmVisualizar::Mostra_Proximo_Anterior()
 
 void frmVisualizar::cmbLista_Click()
 {
-    ID_Musica = static_cast<double>(ui->cmbLista->ItemData(ui->cmbLista->ListIndex()));
-    if (Abrindo)
+    if (Abrindo) {
+        ID_Musica = static_cast<double>(ui->cmbLista->ItemData(ui->cmbLista->ListIndex()));
+        Indice_Mostrado = ui->cmbLista->ListIndex();
         return;
-    Carrega_Musica();
+    }
+    Carrega_Escolhida();
     // Another song begins in the key it is stored in; version, font and chords stay as chosen.
     Tom_Base = Tom_Atual;
     Deslocamento = 0;
@@ -100,4 +102,21 @@ void frmVisualizar::cmbLista_Click()
     // The box is not given the focus: outside edit mode it would pass it on at once.
     Caixa(Versao).setVisible(true);
     Mostra_Proximo_Anterior();
+}
+
+/// Loads the song chosen in the list. One that cannot be loaded leaves the shown song, in the list
+/// as well: what is saved or counted next must be what is on the screen.
+void frmVisualizar::Carrega_Escolhida()
+{
+    const double mostrada = ID_Musica;
+    ID_Musica = static_cast<double>(ui->cmbLista->ItemData(ui->cmbLista->ListIndex()));
+    try {
+        Carrega_Musica();
+    } catch (...) {
+        const QScopedValueRollback sem_carga(Abrindo, true);
+        ui->cmbLista->SetListIndex(Indice_Mostrado);
+        ID_Musica = mostrada;
+        throw;
+    }
+    Indice_Mostrado = ui->cmbLista->ListIndex();
 }

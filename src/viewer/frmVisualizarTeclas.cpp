@@ -79,6 +79,9 @@ bool frmVisualizar::Form_KeyDown(int codigo, int shift, bool repetida)
     const auto linha = std::ranges::find(linhas, codigo, &Linha::codigo);
     if (linha == linhas.end())
         return false;
+    // Held a little long, the Enter or Esc that opened the viewer or closed a box would act here.
+    if (repetida && (codigo == 13 || codigo == 27))
+        return false;
     // A key that is held down goes on when the sheet can be seen, not while repeats queue up that
     // would still be worked off after it is let go.
     if (linha->redesenha && repetida && Desenho_Pendente)

@@ -56,6 +56,8 @@ private slots:
     void escIsCancelar();
     void theTitleBarAnswersNothing();
     void enterTakesTheFirstButton();
+    void aHeldKeyAnswersNothing_data();
+    void aHeldKeyAnswersNothing();
 
 private:
     void Check(const Choice& choice);
@@ -197,6 +199,25 @@ void tst_viewer_choice::enterTakesTheFirstButton()
     QTest::keyClick(dialog->focusWidget(), Qt::Key_Return);
     QVERIFY(!dialog->isVisible());
     QCOMPARE(int{Funcoes::Resposta_Mensagem}, 1);
+}
+
+void tst_viewer_choice::aHeldKeyAnswersNothing_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::newRow("Enter") << int{Qt::Key_Return};
+    QTest::newRow("the keypad's Enter") << int{Qt::Key_Enter};
+    QTest::newRow("Esc") << int{Qt::Key_Escape};
+}
+
+void tst_viewer_choice::aHeldKeyAnswersNothing()
+{
+    QFETCH(int, key);
+    for (int i = 0; i < 3; ++i)
+        QTest::simulateEvent(QApplication::focusWidget(), true, key, {}, QString(), true);
+    QVERIFY(dialog->isVisible());
+    QCOMPARE(int{Funcoes::Resposta_Mensagem}, 0);
+    QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key));
+    QVERIFY(!dialog->isVisible());
 }
 
 QTEST_MAIN(tst_viewer_choice)

@@ -225,6 +225,7 @@ private slots:
     void everyKeyInEditModeIsTheSheets_data();
     void everyKeyInEditModeIsTheSheets();
     void theHeldKeyThatBeganEditingIsNotTyped();
+    void aHeldEnterScrollsOnce();
 
 private:
     /// @return a viewer on the second of three songs, a semitone up, 300 pixels down, scrolling
@@ -424,6 +425,20 @@ void tst_viewer_keys::everyKeyInEditModeIsTheSheets()
         after[own] = before[own];
     QCOMPARE(Difference(before, after), QString());
     delete viewer;
+}
+
+void tst_viewer_keys::aHeldEnterScrollsOnce()
+{
+    const auto viewer = bench->Open(TestSong{});
+    const auto* timer = In<QTimer>(viewer, "TimerRolagem");
+    // Held since before the viewer came, and on from a press of its own.
+    for (int i = 0; i < 3; ++i)
+        QTest::simulateEvent(viewer, true, Qt::Key_Return, {}, QString(), true);
+    QVERIFY(!timer->isActive());
+    QTest::keyClick(viewer.data(), Qt::Key_Return);
+    for (int i = 0; i < 3; ++i)
+        QTest::simulateEvent(viewer, true, Qt::Key_Return, {}, QString(), true);
+    QVERIFY(timer->isActive());
 }
 
 void tst_viewer_keys::theHeldKeyThatBeganEditingIsNotTyped()

@@ -4,6 +4,7 @@
 
 #include "controls/Appearance.h"
 #include "controls/RecordingDialogs.h"
+#include "runtime/RuntimeError.h"
 
 #include <QScrollBar>
 #include <QTimer>
@@ -37,6 +38,8 @@ private slots:
     void aSongReachedByKeyWhileTheListIsOpenCanBeChosenAgain();
     void twoViewersStepApart();
     void movingWithoutAConnectionIsOneMessage();
+    void aSongThatCannotBeLoadedLeavesTheShownOne_data();
+    void aSongThatCannotBeLoadedLeavesTheShownOne();
 
 private:
     std::unique_ptr<SongListBench> bench;
@@ -336,6 +339,38 @@ void tst_viewer_navigation::movingWithoutAConnectionIsOneMessage()
     QCOMPARE(dialogs.boxes[0].title, u"Melodario"_qs);
     QVERIFY(viewer);
     QCOMPARE(Title(viewer), u"Rosa"_qs);
+}
+
+void tst_viewer_navigation::aSongThatCannotBeLoadedLeavesTheShownOne_data()
+{
+    QTest::addColumn<QString>("failing"); // how the statement begins that does
+    QTest::newRow("the song") << u"SELECT * FROM MUSICA"_qs;
+    QTest::newRow("its themes") << u"SELECT TEMA.DESCRICAO"_qs;
+    QTest::newRow("the keys") << u"SELECT * FROM TOM"_qs;
+}
+
+void tst_viewer_navigation::aSongThatCannotBeLoadedLeavesTheShownOne()
+{
+    QFETCH(QString, failing);
+    const auto viewer = bench->ThreeSongs();
+    const double shown = viewer->ID_Musica;
+    const QString entry = In<QComboBox>(viewer, "cmbLista")->currentText();
+    RecordingDialogs dialogs;
+    Funcoes::Conexao.SetStatementHook([&](const QString& sql) {
+        if (sql.startsWith(failing))
+            throw RuntimeError(RuntimeError::StoreFailure, u"Falha."_qs, u"failed"_qs);
+    });
+    QTest::keyClick(viewer.data(), Qt::Key_P);
+    Funcoes::Conexao.SetStatementHook({});
+    QCOMPARE(dialogs.boxes.size(), 1);
+    QCOMPARE(Title(viewer), u"Rosa"_qs);
+    QCOMPARE(viewer->ID_Musica, shown);
+    QCOMPARE(In<QComboBox>(viewer, "cmbLista")->currentText(), entry);
+    // On from there as if nothing had been.
+    QTest::keyClick(viewer.data(), Qt::Key_P);
+    QVERIFY(viewer->ID_Musica != shown);
+    QVERIFY(Title(viewer) != u"Rosa");
+    QCOMPARE(dialogs.boxes.size(), 1);
 }
 
 QTEST_MAIN(tst_viewer_navigation)
