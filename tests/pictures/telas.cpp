@@ -232,6 +232,16 @@ void ShowEntry(Pictures& pictures, Principal& form)
             [&form] { Click(form, QStringLiteral("cmdCadTema")); });
     checkTheme(0);
     SaveFailedSave(pictures, form, QStringLiteral("cadastro-guardada"));
+    SaveFailedSave(pictures, form, QStringLiteral("cadastro-atualizada"));
+    SaveBox(pictures, QStringLiteral("cadastro-limpar"),
+            [&form] { Click(form, QStringLiteral("cmdCadLimpar")); });
+    auto* themes = form.findChild<QAbstractItemView*>(QStringLiteral("lstCadTema"));
+    SaveBox(pictures, QStringLiteral("cadastro-tema-em-uso"),
+            [themes] { QTest::keyClick(themes, Qt::Key_Delete); });
+    SaveBox(pictures, QStringLiteral("cadastro-renomeia-tema"), [themes] {
+        QTest::mouseClick(themes->viewport(), Qt::RightButton, {},
+                          themes->visualRect(themes->model()->index(0, 0)).center());
+    });
     form.Inicializa_Cadastro(2);
     pictures.Save(QStringLiteral("cadastro-carregada"));
     Click(form, QStringLiteral("lblMostraMusica_1"));
