@@ -184,8 +184,8 @@ void ShowEditing(Pictures& pictures)
     pictures.Save(QStringLiteral("visualizador-edicao"));
     QTest::keyClick(sheet, Qt::Key_Tab);
     pictures.Save(QStringLiteral("visualizador-edicao-botao"));
-    const auto point = [&pictures](const QString& name) {
-        return [&pictures, name] {
+    const auto point = [](const QString& name) {
+        return [name] {
             QWidget* dialog = QApplication::activeModalWidget();
             const QWidget* button = dialog->findChild<QWidget*>(name);
             QTest::mouseMove(dialog->windowHandle(),
