@@ -216,21 +216,19 @@ void MaskEdit::keyPressEvent(QKeyEvent* event)
 {
     const bool plain =
         (event->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier)) == Qt::NoModifier;
+    const bool ours = plain && !m_mask.isEmpty() && !isReadOnly();
+    const bool caret = !hasSelectedText();
     const QString typed = event->text();
-    if (m_mask.isEmpty() || isReadOnly() || !plain) {
-        QLineEdit::keyPressEvent(event);
-    } else if (event->key() == Qt::Key_Backspace && !hasSelectedText()) {
+    // A sign that does not fit is refused here already: a selection would be lost otherwise.
+    const bool fits =
+        typed.isEmpty() || !typed[0].isPrint() || IsDigit(typed[0]) || (typed == u"/" && caret);
+    if (ours && caret && event->key() == Qt::Key_Backspace)
         TakeBefore();
-    } else if (event->key() == Qt::Key_Delete && event->modifiers() != Qt::ShiftModifier &&
-               !hasSelectedText()) {
+    else if (ours && caret && event->key() == Qt::Key_Delete &&
+             event->modifiers() != Qt::ShiftModifier)
         TakeBehind();
-    } else if (!typed.isEmpty() && typed[0].isPrint() && !IsDigit(typed[0])) {
-        // Refused here already: a selection would be lost otherwise.
-        if (typed == u"/" && !hasSelectedText())
-            QLineEdit::keyPressEvent(event);
-    } else {
+    else if (!ours || fits)
         QLineEdit::keyPressEvent(event);
-    }
 }
 
 void MaskEdit::mouseReleaseEvent(QMouseEvent* event)

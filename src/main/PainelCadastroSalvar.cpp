@@ -140,7 +140,7 @@ void PainelCadastro::Insere(const Valores& valores)
 void PainelCadastro::Insere_Temas(double id)
 {
     const ListBox& temas = *ui->lstCadTema;
-    for (std::int16_t i = 0; i < temas.ListCount(); i = Number::AddInteger(i, 1)) {
+    for (int i = 0; i < temas.ListCount(); i = Number::AddInteger(i, 1)) {
         if (!temas.Selected(i))
             continue;
         SQL = u"INSERT INTO TEMA_MUSICA (ID_MUSICA, ID_TEMA) "_qs + u" VALUES ("_qs +
