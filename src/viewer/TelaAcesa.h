@@ -7,7 +7,7 @@ class TelaAcesa
 {
 public:
     TelaAcesa();
-    ~TelaAcesa();
+    ~TelaAcesa(); // NOLINT(performance-trivially-destructible): only where nobody can be asked
     TelaAcesa(const TelaAcesa&) = delete;
     TelaAcesa& operator=(const TelaAcesa&) = delete;
 };

@@ -39,6 +39,17 @@ void Retira(const QDBusPendingReply<uint>& resposta)
     QDBusConnection::sessionBus().asyncCall(chamada);
 }
 
+/// The answer may still be on its way. When the program ends first, the bus takes it all back.
+void Retira_Quando_Vier()
+{
+    auto* espera = new QDBusPendingCallWatcher(pedido, QCoreApplication::instance());
+    QObject::connect(espera, &QDBusPendingCallWatcher::finished, espera, [espera] {
+        Retira(*espera);
+        espera->deleteLater();
+    });
+    pedido = QDBusPendingReply<uint>();
+}
+
 } // namespace
 
 TelaAcesa::TelaAcesa()
@@ -52,13 +63,6 @@ TelaAcesa::TelaAcesa()
 
 TelaAcesa::~TelaAcesa()
 {
-    if (--vivas > 0 || !Ha_Barramento())
-        return;
-    // The answer may still be on its way. When the program ends first, the bus takes it all back.
-    auto* espera = new QDBusPendingCallWatcher(pedido, QCoreApplication::instance());
-    QObject::connect(espera, &QDBusPendingCallWatcher::finished, espera, [espera] {
-        Retira(*espera);
-        espera->deleteLater();
-    });
-    pedido = QDBusPendingReply<uint>();
+    if (--vivas == 0 && Ha_Barramento())
+        Retira_Quando_Vier();
 }
