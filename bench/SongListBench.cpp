@@ -33,7 +33,7 @@ Nanoseconds Opened(qint64 song)
     PaintCounter::Settle();
     std::unique_ptr<frmVisualizar> viewer;
     const Nanoseconds time = Timed([&] {
-        viewer.reset(new frmVisualizar);
+        viewer = std::make_unique<frmVisualizar>();
         viewer->ID_Musica = static_cast<double>(song);
         PaintCounter painted(*Find<RichTextBox>(*viewer, "RichTextBox_2").viewport());
         viewer->Show();
