@@ -196,6 +196,13 @@ SearchText Search(Chance& chance)
     return search;
 }
 
+/// Alone, before, behind and between letters with and without accents.
+QStringList Around(const QString& sign)
+{
+    return QStringList{sign, u"a"_qs + sign, sign + u"a"_qs, u"é"_qs + sign + u"ç"_qs,
+                       u"e"_qs + sign + u"c"_qs};
+}
+
 /// What is suggested while a title or a reference is being typed.
 QString Suggestion(Chance& chance)
 {
@@ -256,30 +263,30 @@ void tst_search_equality::takesEverySignAsTheLiteralStatementDoes_data()
         QTest::newRow(QString::fromUtf16(sign).toUtf8().constData()) << QString::fromUtf16(sign);
 }
 
-/// Alone, before, behind and between letters with and without accents, in each column.
+/// In each column.
 void tst_search_equality::takesEverySignAsTheLiteralStatementDoes()
 {
     QFETCH(QString, sign);
     const TestCatalogue catalogue;
-    QString filling = u"INSERT INTO MUSICA (TITULO, REFERENCIA, MUSICA, CATEGORIA) VALUES ('a', "
-                      "NULL, '', 1);"_qs;
-    for (const QString& inner : {sign, u"%"_qs, u"_"_qs, u"*"_qs, u"?"_qs, u"#"_qs, u"[x]"_qs,
-                                 u"[!a]"_qs, u"ê"_qs, u"É"_qs, u"c\u0327"_qs, u"\\"_qs, u""_qs}) {
-        for (const QString& text : {inner, u"a"_qs + inner, inner + u"a"_qs,
-                                    u"é"_qs + inner + u"ç"_qs, u"e"_qs + inner + u"c"_qs}) {
+    const QString insertion =
+        u"INSERT INTO MUSICA (TITULO, REFERENCIA, MUSICA, CATEGORIA) VALUES ("_qs;
+    QString filling = insertion + u"'a', NULL, '', 1);";
+    const QStringList inners{sign,          u"%"_qs,   u"_"_qs,    u"*"_qs, u"?"_qs,
+                             u"#"_qs,       u"[x]"_qs, u"[!a]"_qs, u"ê"_qs, u"É"_qs,
+                             u"c\u0327"_qs, u"\\"_qs,  u""_qs};
+    for (const QString& inner : inners) {
+        for (const QString& text : Around(inner)) {
             const QString value = Quoted(text);
-            filling += u"INSERT INTO MUSICA (TITULO, REFERENCIA, MUSICA, CATEGORIA) VALUES ("_qs +
-                       value + u", " + value + u", " + value + u", 1);";
+            filling += insertion + value + u", " + value + u", " + value + u", 1);";
         }
     }
-    catalogue.Run(filling +
-                  u"INSERT INTO TEMA_MUSICA (ID_MUSICA, ID_TEMA) SELECT ID, 1 FROM MUSICA"_qs);
+    filling += u"INSERT INTO TEMA_MUSICA (ID_MUSICA, ID_TEMA) SELECT ID, 1 FROM MUSICA"_qs;
+    catalogue.Run(filling);
     Connection connection;
     connection.Open(catalogue.ConnectionString());
     const LiteralCatalogue literal(catalogue.Path());
     qsizetype found = 0;
-    for (const QString& pattern : {sign, u"a"_qs + sign, sign + u"a"_qs, u"é"_qs + sign + u"ç"_qs,
-                                   u"e"_qs + sign + u"c"_qs, sign + sign}) {
+    for (const QString& pattern : Around(sign)) {
         for (QString SearchText::*column :
              {&SearchText::title, &SearchText::reference, &SearchText::lyrics}) {
             SearchText search;
