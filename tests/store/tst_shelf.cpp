@@ -143,7 +143,7 @@ void tst_shelf::readsAChangedSongAlone()
     QCOMPARE(Runs(AllSongs), 0);
     QCOMPARE(Runs(Lyrics), 0);
     // Three songs and the block of texts that they may begin; all songs once more take 40 KiB.
-    QVERIFY(shelf.Size() < size + 12 * 1024);
+    QVERIFY(shelf.Size() < size + std::size_t{12} * 1024);
 }
 
 void tst_shelf::readsAllAfterManyChanges()

@@ -56,7 +56,9 @@ void SongTriples::Keep(std::vector<char>& marks, std::string_view needle) const
         for (auto set = sets.begin(); set != sets.end() && kept != 0; ++set)
             kept &= block[*set];
         const std::size_t end = std::min<std::size_t>(first + BlockPlaces, marks.size());
-        for (std::size_t place = first; place < end; ++place)
-            marks[place] &= static_cast<char>((kept >> (place - first)) & 1);
+        for (std::size_t place = first; place < end; ++place, kept >>= 1) {
+            if ((kept & 1) == 0)
+                marks[place] = 0;
+        }
     }
 }
