@@ -608,7 +608,7 @@ void tst_lista_musicas::aHeldListIsLaidOutWhenItIsLetGo()
     if (waits)
         QTest::qWait(20);
     lista.Segura(false);
-    QCOMPARE(lista.verticalScrollBar()->isVisible(), after == 300);
+    QTRY_COMPARE(lista.verticalScrollBar()->isVisible(), after == 300);
     QVERIFY(lista.updatesEnabled());
     QTest::keyClick(&lista, Qt::Key_End);
     QCOMPARE(lista.currentIndex().row(), after - 1);
