@@ -161,6 +161,7 @@ void MeasureOnce(const Scale& scale, const GeneratedCatalogue& catalogue, Result
         form.Write("txtLetra", QString());
         form.Tick();
         PaintCounter::Settle();
+        // Of no song: the next round finds the catalogue as it was.
         saving.push_back(Timed([] {
             Funcoes::Conexao.Execute(u"DELETE FROM TEMA_MUSICA WHERE ID_MUSICA = 00"_qs);
             Funcoes::Conexao.CommitBatch();
