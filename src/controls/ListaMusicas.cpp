@@ -104,6 +104,25 @@ void ListaMusicas::Preenche_De(std::shared_ptr<const FonteMusicas> fonte)
     m_modelo->Preenche_De(std::move(fonte));
 }
 
+void ListaMusicas::Segura(bool segura)
+{
+    m_segura = segura;
+    setUpdatesEnabled(!segura);
+    if (segura)
+        return;
+    // Laid out now, it is painted once; laid out while it is painted, twice.
+    executeDelayedItemsLayout();
+    if (m_arrumar)
+        updateGeometries();
+}
+
+void ListaMusicas::updateGeometries()
+{
+    m_arrumar = m_segura;
+    if (!m_segura)
+        QTreeView::updateGeometries();
+}
+
 int ListaMusicas::ListCount() const
 {
     return m_modelo->rowCount();

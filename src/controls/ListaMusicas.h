@@ -39,6 +39,11 @@ public:
     void Preenche(std::vector<LinhaMusica> linhas);
     void Preenche_De(std::shared_ptr<const FonteMusicas> fonte);
 
+    /// Keeps the last picture while the list is emptied and filled again, until it is let go: it
+    /// would flash, take its bar away and put it back, and lay all columns out anew for both.
+    void Segura(bool segura);
+    bool Segurada() const noexcept { return m_segura; }
+
     int ListCount() const;
 
     /// @param linha  position from 0 in the order shown
@@ -79,6 +84,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* evento) override;
     void contextMenuEvent(QContextMenuEvent* evento) override;
     void resizeEvent(QResizeEvent* evento) override;
+    void updateGeometries() override;
     bool viewportEvent(QEvent* evento) override;
     void drawRow(QPainter* pintor, const QStyleOptionViewItem& opcao,
                  const QModelIndex& indice) const override;
@@ -96,6 +102,8 @@ private:
     quint64 m_vez = 0;
     /// Shares of the width that "Título" and "Referência" take; "Temas" takes the rest.
     std::array<double, 2> m_proporcoes{0.42, 0.29};
+    bool m_segura = false;
+    bool m_arrumar = false; ///< the bar waits for the list to be let go
     bool m_repartindo = false;
     bool m_ordenando = false;
 };

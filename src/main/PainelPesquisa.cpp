@@ -26,12 +26,12 @@ void Deixa_Eventos()
 class PinturaParada final : public QObject
 {
 public:
-    explicit PinturaParada(QWidget& controle)
-        : m_controle(&controle)
-        , m_pintava(controle.updatesEnabled())
+    explicit PinturaParada(ListaMusicas& lista)
+        : m_lista(&lista)
+        , m_segurava(lista.Segurada())
     {
-        controle.setUpdatesEnabled(false);
-        controle.window()->installEventFilter(this);
+        lista.Segura(true);
+        lista.window()->installEventFilter(this);
     }
     ~PinturaParada() override { Retoma(); }
     PinturaParada(const PinturaParada&) = delete;
@@ -47,13 +47,13 @@ public:
 private:
     void Retoma()
     {
-        if (m_controle)
-            m_controle->setUpdatesEnabled(m_pintava);
-        m_controle.clear();
+        if (m_lista)
+            m_lista->Segura(m_segurava);
+        m_lista.clear();
     }
 
-    QPointer<QWidget> m_controle;
-    bool m_pintava;
+    QPointer<ListaMusicas> m_lista;
+    bool m_segurava;
 };
 
 QString Texto_Contagem(int registros)

@@ -3,6 +3,7 @@
 #include "runtime/RuntimeError.h"
 #include "store/CatalogueFile.h"
 #include "store/Database.h"
+#include "store/sqlite/Failure.h"
 
 #include <utility>
 
@@ -30,9 +31,7 @@ void Connection::Open(const QString& connectionString, const QString&, const QSt
 Connection::Database& Connection::Opened() const
 {
     if (!m_database)
-        throw RuntimeError(RuntimeError::ObjectClosed,
-                           QStringLiteral("O banco de dados já está fechado."),
-                           QStringLiteral("Operation is not allowed when the object is closed."));
+        Failure::ThrowClosed();
     return *m_database;
 }
 

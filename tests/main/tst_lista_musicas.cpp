@@ -9,6 +9,7 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolTip>
@@ -58,6 +59,8 @@ class tst_lista_musicas : public QObject
 
 private slots:
     void init();
+    void aHeldListIsLaidOutWhenItIsLetGo_data();
+    void aHeldListIsLaidOutWhenItIsLetGo();
     void cleanup();
 
     void modelKeepsTheRulesOfModels();
@@ -571,6 +574,47 @@ void tst_lista_musicas::holdsTwentyThousandRows()
     m_lista->Preenche(linhas);
     m_lista->grab();
     QCOMPARE(m_lista->Tag(19999), 20000);
+}
+
+void tst_lista_musicas::aHeldListIsLaidOutWhenItIsLetGo_data()
+{
+    QTest::addColumn<int>("before");
+    QTest::addColumn<int>("after");
+    QTest::addColumn<bool>("waits"); // events run between the fill and the letting go
+    QTest::newRow("empty to long") << 0 << 300 << false;
+    QTest::newRow("long to short") << 300 << 2 << false;
+    QTest::newRow("long to empty") << 300 << 0 << false;
+    QTest::newRow("empty to long, later") << 0 << 300 << true;
+    QTest::newRow("long to short, later") << 300 << 2 << true;
+    QTest::newRow("long to empty, later") << 300 << 0 << true;
+}
+
+void tst_lista_musicas::aHeldListIsLaidOutWhenItIsLetGo()
+{
+    QFETCH(int, before);
+    QFETCH(int, after);
+    QFETCH(bool, waits);
+    ListaMusicas lista;
+    lista.resize(600, 300);
+    lista.Preenche(Linhas(before));
+    lista.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&lista));
+    QTest::qWait(20);
+    lista.Segura(true);
+    lista.Limpa();
+    QTest::qWait(20);
+    QCOMPARE(lista.verticalScrollBar()->isVisible(), before == 300);
+    lista.Preenche(Linhas(after));
+    if (waits)
+        QTest::qWait(20);
+    lista.Segura(false);
+    QTRY_COMPARE(lista.verticalScrollBar()->isVisible(), after == 300);
+    QVERIFY(lista.updatesEnabled());
+    lista.setCurrentIndex(lista.model()->index(0, 0));
+    QTest::keyClick(&lista, Qt::Key_End);
+    QCOMPARE(lista.currentIndex().row(), after - 1);
+    QVERIFY(after == 0 ||
+            lista.viewport()->rect().contains(lista.visualRect(lista.currentIndex()).topLeft()));
 }
 
 QTEST_MAIN(tst_lista_musicas)

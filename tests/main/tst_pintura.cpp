@@ -1,5 +1,7 @@
 #include "PesquisaTeste.h"
 
+#include <QScrollBar>
+
 namespace {
 
 /// Writes down how many rows a list had each time that it was painted.
@@ -16,10 +18,12 @@ public:
     {
         if (evento->type() == QEvent::Paint)
             linhas.append(m_lista.ListCount());
+        larguras += evento->type() == QEvent::Resize ? 1 : 0;
         return false;
     }
 
     QList<int> linhas;
+    int larguras = 0; ///< how often the room for the rows changed
 
 private:
     const ListaMusicas& m_lista;
@@ -34,6 +38,8 @@ class tst_pintura : public PesquisaTeste
 private slots:
     void listKeepsItsLastPictureWhileSearching();
     void listIsPaintedWhileABoxStandsOpen();
+    void aLongListIsPaintedOnceAndKeepsItsBar();
+    void theBarGoesWithTheRowsAndComesWithThem();
 };
 
 void tst_pintura::listKeepsItsLastPictureWhileSearching()
@@ -104,6 +110,37 @@ void tst_pintura::listIsPaintedWhileABoxStandsOpen()
     m_lista->viewport()->update();
     QTRY_VERIFY(!pinturas.linhas.isEmpty());
     QCOMPARE(pinturas.linhas.last(), 2);
+}
+
+void tst_pintura::aLongListIsPaintedOnceAndKeepsItsBar()
+{
+    for (int i = 0; i < 200; ++i)
+        Musica(u"Bossa %1"_qs.arg(i));
+    Musica(u"Aboio"_qs);
+    Carrega();
+    QTest::qWait(50);
+    Pinturas pinturas(*m_lista);
+    Clica_Letra(1);
+    QTRY_VERIFY(!pinturas.linhas.isEmpty());
+    QTest::qWait(50);
+    QCOMPARE(pinturas.linhas, QList<int>{200});
+    QCOMPARE(pinturas.larguras, 0);
+    QVERIFY(m_lista->verticalScrollBar()->isVisible());
+}
+
+void tst_pintura::theBarGoesWithTheRowsAndComesWithThem()
+{
+    for (int i = 0; i < 200; ++i)
+        Musica(u"Bossa %1"_qs.arg(i));
+    Musica(u"Aboio"_qs);
+    Carrega();
+    QTest::qWait(50);
+    for (const int letra : {0, 1, 2, 1, 0}) {
+        Clica_Letra(letra);
+        QTest::qWait(50);
+        QCOMPARE(m_lista->ListCount(), letra == 0 ? 1 : letra == 1 ? 200 : 0);
+        QCOMPARE(m_lista->verticalScrollBar()->isVisible(), letra == 1);
+    }
 }
 
 QTEST_MAIN(tst_pintura)

@@ -69,7 +69,11 @@ const QStringList& Words()
                                    u"a"_qs,
                                    u"B"_qs,
                                    u"é"_qs,
-                                   u"E"_qs};
+                                   u"E"_qs,
+                                   u"5*7"_qs,
+                                   u"quê?"_qs,
+                                   u"C#m"_qs,
+                                   u"[é]ç*"_qs};
     return words;
 }
 
@@ -98,10 +102,11 @@ public:
     /// Something to look for: a word, a piece of one, or signs between such.
     QString Pattern()
     {
-        static const QStringList signs{u"%"_qs,     u"_"_qs,   u"[al]"_qs,  u"[!a]"_qs,
-                                       u"[a-m]"_qs, u"["_qs,   u"]"_qs,     u"[]"_qs,
-                                       u"[!]"_qs,   u"[%]"_qs, u"[çÇ]"_qs,  u"!"_qs,
-                                       u"__"_qs,    u"%%"_qs,  u"[_-a]"_qs, u"''"_qs};
+        static const QStringList signs{u"%"_qs,    u"_"_qs,   u"[al]"_qs, u"[!a]"_qs, u"[a-m]"_qs,
+                                       u"["_qs,    u"]"_qs,   u"[]"_qs,   u"[!]"_qs,  u"[%]"_qs,
+                                       u"[çÇ]"_qs, u"!"_qs,   u"__"_qs,   u"%%"_qs,   u"[_-a]"_qs,
+                                       u"''"_qs,   u"*"_qs,   u"?"_qs,    u"#"_qs,    u"[?*]"_qs,
+                                       u"[#]"_qs,  u"[!é]"_qs};
         QString pattern;
         for (int i = 1 + Below(2); i > 0; --i) {
             const QString& word = Words().at(Below(int(Words().size())));
@@ -191,6 +196,13 @@ SearchText Search(Chance& chance)
     return search;
 }
 
+/// Alone, before, behind and between letters with and without accents.
+QStringList Around(const QString& sign)
+{
+    return QStringList{sign, u"a"_qs + sign, sign + u"a"_qs, u"é"_qs + sign + u"ç"_qs,
+                       u"e"_qs + sign + u"c"_qs};
+}
+
 /// What is suggested while a title or a reference is being typed.
 QString Suggestion(Chance& chance)
 {
@@ -215,6 +227,8 @@ private slots:
     void givesTheRowsOfTheLiteralStatement();
     void suggestsTheRowsOfTheLiteralStatement_data() { givesTheRowsOfTheLiteralStatement_data(); }
     void suggestsTheRowsOfTheLiteralStatement();
+    void takesEverySignAsTheLiteralStatementDoes_data();
+    void takesEverySignAsTheLiteralStatementDoes();
 
 private:
     static void Compare(unsigned seed, const std::function<QString(Chance&)>& statement);
@@ -237,6 +251,52 @@ void tst_search_equality::suggestsTheRowsOfTheLiteralStatement()
 {
     QFETCH(unsigned, seed);
     Compare(seed, Suggestion);
+}
+
+void tst_search_equality::takesEverySignAsTheLiteralStatementDoes_data()
+{
+    QTest::addColumn<QString>("sign");
+    for (const char16_t* sign :
+         {u"%",   u"_",       u"*",    u"?",    u"#",     u"[", u"]",      u"[]",    u"[%]", u"[_]",
+          u"[[]", u"[*?#]",   u"[!a]", u"[!é]", u"[a-ç]", u"!", u"-",      u"^",     u"\\",  u"é",
+          u"É",   u"e\u0301", u"ç",    u"Ç",    u"ã",     u"ê", u"\u0301", u"\u0327"})
+        QTest::newRow(QString::fromUtf16(sign).toUtf8().constData()) << QString::fromUtf16(sign);
+}
+
+/// In each column.
+void tst_search_equality::takesEverySignAsTheLiteralStatementDoes()
+{
+    QFETCH(QString, sign);
+    const TestCatalogue catalogue;
+    const QString insertion =
+        u"INSERT INTO MUSICA (TITULO, REFERENCIA, MUSICA, CATEGORIA) VALUES ("_qs;
+    QString filling = insertion + u"'a', NULL, '', 1);";
+    const QStringList inners{sign,          u"%"_qs,   u"_"_qs,    u"*"_qs, u"?"_qs,
+                             u"#"_qs,       u"[x]"_qs, u"[!a]"_qs, u"ê"_qs, u"É"_qs,
+                             u"c\u0327"_qs, u"\\"_qs,  u""_qs};
+    for (const QString& inner : inners) {
+        for (const QString& text : Around(inner)) {
+            const QString value = Quoted(text);
+            filling += insertion + value + u", " + value + u", " + value + u", 1);";
+        }
+    }
+    filling += u"INSERT INTO TEMA_MUSICA (ID_MUSICA, ID_TEMA) SELECT ID, 1 FROM MUSICA"_qs;
+    catalogue.Run(filling);
+    Connection connection;
+    connection.Open(catalogue.ConnectionString());
+    const LiteralCatalogue literal(catalogue.Path());
+    qsizetype found = 0;
+    for (const QString& pattern : Around(sign)) {
+        for (QString SearchText::*column :
+             {&SearchText::title, &SearchText::reference, &SearchText::lyrics}) {
+            SearchText search;
+            search.*column = pattern;
+            const QList<QStringList> expected = literal.Rows(search.Sql());
+            QCOMPARE(AllFields(connection.Execute(search.Sql())), expected);
+            found += expected.size();
+        }
+    }
+    QVERIFY(found > 0);
 }
 
 void tst_search_equality::Compare(unsigned seed, const std::function<QString(Chance&)>& statement)

@@ -1,5 +1,6 @@
 #include "runtime/RuntimeError.h"
 #include "store/CatalogueSchema.h"
+#include "store/RecordsetRows.h"
 #include "store/SearchText.h"
 #include "store/dialect/Dialect.h"
 #include "store/shelf/SongShelf.h"
@@ -32,6 +33,9 @@ private slots:
     void answersTitlesWithoutRoomForLyrics();
     void answersNothingWithoutRoom();
     void givesTheRoomOfManyChangesBack();
+    void readsOnlyTheTextsOfShownSongsThatGo_data();
+    void readsOnlyTheTextsOfShownSongsThatGo();
+    void readsNoTextWhenItGoes();
     void aHeldFileIsWaitedForOnce();
 
 private:
@@ -99,6 +103,7 @@ const QString AllSongs = u"SELECT rowid, ID, CATEGORIA, CONTADOR, TITULO, REFERE
 const QString OneSong = u"SELECT rowid, ID, CATEGORIA, CONTADOR, TITULO, REFERENCIA, TOM, "
                         "VARIACAO FROM MUSICA WHERE rowid"_qs;
 const QString Lyrics = u"SELECT rowid, MUSICA FROM MUSICA"_qs;
+const QString OneText = u"SELECT MUSICA FROM MUSICA WHERE ID"_qs;
 
 } // namespace
 
@@ -138,7 +143,7 @@ void tst_shelf::readsAChangedSongAlone()
     QCOMPARE(Runs(AllSongs), 0);
     QCOMPARE(Runs(Lyrics), 0);
     // Three songs and the block of texts that they may begin; all songs once more take 40 KiB.
-    QVERIFY(shelf.Size() < size + 12 * 1024);
+    QVERIFY(shelf.Size() < size + std::size_t{12} * 1024);
 }
 
 void tst_shelf::readsAllAfterManyChanges()
@@ -200,6 +205,44 @@ void tst_shelf::answersNothingWithoutRoom()
     QVERIFY(!Answers(shelf));
     QCOMPARE(Runs(AllSongs), 0);
     QVERIFY(shelf.Size() <= room);
+}
+
+void tst_shelf::readsOnlyTheTextsOfShownSongsThatGo_data()
+{
+    QTest::addColumn<QString>("change");
+    QTest::addColumn<int>("texts");
+    QTest::newRow("themes of a song") << u"DELETE FROM TEMA_MUSICA WHERE ID_MUSICA = 07"_qs << 0;
+    QTest::newRow("a setlist") << u"DELETE FROM LISTA WHERE ID = 07"_qs << 0;
+    QTest::newRow("a play") << u"UPDATE MUSICA SET CONTADOR = CONTADOR + 1 WHERE ID = 07"_qs << 0;
+    QTest::newRow("a saved song")
+        << u"UPDATE MUSICA SET TITULO = 'A', MUSICA = 'b'  WHERE ID = 07"_qs << 1;
+    QTest::newRow("a deleted song") << u"DELETE FROM MUSICA WHERE ID = 07"_qs << 1;
+    QTest::newRow("any of them") << u"DELETE FROM MUSICA WHERE CATEGORIA = 1"_qs << Songs;
+}
+
+void tst_shelf::readsOnlyTheTextsOfShownSongsThatGo()
+{
+    QFETCH(QString, change);
+    QFETCH(int, texts);
+    SongShelf shelf(m_database, *m_statements);
+    const Schema schema = CatalogueSchema();
+    const auto shown =
+        shelf.Answer(*SongSearch::Recognise(ReadStatement(SearchText{}.Sql(), schema)));
+    m_run.clear();
+    shelf.BeforeChange(ReadStatement(change, schema));
+    QCOMPARE(Runs(OneText), texts);
+}
+
+void tst_shelf::readsNoTextWhenItGoes()
+{
+    auto shelf = std::make_unique<SongShelf>(m_database, *m_statements);
+    const Schema schema = CatalogueSchema();
+    const auto shown =
+        shelf->Answer(*SongSearch::Recognise(ReadStatement(SearchText{}.Sql(), schema)));
+    m_run.clear();
+    shelf.reset();
+    QCOMPARE(m_run, QStringList());
+    QCOMPARE(shown->Count(), Songs);
 }
 
 void tst_shelf::aHeldFileIsWaitedForOnce()

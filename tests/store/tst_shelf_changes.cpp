@@ -32,8 +32,11 @@ private slots:
     void seesWhatAnotherProgramWritesBetweenOwnChanges();
     void findsASongThatAnotherProgramGivesALowNumber();
     void keepsAResultWhileItsSongsChange();
-    void keepsTheTextsOfAResultThatOutlivesTheConnection();
+    void keepsAResultThatOutlivesTheConnection();
     void keepsTheTextsOfSongsThatAreDeleted();
+    void keepsTheFirstTextOfASongThatChangesTwice();
+    void keepsTheTextsOfSongsThatChangeTogether_data();
+    void keepsTheTextsOfSongsThatChangeTogether();
     void findsTextsOfOddKindsAsSqliteDoes();
     void saysThatAnotherProgramHoldsTheFile();
     void findsAllAgainAfterOpeningAnotherCatalogue();
@@ -223,12 +226,15 @@ void tst_shelf_changes::keepsAResultWhileItsSongsChange()
                                                      u""_qs, u"2"_qs, u"coração"_qs}));
 }
 
-void tst_shelf_changes::keepsTheTextsOfAResultThatOutlivesTheConnection()
+/// Its texts were never read: closing does not wait for them.
+void tst_shelf_changes::keepsAResultThatOutlivesTheConnection()
 {
     const Recordset before = m_connection->Execute(SearchText{}.Sql());
+    Change(u"UPDATE MUSICA SET MUSICA = 'novo' WHERE ID = 01"_qs);
     m_connection->Close();
-    QCOMPARE(before.Fields(u"MUSICA"), Value(u"coração"_qs));
+    QCOMPARE(before.RecordCount(), 2);
     QCOMPARE(before.Fields(u"TITULO"), Value(u"Amor"_qs));
+    QCOMPARE(Failed([&] { before.Fields(u"MUSICA"); }).number, int{RuntimeError::ObjectClosed});
 }
 
 void tst_shelf_changes::keepsTheTextsOfSongsThatAreDeleted()
@@ -237,6 +243,34 @@ void tst_shelf_changes::keepsTheTextsOfSongsThatAreDeleted()
     Change(u"DELETE FROM MUSICA WHERE ID = 02"_qs);
     QCOMPARE(before.RecordCount(), 2);
     QCOMPARE(before.Fields(u"MUSICA"), Value(u"coração"_qs));
+}
+
+void tst_shelf_changes::keepsTheFirstTextOfASongThatChangesTwice()
+{
+    const Recordset before = m_connection->Execute(SearchText{}.Sql());
+    Change(u"UPDATE MUSICA SET MUSICA = 'novo' WHERE ID = 02"_qs);
+    Change(u"UPDATE MUSICA SET MUSICA = 'outro' WHERE ID = 02"_qs);
+    QCOMPARE(before.Fields(u"MUSICA"), Value(u"coração"_qs));
+}
+
+void tst_shelf_changes::keepsTheTextsOfSongsThatChangeTogether_data()
+{
+    QTest::addColumn<QString>("change");
+    QTest::newRow("all") << u"UPDATE MUSICA SET MUSICA = 'novo'"_qs;
+    QTest::newRow("some") << u"UPDATE MUSICA SET MUSICA = 'novo' WHERE ID > 0"_qs;
+    QTest::newRow("by another column")
+        << u"UPDATE MUSICA SET MUSICA = 'novo' WHERE CATEGORIA = 1"_qs;
+    QTest::newRow("several") << u"UPDATE MUSICA SET MUSICA = 'novo' WHERE ID IN (1, 2)"_qs;
+    QTest::newRow("deleted") << u"DELETE FROM MUSICA"_qs;
+}
+
+void tst_shelf_changes::keepsTheTextsOfSongsThatChangeTogether()
+{
+    QFETCH(QString, change);
+    const Recordset before = m_connection->Execute(SearchText{}.Sql());
+    Change(change);
+    QCOMPARE(AllFields(before).at(0).last(), u"coração"_qs);
+    QCOMPARE(AllFields(before).at(1).last(), u"brilha"_qs);
 }
 
 /// Another tool may store numbers in letters and texts as bytes.

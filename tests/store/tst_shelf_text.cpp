@@ -1,4 +1,4 @@
-#include "store/shelf/LetterTriples.h"
+#include "store/shelf/SongTriples.h"
 #include "store/shelf/TitleOrder.h"
 #include "store/text/Collation.h"
 #include "store/text/Like.h"
@@ -99,6 +99,7 @@ private slots:
     void ordersByLettersAsTheCollationDoes();
     void ordersTitlesAsTheCollationDoes();
     void rulesNoTextOutThatHoldsThePart();
+    void rulesNothingOutByLessThanThreeLetters();
 };
 
 void tst_shelf_text::keepsEveryLetterInTwoParts()
@@ -184,16 +185,43 @@ void tst_shelf_text::ordersTitlesAsTheCollationDoes()
 void tst_shelf_text::rulesNoTextOutThatHoldsThePart()
 {
     std::mt19937 random(5);
-    int ruledOut = 0;
+    SongTriples triples;
+    constexpr SongTable::Place places = 1000;
+    triples.Reserve(places);
+    std::vector<std::string> texts(places);
+    std::size_t left = 0;
     for (int i = 0; i < 20000; ++i) {
-        const std::string text = Random(random, 40, Pieces.size());
+        const auto place = static_cast<SongTable::Place>(random() % places);
+        texts[place] = Random(random, 40, Pieces.size());
+        triples.Remove(place);
+        triples.Put(place, texts[place]);
+        const std::string& text = texts[random() % places];
         const std::string part = text.substr(random() % (text.size() + 1), random() % 8);
-        QVERIFY(LetterTriples(text).Contain(LetterTriples(part)));
-        ruledOut += LetterTriples(text).Contain(LetterTriples("zoxquem")) ? 0 : 1;
+        std::vector<char> marks(places, 1);
+        triples.Keep(marks, part);
+        for (SongTable::Place other = 0; other < places; other += 7)
+            QVERIFY(marks[other] != 0 || texts[other].find(part) == std::string::npos);
+        std::vector<char> rare(places, 1);
+        triples.Keep(rare, "zoxquem");
+        left = std::max(left, std::size_t(std::count(rare.begin(), rare.end(), 1)));
     }
-    QVERIFY(ruledOut > 19000);
-    QVERIFY(LetterTriples("ab").IsEmpty());
-    QVERIFY(!LetterTriples("abc").IsEmpty());
+    QVERIFY(left < places / 20);
+}
+
+void tst_shelf_text::rulesNothingOutByLessThanThreeLetters()
+{
+    SongTriples triples;
+    triples.Reserve(3);
+    triples.Put(1, "luz");
+    std::vector<char> marks{1, 1, 0};
+    triples.Keep(marks, "");
+    triples.Keep(marks, "xy");
+    QCOMPARE(marks, (std::vector<char>{1, 1, 0}));
+    triples.Keep(marks, "luz");
+    QCOMPARE(marks, (std::vector<char>{0, 1, 0}));
+    triples.Remove(1);
+    triples.Keep(marks, "luz");
+    QCOMPARE(marks, (std::vector<char>{0, 0, 0}));
 }
 
 QTEST_APPLESS_MAIN(tst_shelf_text)

@@ -11,10 +11,11 @@ bool SongLyrics::Put(SongTable::Place place, const SongRow::Text& text)
     if (text && lyric.bases && IsSame(lyric))
         return true;
     m_wasted += lyric.basesLength + lyric.accentCount * sizeof(Packed);
+    if (lyric.bases)
+        m_triples.Remove(place);
     lyric = {};
-    m_triples[place] = {};
     if (text) {
-        m_triples[place] = LetterTriples(m_bases);
+        m_triples.Put(place, m_bases);
         lyric.bases = m_pool.Keep(m_bases).data();
         lyric.accents = m_pool.Keep(m_packed).data();
         lyric.basesLength = static_cast<std::uint32_t>(m_bases.size());
@@ -28,7 +29,7 @@ void SongLyrics::Reserve(SongTable::Place places)
     if (places <= m_lyrics.size())
         return;
     m_lyrics.resize(places);
-    m_triples.resize(places);
+    m_triples.Reserve(places);
 }
 
 /// Writes the text's bases and accents into the members for them.
@@ -64,11 +65,17 @@ bool SongLyrics::IsSame(const Lyric& lyric) const
            std::string_view(lyric.accents, lyric.accentCount * sizeof(Packed)) == m_packed;
 }
 
-bool SongLyrics::Matches(SongTable::Place place, const Like& like,
-                         const LetterTriples* triples) const
+void SongLyrics::Keep(std::vector<char>& marks, const Like& like) const
 {
-    if (triples && !m_triples[place].Contain(*triples))
-        return false;
+    m_triples.Keep(marks, like.Needle().Needle());
+    for (SongTable::Place place = 0; place < marks.size(); ++place) {
+        if (marks[place] != 0 && !Matches(place, like))
+            marks[place] = 0;
+    }
+}
+
+bool SongLyrics::Matches(SongTable::Place place, const Like& like) const
+{
     const Lyric& lyric = m_lyrics[place];
     if (!lyric.bases)
         return false;
@@ -89,5 +96,5 @@ bool SongLyrics::Matches(SongTable::Place place, const Like& like,
 
 std::size_t SongLyrics::Size() const noexcept
 {
-    return m_pool.Size() + m_lyrics.size() * (sizeof(Lyric) + sizeof(LetterTriples));
+    return m_pool.Size() + m_lyrics.size() * sizeof(Lyric) + m_triples.Size();
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "store/shelf/LetterTriples.h"
 #include "store/shelf/SongTable.h"
+#include "store/shelf/SongTriples.h"
 #include "store/text/Like.h"
 
 #include <cstdint>
@@ -19,9 +19,9 @@ public:
     /// @return false for a text that has no room here: too long, or of too many kinds of accents
     bool Put(SongTable::Place place, const SongRow::Text& text);
 
-    /// @param triples  those of the pattern's needle; nullptr for a shorter one
-    /// @return whether the text of the song at a place matches; a song without one never does.
-    bool Matches(SongTable::Place place, const Like& like, const LetterTriples* triples) const;
+    /// Takes away the marks of the songs whose text does not match; a song without one never does.
+    /// @param marks  one for each place that room was made for
+    void Keep(std::vector<char>& marks, const Like& like) const;
 
     /// Makes room for the songs up to a place; those that were not put have no text.
     void Reserve(SongTable::Place places);
@@ -46,10 +46,11 @@ private:
     static constexpr int NumberBits = 8;
 
     bool Pack(std::string_view text);
+    bool Matches(SongTable::Place place, const Like& like) const;
     bool IsSame(const Lyric& lyric) const;
 
     std::vector<Lyric> m_lyrics;
-    std::vector<LetterTriples> m_triples; ///< of the bases
+    SongTriples m_triples; ///< of the bases
     TextPool m_pool;
     std::size_t m_wasted = 0;
     std::vector<std::uint64_t> m_accents; ///< by their numbers

@@ -2,6 +2,7 @@
 
 #include "runtime/RuntimeError.h"
 #include "store/shelf/SongView.h"
+#include "store/shelf/TextChange.h"
 #include "store/sqlite/LockPatience.h"
 #include "store/sqlite/ReadSnapshot.h"
 
@@ -13,8 +14,9 @@ namespace {
 
 using Field = SongSearch::Field;
 
-constexpr int IdleSlice = 3;  // ms, not noticed between two key presses
-constexpr int IdlePause = 15; // ms
+constexpr int FirstPause = 15; // ms from a search to the first slice
+constexpr int IdleSlice = 3;   // ms, not noticed between two key presses
+constexpr int IdlePause = 4;   // ms from slice to slice
 
 /// One condition of a search on one text of a song.
 struct Condition
@@ -42,16 +44,18 @@ SongShelf::SongShelf(sqlite3* database, StatementCache& statements, std::size_t 
     , m_largestSize(largestSize)
     , m_watch(database)
 {
-    m_idle.setInterval(IdlePause);
     QObject::connect(&m_idle, &QTimer::timeout, &m_idle, [this] {
-        if (!ReadAhead(IdleSlice))
+        if (ReadAhead(IdleSlice))
+            m_idle.start(IdlePause);
+        else
             m_idle.stop();
     });
 }
 
 SongShelf::~SongShelf()
 {
-    SettleViews();
+    for (const auto& view : Views())
+        view->Detach();
 }
 
 std::size_t SongShelf::Size() const noexcept
@@ -98,8 +102,9 @@ std::vector<char> SongShelf::Candidates(const SongSearch& search)
         if (!search.categories)
             return true;
         const SongRow::Number& category = m_songs.CategoryAt(place);
-        return category &&
-               std::binary_search(search.categories->begin(), search.categories->end(), *category);
+        // There are two of them: looking them through is quickest.
+        return category && std::find(search.categories->begin(), search.categories->end(),
+                                     *category) != search.categories->end();
     };
     for (SongTable::Place place = 0; place < m_songs.Places(); ++place) {
         if (marks[place] != 0 && !fits(place))
@@ -115,18 +120,13 @@ void SongShelf::KeepMatches(std::vector<char>& marks, const SongBases& bases, co
     bases.Keep(marks, like.Needle());
     if (like.IsDecidedByNeedle())
         return;
+    // The songs themselves are looked at only where the bases do not decide.
+    const auto matches = [&](SongTable::Place place) {
+        return like.IsDecidedByBases() ? like.MatchesBases(bases.At(place))
+                                       : like.Matches(*(m_songs.At(place)->*text), bases.At(place));
+    };
     for (SongTable::Place place = 0; place < m_songs.Places(); ++place) {
-        if (marks[place] != 0 && !like.Matches(*(m_songs.At(place)->*text), bases.At(place)))
-            marks[place] = 0;
-    }
-}
-
-void SongShelf::KeepLyrics(std::vector<char>& marks, const Like& like) const
-{
-    const LetterTriples triples(like.Needle().Needle());
-    const LetterTriples* const asked = triples.IsEmpty() ? nullptr : &triples;
-    for (SongTable::Place place = 0; place < m_songs.Places(); ++place) {
-        if (marks[place] != 0 && !m_lyrics.Matches(place, like, asked))
+        if (marks[place] != 0 && !matches(place))
             marks[place] = 0;
     }
 }
@@ -144,7 +144,7 @@ std::vector<const SongRow*> SongShelf::Find(const SongSearch& search)
     }
     for (const Condition& condition : conditions) {
         if (condition.field == Field::Text)
-            KeepLyrics(marks, condition.like);
+            m_lyrics.Keep(marks, condition.like);
     }
     std::vector<const SongRow*> rows;
     rows.reserve(static_cast<std::size_t>(std::count(marks.begin(), marks.end(), 1)));
@@ -169,33 +169,36 @@ std::shared_ptr<const Recordset::Rows> SongShelf::Show(const SongSearch& search,
     return view;
 }
 
-void SongShelf::SettleViews()
+/// @return the results that may still ask for texts
+std::vector<std::shared_ptr<SongView>> SongShelf::Views() const
 {
+    std::vector<std::shared_ptr<SongView>> views;
     for (const auto& known : m_views) {
-        if (const auto view = known.lock())
-            view->Settle();
+        if (auto view = known.lock())
+            views.push_back(std::move(view));
     }
-    m_views.clear();
+    return views;
 }
 
 void SongShelf::BeforeChange(const Syntax::Statement& statement)
 {
     m_watch.Announce(statement);
-    const auto isText = [](const Syntax::Assignment& assignment) {
-        return assignment.target.column->name.compare(u"MUSICA", Qt::CaseInsensitive) == 0;
-    };
-    const auto* update = std::get_if<Syntax::Update>(&statement);
-    const bool writesText =
-        update && std::any_of(update->assignments.begin(), update->assignments.end(), isText);
-    if (writesText || std::holds_alternative<Syntax::Delete>(statement))
-        SettleViews();
+    const TextChange change(statement);
+    if (!change.IsThere())
+        return;
+    try {
+        for (const auto& view : Views())
+            change.Song() ? view->KeepText(*change.Song()) : view->KeepAllTexts();
+    } catch (const RuntimeError&) {
+        // The statement itself meets the same failure, and tells it in its own words.
+    }
 }
 
 void SongShelf::ReadWhenIdle()
 {
     // Started anew by every search: what it found is painted before the next slice.
     if ((m_lyricsState == Lyrics::Partly || NextToPrepare()) && QCoreApplication::instance())
-        m_idle.start();
+        m_idle.start(FirstPause);
 }
 
 /// @return the next piece of what a first search in a column, or a first suggestion, would wait

@@ -45,7 +45,8 @@ public:
     /// @throws RuntimeError StoreFailure when the catalogue cannot be looked at
     std::shared_ptr<const Recordset::Rows> Answer(const SongSearch& search);
 
-    /// To be called before a statement that changes rows.
+    /// To be called before a statement that changes rows: texts that results still show are read
+    /// before they go.
     void BeforeChange(const Syntax::Statement& statement);
 
     /// Prepares a piece of what searches need, or reads lyrics for some milliseconds.
@@ -80,11 +81,10 @@ private:
     std::vector<char> Candidates(const SongSearch& search);
     void KeepMatches(std::vector<char>& marks, const SongBases& bases, const Like& like,
                      SongRow::Text SongRow::*text) const;
-    void KeepLyrics(std::vector<char>& marks, const Like& like) const;
     std::shared_ptr<const Recordset::Rows> Show(const SongSearch& search,
                                                 std::vector<const SongRow*> rows);
     Value TextOf(qint64 id);
-    void SettleViews();
+    std::vector<std::shared_ptr<SongView>> Views() const;
 
     sqlite3* m_database;
     StatementCache& m_statements;

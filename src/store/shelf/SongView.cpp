@@ -1,6 +1,6 @@
 #include "store/shelf/SongView.h"
 
-#include "runtime/RuntimeError.h"
+#include "store/sqlite/Failure.h"
 
 #include <algorithm>
 #include <utility>
@@ -42,7 +42,7 @@ Value SongView::At(int row, int column) const
     case Field::Reference:
         return ToValue(song.reference);
     case Field::Text:
-        return TextAt(row);
+        return TextOf(song.id);
     case Field::Key:
         return ToValue(song.key);
     case Field::Variation:
@@ -59,26 +59,26 @@ Value SongView::At(int row, int column) const
     return {};
 }
 
-Value SongView::TextAt(int row) const
+Value SongView::TextOf(qint64 id) const
 {
-    const auto at = static_cast<std::size_t>(row);
-    if (m_reader)
-        return m_reader(m_rows[at]->id);
-    return at < m_texts.size() ? m_texts[at] : Value();
+    const auto kept = m_texts.find(id);
+    if (kept != m_texts.end())
+        return kept->second;
+    if (!m_reader)
+        Failure::ThrowClosed();
+    return m_reader(id);
 }
 
-void SongView::Settle()
+void SongView::KeepText(qint64 id)
 {
     const bool showsTexts =
         std::find(m_columns.begin(), m_columns.end(), SongSearch::Field::Text) != m_columns.end();
-    const TextReader reader = std::exchange(m_reader, nullptr);
-    if (!reader || !showsTexts)
-        return;
-    try {
-        m_texts.reserve(m_rows.size());
-        for (const SongRow* song : m_rows)
-            m_texts.push_back(reader(song->id));
-    } catch (const RuntimeError&) {
-        // Told to whoever runs a statement next.
-    }
+    if (showsTexts)
+        m_texts.try_emplace(id, TextOf(id));
+}
+
+void SongView::KeepAllTexts()
+{
+    for (const SongRow* song : m_rows)
+        KeepText(song->id);
 }

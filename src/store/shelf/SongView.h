@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <memory>
+#include <unordered_map>
 #include <vector>
 
 /// The songs that a search found: no row is copied, a field is made when it is read. Only a song's
@@ -24,16 +25,21 @@ public:
     int Count() const noexcept override { return static_cast<int>(m_rows.size()); }
     Value At(int row, int column) const override;
 
-    /// Reads all texts now, because they are about to change or cannot be read any more. What
-    /// cannot be read is NULL from then on.
-    void Settle();
+    /// Reads the text of a song now, because it is about to change.
+    /// @throws RuntimeError StoreFailure
+    void KeepText(qint64 id);
+    void KeepAllTexts();
+
+    /// The connection closes: from then on reading a text that was not kept raises ObjectClosed,
+    /// as any other use of the connection does.
+    void Detach() { m_reader = nullptr; }
 
 private:
-    Value TextAt(int row) const;
+    Value TextOf(qint64 id) const;
 
     std::vector<SongSearch::Field> m_columns;
     std::shared_ptr<const SongPile> m_pile;
     std::vector<const SongRow*> m_rows;
-    TextReader m_reader;        ///< empty once settled
-    std::vector<Value> m_texts; ///< filled once settled
+    TextReader m_reader;                       ///< empty once detached
+    std::unordered_map<qint64, Value> m_texts; ///< as they were before they changed, by ID
 };

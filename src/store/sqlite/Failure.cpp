@@ -64,3 +64,10 @@ void Failure::ThrowLast(sqlite3* database, bool inBatch)
     const bool undone = inBatch && sqlite3_get_autocommit(database) != 0;
     Throw(sqlite3_extended_errcode(database), QString::fromUtf8(sqlite3_errmsg(database)), undone);
 }
+
+void Failure::ThrowClosed()
+{
+    throw RuntimeError(RuntimeError::ObjectClosed,
+                       QStringLiteral("O banco de dados já está fechado."),
+                       QStringLiteral("Operation is not allowed when the object is closed."));
+}

@@ -25,4 +25,7 @@ inline constexpr char16_t Undone[] = u" As alterações desta operação foram d
 /// @param inBatch  a batch was open before that call
 [[noreturn]] void ThrowLast(sqlite3* database, bool inBatch = false);
 
+/// @throws RuntimeError ObjectClosed: the catalogue was asked for something after it was closed
+[[noreturn]] void ThrowClosed();
+
 } // namespace Failure
