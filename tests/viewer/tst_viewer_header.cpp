@@ -69,7 +69,7 @@ void tst_viewer_header::longCaptionsAreCutInTheDrawingOnly_data()
     QTest::addColumn<QString>("theme");
     QTest::addColumn<QStringList>("cut");
     const QString words = u"uma canção de nome sem fim "_qs;
-    const QString longText = words.repeated(12).trimmed();
+    const QString longText = words.repeated(16).trimmed();
     const QString shortText = u"Canção"_qs;
     const QString none;
     const QString m = u"m"_qs;
