@@ -124,7 +124,7 @@ CodigosTecla::Pressao CodigosTecla::Le_Tecla(const QKeyEvent& tecla)
     lida.codigo = Do_Lugar(tecla.key(), tecla.nativeScanCode());
 #endif
     // A letter's key that types no letter: that is what AltGr is for.
-    if (lida.codigo != Desconhecida && lida.codigo < 187)
+    if (lida.codigo <= 'Z')
         lida.shift |= AltGr;
     return lida;
 }

@@ -229,8 +229,10 @@ void tst_viewer_layout::theSheetStaysWhereItIsRead()
     for (int i = 0; i < 3; ++i)
         QTest::keyClick(viewer.data(), Qt::Key_Down);
     QCOMPARE(bar->value(), 300);
+    viewer->Auto_Rolagem(true);
     viewer->resize(viewer->size() - QSize(60, 40));
     QCOMPARE(bar->value(), 300);
+    QVERIFY(In<QTimer>(viewer, "TimerRolagem")->isActive());
     QTest::keyClick(viewer.data(), Qt::Key_Down);
     QCOMPARE(bar->value(), 400);
     QTest::keyClick(viewer.data(), Qt::Key_Home);
