@@ -85,12 +85,13 @@ void MeasureKeys(int lines, double repaints, const Scale& scale, const TestCatal
     constexpr Qt::Key Nothing = Qt::Key_Delete;
     // A key's effect is taken back by another one where pressing on would end it.
     const QList<std::tuple<QString, Qt::Key, Qt::Key>> keys = {
-        {u"S"_qs, Qt::Key_S, Nothing},          {u"D"_qs, Qt::Key_D, Nothing},
-        {u"R"_qs, Qt::Key_R, Qt::Key_S},        {u"C"_qs, Qt::Key_C, Qt::Key_C},
-        {u"+"_qs, Qt::Key_Plus, Qt::Key_Minus}, {u"-"_qs, Qt::Key_Minus, Qt::Key_Plus},
-        {u"V"_qs, Qt::Key_V, Qt::Key_V},        {u"P"_qs, Qt::Key_P, Qt::Key_A},
-        {u"A"_qs, Qt::Key_A, Qt::Key_P},        {u"Down"_qs, Qt::Key_Down, Qt::Key_Up},
-        {u"End"_qs, Qt::Key_End, Qt::Key_Home},
+        {u"S"_qs, Qt::Key_S, Nothing},           {u"D"_qs, Qt::Key_D, Nothing},
+        {u"R"_qs, Qt::Key_R, Qt::Key_S},         {u"C"_qs, Qt::Key_C, Qt::Key_C},
+        {u"+"_qs, Qt::Key_Plus, Qt::Key_Minus},  {u"-"_qs, Qt::Key_Minus, Qt::Key_Plus},
+        {u"V"_qs, Qt::Key_V, Qt::Key_V},         {u"P"_qs, Qt::Key_P, Qt::Key_A},
+        {u"A"_qs, Qt::Key_A, Qt::Key_P},         {u"Down"_qs, Qt::Key_Down, Qt::Key_Up},
+        {u"Up"_qs, Qt::Key_Up, Qt::Key_Down},    {u"End"_qs, Qt::Key_End, Qt::Key_Home},
+        {u"Home"_qs, Qt::Key_Home, Qt::Key_End}, {u"Space"_qs, Qt::Key_Space, Qt::Key_Home},
     };
     for (const auto& [name, key, back] : keys) {
         QTest::keyClick(viewer.data(), back); // so that there is something to change

@@ -14,6 +14,7 @@
 #include <QResizeEvent>
 #include <QScrollBar>
 #include <QTextBlock>
+#include <QWheelEvent>
 
 #include <cmath>
 #include <utility>
@@ -183,6 +184,17 @@ void RichTextBox::focusInEvent(QFocusEvent* event)
 {
     QTextEdit::focusInEvent(event);
     emit GotFocus();
+}
+
+void RichTextBox::wheelEvent(QWheelEvent* event)
+{
+    // With Ctrl a text that cannot be edited would zoom.
+    QWheelEvent plain(event->position(), event->globalPosition(), event->pixelDelta(),
+                      event->angleDelta(), event->buttons(),
+                      event->modifiers() & ~Qt::ControlModifier, event->phase(), event->inverted(),
+                      event->source(), event->pointingDevice());
+    QTextEdit::wheelEvent(&plain);
+    event->setAccepted(plain.isAccepted());
 }
 
 /// Replaces the content in one edit, so that it is laid out once, piece after piece: formatting a

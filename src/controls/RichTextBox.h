@@ -48,6 +48,8 @@ signals:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    /// Scrolls, whatever key is held with the wheel: the letters' size is set by the sheet alone.
+    void wheelEvent(QWheelEvent* event) override;
     /// Gives the plain text alone as it was put in, its lines separated by LF.
     QMimeData* createMimeDataFromSelection() const override;
     /// Takes the plain text alone (controls/PastedText.h), in the look that the caret stands in.

@@ -5,9 +5,9 @@
 #include "ui_PainelCadastro.h"
 
 #include "controls/Dialogs.h"
-#include "main/Apostrofos.h"
 #include "main/ServicosPrincipal.h"
 #include "runtime/Number.h"
+#include "store/Apostrofos.h"
 #include "store/Connection.h"
 
 using namespace Funcoes;

@@ -6,8 +6,8 @@
 #include "ui_PainelCadastro.h"
 
 #include "controls/Dialogs.h"
-#include "main/Apostrofos.h"
 #include "runtime/Text.h"
+#include "store/Apostrofos.h"
 #include "store/Connection.h"
 
 #include <QGuiApplication>

@@ -5,9 +5,9 @@
 #include "controls/RichTextBox.h"
 #include "controls/TextBox.h"
 #include "controls/Twips.h"
-#include "main/Apostrofos.h"
 #include "main/SegundoToque.h"
 #include "main/TecladoVirtual.h"
+#include "store/Apostrofos.h"
 #include "store/Connection.h"
 #include "store/Preenche.h"
 

@@ -1,7 +1,10 @@
 #include "viewer/CodigosTecla.h"
 
+#include <QKeyEvent>
+
 #include <algorithm>
 #include <array>
+#include <string_view>
 
 namespace {
 
@@ -32,6 +35,44 @@ constexpr std::array Bloco = {
     Par{Qt::Key_Asterisk, 106}, Par{Qt::Key_Plus, 107},   Par{Qt::Key_Comma, 110},
     Par{Qt::Key_Minus, 109},    Par{Qt::Key_Period, 110}, Par{Qt::Key_Slash, 111},
 };
+
+// Places as the keyboards of this platform number them: three rows of letters.
+struct Fileira
+{
+    quint32 primeira;
+    std::string_view letras;
+};
+
+constexpr std::array Fileiras = {
+    Fileira{24, "QWERTYUIOP"},
+    Fileira{38, "ASDFGHJKL"},
+    Fileira{52, "ZXCVBNM"},
+};
+
+// Signs that share a key with + or -: of the Portuguese keyboard, and with AltGr of the Brazilian.
+struct Sinal
+{
+    int tecla;
+    quint32 lugar;
+    int codigo;
+};
+
+constexpr std::array Sinais = {
+    Sinal{Qt::Key_Asterisk, 34, 187},
+    Sinal{Qt::Key_section, 21, 187},
+    Sinal{Qt::Key_onehalf, 20, 189},
+};
+
+/// @return the number of the key at a place, where that has a letter or the sign is one of Sinais
+int Do_Lugar(int tecla, quint32 lugar)
+{
+    for (const Fileira& fileira : Fileiras)
+        if (lugar >= fileira.primeira && lugar - fileira.primeira < fileira.letras.size())
+            return fileira.letras[lugar - fileira.primeira];
+    const auto sinal = std::ranges::find_if(
+        Sinais, [&](const Sinal& s) { return s.tecla == tecla && s.lugar == lugar; });
+    return sinal == Sinais.end() ? CodigosTecla::Desconhecida : sinal->codigo;
+}
 
 template <typename Pares>
 int Procura(const Pares& pares, int tecla)
@@ -66,4 +107,24 @@ int CodigosTecla::Estado_Shift(Qt::KeyboardModifiers modificadores)
     return (modificadores.testFlag(Qt::ShiftModifier) ? 1 : 0) +
            (modificadores.testFlag(Qt::ControlModifier) ? 2 : 0) +
            (modificadores.testFlag(Qt::AltModifier) ? 4 : 0);
+}
+
+CodigosTecla::Pressao CodigosTecla::Le_Tecla(const QKeyEvent& tecla)
+{
+    constexpr int AltGr = 2 + 4;
+    const Qt::KeyboardModifiers modificadores = tecla.modifiers();
+    Pressao lida{Codigo(tecla.key(), modificadores), Estado_Shift(modificadores)};
+    if (lida.codigo != Desconhecida)
+        return lida;
+#ifdef Q_OS_WIN
+    // There the number is at hand.
+    const quint32 numero = tecla.nativeVirtualKey();
+    lida.codigo = numero > 0 && numero < Desconhecida ? static_cast<int>(numero) : Desconhecida;
+#else
+    lida.codigo = Do_Lugar(tecla.key(), tecla.nativeScanCode());
+#endif
+    // A letter's key that types no letter: that is what AltGr is for.
+    if (lida.codigo <= 'Z')
+        lida.shift |= AltGr;
+    return lida;
 }

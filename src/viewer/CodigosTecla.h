@@ -2,6 +2,8 @@
 
 #include <Qt>
 
+class QKeyEvent;
+
 /// Keys by the numbers of the physical keys, 1 to 255: a letter is its capital (S is 83) whatever
 /// is held with it, the number block has numbers of its own, and a key keeps its number whichever
 /// of its signs is typed (+ and = are both 187).
@@ -17,5 +19,17 @@ int Codigo(int tecla, Qt::KeyboardModifiers modificadores);
 
 /// @return which of Shift (1), Ctrl (2) and Alt (4) are held, added up
 int Estado_Shift(Qt::KeyboardModifiers modificadores);
+
+/// What a key press says: its number, and what is held with it.
+struct Pressao
+{
+    int codigo; ///< 8 to 254, or Desconhecida
+    int shift;  ///< Shift 1, Ctrl 2, Alt 4, added up; AltGr is Ctrl and Alt
+};
+
+/// Reads a press. A key that types a sign without a number (AltGr+S types ß on a Brazilian
+/// keyboard) still has the number of its letter: where the sign does not tell it, the key's place
+/// on the keyboard does.
+Pressao Le_Tecla(const QKeyEvent& tecla);
 
 } // namespace CodigosTecla

@@ -69,6 +69,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     /// The window manager's own close asks like cmdFechar while the song is edited.
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     // Loading and layout.
@@ -77,11 +78,13 @@ private:
     void Liga_Eventos();
     void Form_Load();
     void Confugura_Posicao();
+    void Arruma_Controles();
     void Posiciona_Faixa();
     void Posiciona_Lista();
     void Posiciona_Moldura();
     void Posiciona_Linhas();
     void Carrega_Tons(const QString& tom);
+    void Arruma_Cabecalho();
     void Encurta_Cabecalho();
     RichTextBox& Caixa(std::int16_t versao) const;
 
@@ -123,6 +126,7 @@ private:
     /// @return the new position, not past the limit that the box's Tag holds
     double Desce_Rolagem(double quantidade);
     double Limite_Rolagem() const;
+    static void Guarda_Limite_Rolagem(RichTextBox& caixa);
     /// @throws RuntimeError Overflow from position 32768 on
     void Rola_Ate(double posicao);
     void Rola_Acima();
@@ -161,6 +165,7 @@ private:
     void Iguala_Versoes();
     void Grava_Musica();
     void Comeca_Edicao();
+    void Traz_A_Frente();
     void RichTextBox_GotFocus();
     void cmdEditar_Click();
     void cmdSalvar_Click();
@@ -189,5 +194,6 @@ private:
     bool Editando = false;           ///< edit mode
     std::array<double, 3> Posicao{}; ///< 1 and 2: scroll position of either box, in pixels
     std::int16_t Contagem = 0;       ///< seconds left before the play is counted
-    bool Desenho_Pendente = false;   ///< a key has changed the sheet, which is not yet painted
+    bool Desenho_Pendente = false;   ///< the sheet was rendered and is not yet painted
+    QSize Tamanho_Arrumado;          ///< the form's size that the controls were laid out for
 };

@@ -35,6 +35,14 @@ void frmVisualizar::Cabecalho_Musica()
                              Variacao + u")"_qs);
     ui->lblReferencia->Mostra_Texto(Referencia);
     ui->lblTemas->Mostra_Texto(Temas);
+    Arruma_Cabecalho();
+}
+
+/// Gives the captions their widths, as far as there is room, and puts them side by side.
+void frmVisualizar::Arruma_Cabecalho()
+{
+    for (RotuloCabecalho* rotulo : {ui->lblTitulo, ui->lblTom, ui->lblReferencia, ui->lblTemas})
+        rotulo->Limita_Largura(rotulo->Largura_Inteira());
     Encurta_Cabecalho();
 
     const int titulo = Largura(ui->lblTitulo);
@@ -49,12 +57,18 @@ void frmVisualizar::Encurta_Cabecalho()
 {
     const int fim = Twips::FromPixels(ui->lblCont->x()) - Margem;
     int uso = Margem + Largura(ui->lblTitulo) + Espaco + Largura(ui->lblTom);
-    for (const RotuloCabecalho* rotulo : {ui->lblReferencia, ui->lblTemas})
-        if (!rotulo->text().isEmpty())
-            uso += Margem + Largura(rotulo);
+    int adiante = 0; // up to here there is something to be seen
+    for (const RotuloCabecalho* rotulo : {ui->lblReferencia, ui->lblTemas}) {
+        adiante += Margem + Largura(rotulo); // an empty one keeps its place between the others
+        if (!rotulo->text().isEmpty()) {
+            uso += adiante;
+            adiante = 0;
+        }
+    }
 
-    // What matters least on stage gives way first; the key always stays whole.
-    for (RotuloCabecalho* rotulo : {ui->lblTemas, ui->lblReferencia, ui->lblTitulo}) {
+    // What matters least on stage gives way first. A key is short: only a variation of many letters
+    // is cut.
+    for (RotuloCabecalho* rotulo : {ui->lblTemas, ui->lblReferencia, ui->lblTitulo, ui->lblTom}) {
         const int inteira = Largura(rotulo);
         const int minima = std::min(inteira, fim / ParteMinima);
         const int corte = std::clamp(uso - fim, 0, inteira - minima);

@@ -31,11 +31,18 @@ void frmVisualizar::Atualiza_Musica(std::int16_t versao)
     const std::size_t b = versao == 1 ? 1 : 2;
     RichTextBox& caixa = Caixa(versao);
     caixa.SetTextRTF(Funcoes::Monta_Cifra(Musica[b], Deslocamento, Ajuste_Fonte, Exibe_Cifras));
-    caixa.setProperty("Tag", QString::number(Funcoes::Calcula_Limite_Rolagem(caixa)));
+    Guarda_Limite_Rolagem(caixa);
     Posicao[b] = 0;
+    Desenho_Pendente = true;
     caixa.setVisible(true);
     Caixa(b == 1 ? 2 : 1).setVisible(false);
     Auto_Rolagem(false);
+}
+
+/// How far the box can scroll is kept in its Tag, in pixels as decimal text.
+void frmVisualizar::Guarda_Limite_Rolagem(RichTextBox& caixa)
+{
+    caixa.setProperty("Tag", QString::number(Funcoes::Calcula_Limite_Rolagem(caixa)));
 }
 
 void frmVisualizar::Sobe_Tom()

@@ -6,6 +6,7 @@
 #include "controls/Handler.h"
 #include "controls/Resposta_Mensagem.h"
 #include "runtime/Number.h"
+#include "store/Apostrofos.h"
 #include "store/Connection.h"
 #include "ui_frmVisualizar.h"
 #include "viewer/Minimiza_Janela.h"
@@ -15,16 +16,6 @@
 #include <QPointer>
 
 using namespace Funcoes;
-
-namespace {
-
-/// @return a text as it stands between the single quotes of a statement
-QString Dobrados(QString texto)
-{
-    return texto.replace(u'\'', u"''"_qs);
-}
-
-} // namespace
 
 bool frmVisualizar::Salvar()
 {
@@ -62,8 +53,8 @@ void frmVisualizar::Grava_Musica()
 {
     SQL = u"UPDATE MUSICA SET TITULO = '"_qs + ui->lblTitulo->text().remove(u'*') +
           u"', TOM = '"_qs + Notas.at(static_cast<std::size_t>(Tom_Atual)) + u"',  MUSICA = '"_qs +
-          Dobrados(Caixa(1).Text()) + u"',  MUSICA2 = '"_qs + Dobrados(Caixa(2).Text()) +
-          u"'  WHERE ID = 0"_qs + Number::ToText(ID_Musica);
+          Dobra_Apostrofos(Caixa(1).Text()) + u"',  MUSICA2 = '"_qs +
+          Dobra_Apostrofos(Caixa(2).Text()) + u"'  WHERE ID = 0"_qs + Number::ToText(ID_Musica);
     Conexao.Execute(SQL);
     // Only what is stored for good may leave the boxes.
     Conexao.CommitBatch();
@@ -93,12 +84,22 @@ void frmVisualizar::cmdMinimizar_Click()
     Minimiza_Janela(*this);
 }
 
+/// Closed from the task bar it may be minimised or covered, and the question with it.
+void frmVisualizar::Traz_A_Frente()
+{
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    raise();
+    activateWindow();
+}
+
 void frmVisualizar::closeEvent(QCloseEvent* event)
 {
     const QPointer<frmVisualizar> aberto(this);
     bool fecha = !Editando;
-    if (Editando)
+    if (Editando) {
+        Traz_A_Frente();
         RunHandler([&] { fecha = Salvar(); });
+    }
     if (!aberto)
         return;
     if (fecha)

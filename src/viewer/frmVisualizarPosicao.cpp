@@ -20,6 +20,7 @@ constexpr int EsquerdaBotoes = 960;
 constexpr int MargemBotoes = 60;
 constexpr int TopoBotoes = 90;
 constexpr int TopoTomOriginal = 60;
+constexpr int LarguraLista = 6030;
 constexpr int LarguraMinimaLista = 1800;
 constexpr int MargemCaixa = 120;
 constexpr int EspessuraLinha = Twips::PerPixel;
@@ -59,9 +60,27 @@ void frmVisualizar::Confugura_Posicao()
 {
     const QRect tela = QGuiApplication::primaryScreen()->geometry();
     setGeometry(tela.left(), tela.top(), tela.width(), tela.height() - Twips::ToPixels(FaixaLivre));
+    Arruma_Controles();
+}
+
+void frmVisualizar::Arruma_Controles()
+{
+    Tamanho_Arrumado = size();
     Posiciona_Faixa();
     Posiciona_Moldura();
     Posiciona_Linhas();
+}
+
+/// The desktop may give the form another size than it asks for: a panel, tiles, a screen that goes.
+/// Where the sheet stands is not changed by that, only how far it can go.
+void frmVisualizar::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    if (Tamanho_Arrumado.isEmpty() || Tamanho_Arrumado == size())
+        return;
+    Arruma_Controles();
+    Arruma_Cabecalho();
+    Guarda_Limite_Rolagem(Caixa(Versao));
 }
 
 void frmVisualizar::Posiciona_Faixa()
@@ -95,14 +114,13 @@ void frmVisualizar::Posiciona_Lista()
     // On a narrow screen the list gives way to the buttons as far as it can.
     const int fim_comandos = Twips::FromPixels(ui->cmdDescartar->geometry().right()) + MargemBotoes;
     const int resto = Largura(ui->pctBotoes) - fim_comandos;
-    const int falta = std::max(0, Largura(ui->pctLista) - std::max(resto, LarguraMinimaLista));
-    const int pixels = Twips::ToPixels(falta);
-    ui->cmbLista->resize(ui->cmbLista->width() - pixels, ui->cmbLista->height());
+    const int largura = std::clamp(resto, LarguraMinimaLista, LarguraLista);
+    const int pixels = Twips::ToPixels(largura) - ui->pctLista->width();
+    ui->cmbLista->resize(ui->cmbLista->width() + pixels, ui->cmbLista->height());
     for (QWidget* botao :
          {static_cast<QWidget*>(ui->cmdProxima), static_cast<QWidget*>(ui->cmdProxima2)})
-        botao->move(botao->x() - pixels, 0);
+        botao->move(botao->x() + pixels, 0);
 
-    const int largura = Largura(ui->pctLista) - falta;
     Coloca(ui->pctLista, Largura(ui->pctBotoes) - largura, 0, largura, AlturaBotoes);
 }
 

@@ -32,11 +32,10 @@ bool frmVisualizar::eventFilter(QObject* watched, QEvent* event)
     if (event->type() != QEvent::KeyPress)
         return QWidget::eventFilter(watched, event);
     const auto* tecla = static_cast<QKeyEvent*>(event);
-    const int codigo = CodigosTecla::Codigo(tecla->key(), tecla->modifiers());
-    const int shift = CodigosTecla::Estado_Shift(tecla->modifiers());
+    const CodigosTecla::Pressao pressao = CodigosTecla::Le_Tecla(*tecla);
     const bool repetida = tecla->isAutoRepeat();
     bool vai_adiante = false;
-    RunHandler([&] { vai_adiante = Form_KeyDown(codigo, shift, repetida); });
+    RunHandler([&] { vai_adiante = Form_KeyDown(pressao.codigo, pressao.shift, repetida); });
     return !vai_adiante;
 }
 
@@ -62,7 +61,7 @@ bool frmVisualizar::Form_KeyDown(int codigo, int shift, bool repetida)
         Linha{'V', &Form::Muda_Versao, true},
         Linha{'P', &Form::Proxima_Musica, true},
         Linha{'A', &Form::Musica_Anterior, true},
-        Linha{shift == SoShift ? Tecla_E : 0, &Form::cmdEditar_Click, true},
+        Linha{shift == SoShift ? Tecla_E : 0, &Form::cmdEditar_Click, false},
         Linha{38, &Form::Rola_Acima, false},      // up
         Linha{40, &Form::Rola_Abaixo, false},     // down
         Linha{32, &Form::Rola_Fim, false},        // space
@@ -86,8 +85,6 @@ bool frmVisualizar::Form_KeyDown(int codigo, int shift, bool repetida)
     // would still be worked off after it is let go.
     if (linha->redesenha && repetida && Desenho_Pendente)
         return false;
-    if (linha->redesenha)
-        Desenho_Pendente = true;
     (this->*linha->acao)();
     return false;
 }

@@ -127,6 +127,14 @@ QString VirtualScreen::WaitForFocus(const QString& title) const
     });
 }
 
+bool VirtualScreen::UseKeyboard(const QString& layout) const
+{
+    QProcess process;
+    process.setProcessEnvironment(m_environment);
+    process.start(u"setxkbmap"_qs, {layout});
+    return process.waitForFinished(StartMs) && process.exitCode() == 0;
+}
+
 void VirtualScreen::Press(const QStringList& keys) const
 {
     Xdotool(QStringList{u"key"_qs, u"--delay"_qs, u"40"_qs} + keys);
@@ -140,6 +148,12 @@ void VirtualScreen::Type(const QString& text) const
 void VirtualScreen::Click(const QString& window) const
 {
     Xdotool({u"mousemove"_qs, u"--window"_qs, window, u"60"_qs, u"60"_qs, u"click"_qs, u"1"_qs});
+}
+
+QString VirtualScreen::Activate(const QString& title) const
+{
+    Xdotool({u"windowactivate"_qs, Windows(title).value(0)});
+    return WaitForFocus(title);
 }
 
 void VirtualScreen::RightClick(const QString& window, const QPoint& place) const

@@ -31,6 +31,9 @@ public:
 
     bool IsVisible(const QString& title) const;
 
+    /// Gives the screen a keyboard ("br"), for programs that are started then. @return success
+    bool UseKeyboard(const QString& layout) const;
+
     /// Presses keys one after the other, in the words of xdotool ("Return", "ctrl+a").
     void Press(const QStringList& keys) const;
 
@@ -39,6 +42,9 @@ public:
 
     /// Clicks into a window, near its upper-left corner.
     void Click(const QString& window) const;
+
+    /// Gives a window the keyboard, as its entry in a task bar does. @return as WaitForWindow
+    QString Activate(const QString& title) const;
 
     /// Clicks with the right button. @param place  in the window's pixels
     void RightClick(const QString& window, const QPoint& place) const;

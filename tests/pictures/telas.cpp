@@ -1,9 +1,10 @@
-// Makes a picture of every screen: telas DELIVERED_CATALOGUE PICTURE_FOLDER
+// Makes a picture of every screen: telas DELIVERED_CATALOGUE PICTURE_FOLDER [visualizador]
+// With the third word, of the viewer only: it has to fit on screens that the main form is not for.
 // Works on copies in a folder of its own. Real forms, driven by real events; where the platform is
 // a virtual screen, what is saved is what that screen shows.
 
+#include "app/Main.h"
 #include "app/frmSplash.h"
-#include "controls/Appearance.h"
 #include "main/frmPrincipal.h"
 #include "store/Connection.h"
 #include "support/GeneratedSongs.h"
@@ -17,7 +18,6 @@
 #include <QDialog>
 #include <QDir>
 #include <QLineEdit>
-#include <QLocale>
 #include <QPixmap>
 #include <QScreen>
 #include <QTest>
@@ -274,6 +274,30 @@ void ShowSetlist(Pictures& pictures, const QString& catalogue)
     QTest::qWait(PaintMs);
 }
 
+/// A header of which nothing fits, and one that lacks what stands in its middle.
+void ShowLongHeader(Pictures& pictures, const QString& catalogue)
+{
+    PlainSqlite database(catalogue);
+    database.Run("INSERT INTO MUSICA (TITULO, REFERENCIA, MUSICA, MUSICA2, TOM, VARIACAO, "
+                 "CATEGORIA, CONTADOR) SELECT 'Cantiga de roda que as crianças cantavam na praça "
+                 "depois da missa, com todas as suas estrofes', 'Tradicional, recolhida no sertão "
+                 "por quem a ouviu cantar ao pé da fogueira', MUSICA, MUSICA2, TOM, "
+                 "'m7 com quinta diminuta e nona', CATEGORIA, 0 FROM MUSICA WHERE ID = 2");
+    database.Run("INSERT INTO TEMA_MUSICA (ID_MUSICA, ID_TEMA) "
+                 "SELECT (SELECT MAX(ID) FROM MUSICA), ID FROM TEMA");
+    const qint64 song =
+        database.Rows(QStringLiteral("SELECT MAX(ID) FROM MUSICA"))[0][0].toLongLong();
+    frmVisualizar* viewer = Open(song);
+    pictures.Save(QStringLiteral("visualizador-cabecalho-longo"));
+    viewer->close();
+    database.Run("UPDATE MUSICA SET TITULO = 'Peixe vivo', REFERENCIA = '', VARIACAO = 'm' "
+                 "WHERE ID = (SELECT MAX(ID) FROM MUSICA)");
+    viewer = Open(song);
+    pictures.Save(QStringLiteral("visualizador-cabecalho-sem-referencia"));
+    viewer->close();
+    QTest::qWait(PaintMs);
+}
+
 void DoubleClick(QWidget& form, const char* view, int row)
 {
     auto* rows = form.findChild<QAbstractItemView*>(QString::fromLatin1(view));
@@ -340,7 +364,18 @@ void ShowDelivered(Pictures& pictures, const QString& catalogue)
     ShowEntry(pictures, form);
     ShowSetlist(pictures, catalogue);
     ShowSetlists(pictures, form);
+    ShowLongHeader(pictures, catalogue);
     form.close();
+}
+
+void ShowViewerAlone(Pictures& pictures, const QString& catalogue)
+{
+    Principal form(catalogue);
+    form.Form_Load(QString());
+    ShowViewers(pictures, {1});
+    ShowEditing(pictures);
+    ShowSetlist(pictures, catalogue);
+    ShowLongHeader(pictures, catalogue);
 }
 
 void AddManySongs(const TestCatalogue& catalogue)
@@ -404,22 +439,27 @@ void ShowMany(Pictures& pictures)
 int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
-    if (argc != 3) {
-        QTextStream(stderr) << "telas DELIVERED_CATALOGUE PICTURE_FOLDER" << Qt::endl;
+    const QStringList words = QApplication::arguments();
+    const bool viewer = words.value(3) == u"visualizador";
+    if (words.size() != (viewer ? 4 : 3)) {
+        QTextStream(stderr) << "telas DELIVERED_CATALOGUE PICTURE_FOLDER [visualizador]"
+                            << Qt::endl;
         return 2;
     }
     QApplication::setQuitOnLastWindowClosed(false);
-    QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
-    Appearance::Apply(application);
+    Funcoes::Prepara(application);
 
     const QTemporaryDir folder;
     const QString copy = folder.filePath(QStringLiteral("Melodario.mdb"));
-    if (!QFile::copy(application.arguments().at(1), copy) ||
-        !QDir().mkpath(application.arguments().at(2))) {
+    if (!QFile::copy(words.at(1), copy) || !QDir().mkpath(words.at(2))) {
         QTextStream(stderr) << "no such catalogue, or no place for the pictures" << Qt::endl;
         return 2;
     }
-    Pictures pictures(application.arguments().at(2));
+    Pictures pictures(words.at(2));
+    if (viewer) {
+        ShowViewerAlone(pictures, copy);
+        return 0;
+    }
     ShowDelivered(pictures, copy);
     ShowMany(pictures);
     return 0;

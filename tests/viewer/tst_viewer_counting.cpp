@@ -28,6 +28,7 @@ private slots:
     void movingOnEarlierCountsOnlyTheNextSong();
     void movingOnDoesNotTouchTheLabelBeforeTheNextSecond();
     void closingEarlierCountsNothing();
+    void aSongThatCannotBeLoadedLeavesTheCountdown();
     void everySongOfASetlistIsCountedOnce();
     void twoViewersCountSideBySide();
     void aViewerWithoutASongTicksOnce();
@@ -172,6 +173,28 @@ void tst_viewer_counting::closingEarlierCountsNothing()
     QVERIFY(Gone(viewer));
     QCOMPARE(Count(1), u"0"_qs);
     QCOMPARE(Musicas_Contadas, QString());
+}
+
+void tst_viewer_counting::aSongThatCannotBeLoadedLeavesTheCountdown()
+{
+    const qint64 first = bench->catalogue.AddSong({.title = u"Amém"_qs});
+    const qint64 next = bench->catalogue.AddSong({.title = u"Vem"_qs});
+    const auto viewer = bench->Open(first);
+    Tick(viewer, "tmrContador", 5);
+    RecordingDialogs dialogs;
+    bench->catalogue.Run(u"INSERT INTO TOM (NOTA, MAIS, ORDEM) VALUES ('H', 'H', 13)"_qs);
+    QTest::keyClick(viewer.data(), Qt::Key_P);
+    QCOMPARE(dialogs.boxes.size(), 1);
+    Tick(viewer, "tmrContador");
+    QCOMPARE(Caption(viewer, "lblCont"), u"4"_qs);
+    Tick(viewer, "tmrContador", 5);
+    QCOMPARE(Count(first), u"1"_qs);
+    QCOMPARE(Count(next), u"0"_qs);
+    QVERIFY(!CountsDown(viewer));
+    // Nor does a failed load start a countdown that had ended.
+    QTest::keyClick(viewer.data(), Qt::Key_P);
+    QCOMPARE(dialogs.boxes.size(), 2);
+    QVERIFY(!CountsDown(viewer));
 }
 
 void tst_viewer_counting::everySongOfASetlistIsCountedOnce()

@@ -7,6 +7,7 @@
 #include <QClipboard>
 #include <QMimeData>
 #include <QScrollBar>
+#include <QWheelEvent>
 
 #include <cstdlib>
 
@@ -49,6 +50,7 @@ private slots:
     void editedSheetsAreGrey_data();
     void editedSheetsAreGrey();
     void editingStopsTheAutomaticScrolling();
+    void theHiddenSaveButtonBeginsEditing();
     void keysReachTheTextAndNothingElse();
     void shiftETypesNothing();
     void aHeldShiftETypesNothing();
@@ -66,12 +68,14 @@ private slots:
     void discardingAsksFirst();
     void discardingKeepsTheKey();
     void discardingNeedsNoConnection();
+    void theViewerMayGoWhileTheQuestionIsOpen();
     void focusPassesOnOutsideEditMode_data();
     void focusPassesOnOutsideEditMode();
     void focusPassesOnAgainAfterEditing();
     void focusGivenBeforeTheWindowIsActivePassesOn();
     void nobodyTakesTheFocusAndNothingLoops();
     void choosingASongLeavesNoCaret();
+    void theWheelDoesNotChangeTheLetters();
 
 private:
     std::unique_ptr<EditingBench> bench;
@@ -180,6 +184,17 @@ void tst_viewer_editing::editingStopsTheAutomaticScrolling()
     QVERIFY(!In<QTimer>(viewer, "TimerRolagem")->isActive());
     for (const char* control : {"cmdAutoRolagem", "cmdAutoRolagem2", "ProgressBarRolagem"})
         QVERIFY(!In(viewer, control)->isVisible());
+}
+
+void tst_viewer_editing::theHiddenSaveButtonBeginsEditing()
+{
+    const auto viewer = bench->OpenActive();
+    In<QAbstractButton>(viewer, "cmdSalvar")->click(); // as an aid for the blind may do
+    QVERIFY(Editing(viewer));
+    QVERIFY(Box(viewer, 2)->hasFocus());
+    TypeAtTheEnd(viewer, u" forte"_qs);
+    QCOMPARE(Box(viewer, 2)->Text(), Before + u" forte"_qs);
+    QCOMPARE(bench->Stored("MUSICA2"), Before);
 }
 
 void tst_viewer_editing::keysReachTheTextAndNothingElse()
@@ -439,6 +454,17 @@ void tst_viewer_editing::discardingNeedsNoConnection()
     QCOMPARE(Box(viewer, 2)->Text(), Before);
 }
 
+void tst_viewer_editing::theViewerMayGoWhileTheQuestionIsOpen()
+{
+    const auto viewer = bench->OpenActive();
+    Edit(viewer, u" forte"_qs);
+    bench->dialogs.whileOpen = [&] { delete viewer; };
+    Click(viewer, "cmdDescartar");
+    QVERIFY(!viewer);
+    QCOMPARE(bench->dialogs.boxes.size(), 1);
+    QCOMPARE(bench->Stored("MUSICA2"), Before);
+}
+
 void tst_viewer_editing::focusPassesOnOutsideEditMode_data()
 {
     QTest::addColumn<int>("reason"); // -1: real clicks, -2: real Tab keys
@@ -524,6 +550,31 @@ void tst_viewer_editing::choosingASongLeavesNoCaret()
     QVERIFY(!Box(viewer, 2)->hasFocus());
     Press(viewer, Qt::Key_S);
     QCOMPARE(Caption(viewer, "lblTom"), u"(D#)"_qs);
+}
+
+void tst_viewer_editing::theWheelDoesNotChangeTheLetters()
+{
+    const auto viewer = bench->OpenActive({.text2 = LongText()});
+    RichTextBox* box = Box(viewer, 2);
+    const QScrollBar* bar = box->verticalScrollBar();
+    const QFont font = box->font();
+    const int limit = bar->maximum();
+    const auto turn = [&](Qt::KeyboardModifiers held) {
+        const QPointF place(40, 40);
+        QWheelEvent wheel(place, box->viewport()->mapToGlobal(place), QPoint(), QPoint(0, -120), {},
+                          held, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(box->viewport(), &wheel);
+    };
+    turn({});
+    const int step = bar->value();
+    QVERIFY(step > 0);
+    turn(Qt::ControlModifier);
+    QCOMPARE(box->font(), font);
+    QCOMPARE(bar->maximum(), limit);
+    QCOMPARE(bar->value(), 2 * step);
+    Click(viewer, "cmdEditar");
+    turn(Qt::ControlModifier);
+    QCOMPARE(box->font(), font);
 }
 
 QTEST_MAIN(tst_viewer_editing)

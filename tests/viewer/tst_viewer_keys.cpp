@@ -215,12 +215,18 @@ private slots:
 
     void everyCodeHasItsKeys_data();
     void everyCodeHasItsKeys();
+    void aKeysPlaceTellItsLetter_data();
+    void aKeysPlaceTellItsLetter();
     void everyKeyOutsideEditMode_data();
     void everyKeyOutsideEditMode();
+    void aLetterActsWithAltGr_data();
+    void aLetterActsWithAltGr();
+    void superIsNoneOfTheKeysHeldWithE();
     void noKeyReachesTheSheet();
     void scrollKeysStopAndStartAlike();
     void aHeldKeyWaitsForTheSheet_data();
     void aHeldKeyWaitsForTheSheet();
+    void aKeyThatChangesNothingHoldsNobodyUp();
     void everyPressCounts();
     void everyKeyInEditModeIsTheSheets_data();
     void everyKeyInEditModeIsTheSheets();
@@ -271,6 +277,52 @@ void tst_viewer_keys::everyCodeHasItsKeys()
         QCOMPARE(CodigosTecla::Codigo(it->key, it->modifiers) == code, it.key() == code);
 }
 
+void tst_viewer_keys::aKeysPlaceTellItsLetter_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("place");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<int>("shift");
+    const auto add = [](const char* name, int key, int place, Qt::KeyboardModifiers modifiers,
+                        int code, int shift) {
+        QTest::newRow(name) << key << place << int(modifiers) << code << shift;
+    };
+    // Signs that AltGr gives on a Brazilian keyboard.
+    add("AltGr+S", Qt::Key_ssharp, 39, {}, 'S', 6);
+    add("AltGr+D", Qt::Key_ETH, 40, {}, 'D', 6);
+    add("AltGr+R", Qt::Key_registered, 27, {}, 'R', 6);
+    add("AltGr+C", 0x20A2, 54, {}, 'C', 6);
+    add("AltGr+V", 0x201C, 55, {}, 'V', 6);
+    add("AltGr+P", Qt::Key_THORN, 33, {}, 'P', 6);
+    add("AltGr+A", Qt::Key_AE, 38, {}, 'A', 6);
+    add("AltGr+E", Qt::Key_degree, 26, {}, 'E', 6);
+    add("Shift+AltGr+E", Qt::Key_degree, 26, Qt::ShiftModifier, 'E', 7);
+    add("AltGr and =", Qt::Key_section, 21, {}, 187, 0);
+    add("AltGr and -", Qt::Key_onehalf, 20, {}, 189, 0);
+    // * shares the Portuguese keyboard's key with +, and the Brazilian one's with 8.
+    add("Shift and + of Portugal", Qt::Key_Asterisk, 34, Qt::ShiftModifier, 187, 1);
+    add("Shift and 8", Qt::Key_Asterisk, 17, Qt::ShiftModifier, 255, 1);
+    add("an accent's key", Qt::Key_Dead_Acute, 34, {}, 255, 0);
+    add("the key after the last letter of a row", Qt::Key_Ccedilla, 47, {}, 255, 0);
+    add("the key before the first", Qt::Key_Bar, 51, {}, 255, 0);
+    // What a key types comes before its place: on a French keyboard A is where Q is here.
+    add("A of a French keyboard", Qt::Key_A, 24, {}, 'A', 0);
+    add("a place that is not told", Qt::Key_ssharp, 0, {}, 255, 0);
+}
+
+void tst_viewer_keys::aKeysPlaceTellItsLetter()
+{
+    QFETCH(int, key);
+    QFETCH(int, place);
+    QFETCH(int, modifiers);
+    const QKeyEvent press(QEvent::KeyPress, key, Qt::KeyboardModifiers(modifiers), quint32(place),
+                          0, 0);
+    const CodigosTecla::Pressao read = CodigosTecla::Le_Tecla(press);
+    QTEST(read.codigo, "code");
+    QTEST(read.shift, "shift");
+}
+
 void tst_viewer_keys::everyKeyOutsideEditMode_data()
 {
     QTest::addColumn<int>("key");
@@ -315,6 +367,48 @@ void tst_viewer_keys::everyKeyOutsideEditMode()
     QStringList expected = effect.isEmpty() ? QStringList() : effect.split(u", "_qs);
     expected.sort();
     QCOMPARE(seen, expected.join(u", "_qs));
+    delete viewer;
+}
+
+void tst_viewer_keys::aLetterActsWithAltGr_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("place");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QString>("effect");
+    const QString rendered = u", position 0, scrolls no"_qs;
+    const int shift = Qt::ShiftModifier;
+    QTest::newRow("S") << int(Qt::Key_ssharp) << 39 << 0 << QString(u"key (D)"_qs + rendered);
+    QTest::newRow("Shift+S") << int(Qt::Key_section) << 39 << shift
+                             << QString(u"key (D)"_qs + rendered);
+    QTest::newRow("V") << 0x201C << 55 << 0 << u"position 0, scrolls no, version v.1"_qs;
+    QTest::newRow("E") << int(Qt::Key_degree) << 26 << 0 << QString();
+    QTest::newRow("Shift+E") << int(Qt::Key_degree) << 26 << shift << QString();
+    QTest::newRow("Shift and + of Portugal")
+        << int(Qt::Key_Asterisk) << 34 << shift << u"points 19, position 0, scrolls no"_qs;
+}
+
+void tst_viewer_keys::aLetterActsWithAltGr()
+{
+    QFETCH(int, key);
+    QFETCH(int, place);
+    QFETCH(int, modifiers);
+    const auto viewer = Prepared();
+    const auto before = Look(viewer);
+    QKeyEvent press(QEvent::KeyPress, key, Qt::KeyboardModifiers(modifiers), quint32(place), 0, 0,
+                    u"ß"_qs);
+    QApplication::sendEvent(Box(viewer, 2), &press);
+    QTEST(Difference(before, Look(viewer)), "effect");
+    delete viewer;
+}
+
+void tst_viewer_keys::superIsNoneOfTheKeysHeldWithE()
+{
+    const auto viewer = Prepared();
+    Send(viewer, {Qt::Key_E, Qt::MetaModifier});
+    QCOMPARE(Look(viewer).value(u"edits"_qs), u"no"_qs);
+    Send(viewer, {Qt::Key_E, Qt::ShiftModifier | Qt::MetaModifier});
+    QCOMPARE(Look(viewer).value(u"edits"_qs), u"yes"_qs);
     delete viewer;
 }
 
@@ -382,6 +476,20 @@ void tst_viewer_keys::aHeldKeyWaitsForTheSheet()
     for (int i = 0; i < 30; ++i)
         Send(viewer, {key}, true);
     QCOMPARE(shown(), second);
+    delete viewer;
+}
+
+void tst_viewer_keys::aKeyThatChangesNothingHoldsNobodyUp()
+{
+    const auto viewer = Prepared();
+    QVERIFY(QTest::qWaitForWindowExposed(viewer.data()));
+    Send(viewer, {Qt::Key_P});
+    Box(viewer, 2)->viewport()->repaint();
+    const auto atTheEnd = Look(viewer);
+    Send(viewer, {Qt::Key_P}); // there is no song after the last: nothing to paint
+    QCOMPARE(Difference(atTheEnd, Look(viewer)), QString());
+    Send(viewer, {Qt::Key_S}, true); // a key held since another window had the keyboard
+    QCOMPARE(Look(viewer).value(u"key"_qs), u"(C#)"_qs);
     delete viewer;
 }
 

@@ -1,11 +1,12 @@
-// How the form lies over the screen; run on screens of several sizes. Places in twips are cut to
-// pixels, 15 twips each.
+// How the form lies over the screen, and in whatever size the desktop gives it; run on screens of
+// several sizes. Places in twips are cut to pixels, 15 twips each.
 
-#include "ViewerBench.h"
+#include "Ticks.h"
 
 #include "controls/Twips.h"
 
 #include <QScreen>
+#include <QScrollBar>
 
 using Twips::ToPixels;
 
@@ -14,12 +15,26 @@ class tst_viewer_layout : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase_data()
+    {
+        QTest::addColumn<QSize>("given");
+        QTest::newRow("as it asks for") << QSize();
+        QTest::newRow("smaller") << QSize(800, 500);
+        QTest::newRow("larger") << QSize(2000, 1300);
+        QTest::newRow("as before") << QSize();
+    }
     void initTestCase()
     {
         bench = std::make_unique<ViewerBench>();
-        viewer = bench->Open(TestSong{});
-        QVERIFY(QTest::qWaitForWindowExposed(viewer.data()));
         screen = QGuiApplication::primaryScreen()->geometry();
+        viewer = bench->Open({.title = u"muito comprido "_qs.repeated(30), .text2 = LongSong(60)});
+        QVERIFY(QTest::qWaitForWindowExposed(viewer.data()));
+    }
+    void init()
+    {
+        QFETCH_GLOBAL(QSize, given);
+        const QSize asked(screen.width(), screen.height() - 32);
+        viewer->resize(given.isEmpty() ? asked : given);
     }
     void cleanupTestCase() { bench.reset(); }
 
@@ -35,6 +50,9 @@ private slots:
     void theSongFillsTheFrame();
     void theBoxesLieOnTopOfEachOther();
     void linesDrawTheBorderAndTheBand();
+    void theHeaderEndsBeforeTheCountdown();
+    void theSheetScrollsToItsEnd();
+    void theSheetStaysWhereItIsRead();
 
 private:
     QRect Of(const char* name) const { return In(viewer, name)->geometry(); }
@@ -46,14 +64,17 @@ private:
 
 void tst_viewer_layout::theFormLeavesAStripAtTheBottom()
 {
-    QCOMPARE(viewer->geometry(), QRect(0, 0, screen.width(), screen.height() - 32));
+    QFETCH_GLOBAL(QSize, given);
+    QCOMPARE(viewer->pos(), screen.topLeft());
+    if (given.isEmpty())
+        QCOMPARE(viewer->size(), QSize(screen.width(), screen.height() - 32));
 }
 
 void tst_viewer_layout::theCloseButtonSitsAtTheTopRight()
 {
     const QRect close = Of("cmdFechar");
     // The border's line of one pixel and 40 twips from the right, the line and 20 from the top.
-    QCOMPARE(close.left(), (15 * screen.width() - 15 * close.width() - 15 - 30 - 10) / 15);
+    QCOMPARE(close.left(), (15 * viewer->width() - 15 * close.width() - 15 - 30 - 10) / 15);
     QCOMPARE(close.top(), (15 + 20) / 15);
     QCOMPARE(Of("cmdMinimizar").right() + 1, close.left());
     QCOMPARE(Of("cmdMinimizar").top(), close.top());
@@ -82,7 +103,7 @@ void tst_viewer_layout::theSongListIsRightAlignedAndHidesNoButton()
     QVERIFY(Of("cmdProxima").right() < list.width());
     QVERIFY(Of("cmbLista").right() < Of("cmdProxima").left());
     QVERIFY(Of("cmbLista").left() > Of("cmdAnterior").right());
-    if (screen.width() >= 800)
+    if (viewer->width() >= 800)
         QVERIFY(list.left() > Of("cmdDescartar").right());
 }
 
@@ -179,6 +200,42 @@ void tst_viewer_layout::linesDrawTheBorderAndTheBand()
     QCOMPARE(picture.pixel(Of("lnEsq").center()), darkGrey);
     QCOMPARE(picture.pixel(Of("lnInf").center()), darkGrey);
     QCOMPARE(picture.pixel(Of("lnDir").center()), darkGrey);
+    QCOMPARE(picture.pixel(Of("Line1").center()), darkGrey);
+    QCOMPARE(picture.pixel(Of("Line2").center()), darkGrey);
+}
+
+void tst_viewer_layout::theHeaderEndsBeforeTheCountdown()
+{
+    const QRect title = Of("lblTitulo");
+    QVERIFY(Of("lblTom").left() > title.right());
+    QVERIFY(Of("lblReferencia").right() + 8 < Of("lblCont").left());
+    // The long title takes all the room that there is, give or take what is cut to pixels.
+    QVERIFY(Of("lblReferencia").right() + 8 > Of("lblCont").left() - 8);
+}
+
+void tst_viewer_layout::theSheetScrollsToItsEnd()
+{
+    RichTextBox* box = Box(viewer, 2);
+    QVERIFY(box->verticalScrollBar()->maximum() > 0);
+    QCOMPARE(box->property("Tag").toString(), QString::number(box->verticalScrollBar()->maximum()));
+    QTest::keyClick(viewer.data(), Qt::Key_End);
+    QCOMPARE(box->verticalScrollBar()->value(), box->verticalScrollBar()->maximum());
+    QTest::keyClick(viewer.data(), Qt::Key_Home);
+}
+
+void tst_viewer_layout::theSheetStaysWhereItIsRead()
+{
+    const QScrollBar* bar = Box(viewer, 2)->verticalScrollBar();
+    for (int i = 0; i < 3; ++i)
+        QTest::keyClick(viewer.data(), Qt::Key_Down);
+    QCOMPARE(bar->value(), 300);
+    viewer->Auto_Rolagem(true);
+    viewer->resize(viewer->size() - QSize(60, 40));
+    QCOMPARE(bar->value(), 300);
+    QVERIFY(In<QTimer>(viewer, "TimerRolagem")->isActive());
+    QTest::keyClick(viewer.data(), Qt::Key_Down);
+    QCOMPARE(bar->value(), 400);
+    QTest::keyClick(viewer.data(), Qt::Key_Home);
 }
 
 QTEST_MAIN(tst_viewer_layout)

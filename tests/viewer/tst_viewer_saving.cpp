@@ -2,6 +2,7 @@
 
 #include "EditingBench.h"
 
+#include "controls/Resposta_Mensagem.h"
 #include "runtime/RuntimeError.h"
 #include "support/PlainSqlite.h"
 
@@ -9,6 +10,34 @@ namespace {
 
 const QString Before = u"D  A7\r\nSanto Deus"_qs; // version 2 as shown at first
 const QString After = u"D  A7\r\nSanto Deus forte"_qs;
+
+/// Notes what a viewer does, in its order: it leaves edit mode, and is minimised.
+class Steps : public QObject
+{
+public:
+    explicit Steps(QWidget& viewer)
+        : m_viewer(viewer)
+    {
+        viewer.installEventFilter(this);
+        In(&viewer, "cmdEditar")->installEventFilter(this);
+    }
+
+    QStringList done;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (watched == &m_viewer && event->type() == QEvent::WindowStateChange &&
+            m_viewer.isMinimized())
+            done += u"minimises"_qs;
+        if (watched != &m_viewer && event->type() == QEvent::ShowToParent)
+            done += u"leaves"_qs;
+        return false;
+    }
+
+private:
+    QWidget& m_viewer;
+};
 
 } // namespace
 
@@ -46,7 +75,12 @@ private slots:
     void withoutAConnectionTheTextStays();
     void aSongThatIsGoneIsNotStored();
     void viewersSaveTheirOwnSongs();
+    void theViewerMayGoWhileTheChoiceIsOpen_data();
     void theViewerMayGoWhileTheChoiceIsOpen();
+    void minimisingSavesThenLeavesThenMinimises();
+    void aMinimisedViewerComesBackToAsk();
+    void theAnswerIsKeptUntilTheNextDialog();
+    void igualarWhoseStatementFailsStoresNothing();
 
 private:
     void CloseByTheWindowManager(QWidget* viewer) { viewer->windowHandle()->close(); }
@@ -430,14 +464,105 @@ void tst_viewer_saving::viewersSaveTheirOwnSongs()
                                  {u"Dois"_qs, u"A"_qs, Before + u" dois"_qs}}));
 }
 
+void tst_viewer_saving::theViewerMayGoWhileTheChoiceIsOpen_data()
+{
+    QTest::addColumn<QByteArray>("way");
+    for (const char* way : {"cmdSalvar", "cmdFechar", "cmdMinimizar", "window manager"})
+        QTest::newRow(way) << QByteArray(way);
+}
+
 void tst_viewer_saving::theViewerMayGoWhileTheChoiceIsOpen()
 {
+    QFETCH(QByteArray, way);
     const auto viewer = bench->OpenActive();
     Edit(viewer, u" forte"_qs);
-    QVERIFY(WithChoice([&] { Click(viewer, "cmdSalvar"); }, [&](QWidget&) { delete viewer; }));
+    QVERIFY(WithChoice(
+        [&] {
+            if (way == "window manager")
+                CloseByTheWindowManager(viewer);
+            else
+                Click(viewer, way.constData());
+        },
+        [&](QWidget&) { delete viewer; }));
     QVERIFY(!viewer);
     QCOMPARE(bench->Stored("MUSICA2"), Before);
     QVERIFY(bench->dialogs.boxes.isEmpty());
+}
+
+void tst_viewer_saving::minimisingSavesThenLeavesThenMinimises()
+{
+    const auto viewer = bench->OpenActive();
+    Edit(viewer, u" forte"_qs);
+    Steps steps(*viewer);
+    Funcoes::Conexao.SetStatementHook([&](const QString& sql) {
+        if (sql.startsWith(u"UPDATE"))
+            steps.done += u"saves"_qs;
+    });
+    QVERIFY(ClickAndChoose(viewer, "cmdMinimizar", "cmdSalvar"));
+    Funcoes::Conexao.SetStatementHook({});
+    QCOMPARE(steps.done, QStringList({u"saves"_qs, u"leaves"_qs, u"minimises"_qs}));
+}
+
+void tst_viewer_saving::aMinimisedViewerComesBackToAsk()
+{
+    const auto viewer = bench->OpenActive();
+    Edit(viewer, u" forte"_qs);
+    viewer->showMinimized();
+    QVERIFY(viewer->isMinimized());
+    bool back = false;
+    QVERIFY(WithChoice([&] { CloseByTheWindowManager(viewer); },
+                       [&](QWidget& dialog) {
+                           back = !viewer->isMinimized() && viewer->isVisible();
+                           Click(&dialog, "cmdCancelar");
+                       }));
+    QVERIFY(back);
+    QVERIFY(Editing(viewer));
+    QCOMPARE(Box(viewer, 2)->Text(), After);
+    // One that is only looked at has nothing to ask.
+    Click(viewer, "cmdDescartar");
+    viewer->showMinimized();
+    CloseByTheWindowManager(viewer);
+    QVERIFY(Gone(viewer));
+}
+
+void tst_viewer_saving::theAnswerIsKeptUntilTheNextDialog()
+{
+    const auto viewer = bench->OpenActive();
+    Edit(viewer, u" forte"_qs);
+    QVERIFY(ClickAndChoose(viewer, "cmdSalvar", "cmdNaoSalvar"));
+    QCOMPARE(int{Funcoes::Resposta_Mensagem}, 3);
+    for (const char* control : {"cmdEditar", "cmdDescartar", "cmdEditar"})
+        Click(viewer, control);
+    QCOMPARE(int{Funcoes::Resposta_Mensagem}, 3);
+    int open = -1;
+    QVERIFY(WithChoice([&] { Click(viewer, "cmdSalvar"); },
+                       [&](QWidget& dialog) {
+                           open = Funcoes::Resposta_Mensagem;
+                           dialog.close();
+                       }));
+    QCOMPARE(open, 0);
+    QCOMPARE(int{Funcoes::Resposta_Mensagem}, 0);
+}
+
+void tst_viewer_saving::igualarWhoseStatementFailsStoresNothing()
+{
+    const auto viewer = bench->OpenActive({.title = u"Olho d'água"_qs});
+    Click(viewer, "lblVersao"); // both versions have been seen
+    Click(viewer, "lblVersao");
+    const QString first = Box(viewer, 1)->Text();
+    Edit(viewer, u" forte"_qs);
+    QVERIFY(ClickAndChoose(viewer, "cmdSalvar", "cmdSalvarIgualar"));
+    QCOMPARE(bench->dialogs.boxes.size(), 1);
+    QVERIFY(Editing(viewer));
+    QCOMPARE(Box(viewer, 2)->Text(), After);
+    QCOMPARE(bench->Stored("MUSICA"), u"C  G7\r\nSanto Deus"_qs);
+    QCOMPARE(bench->Stored("MUSICA2"), Before);
+    // What was equalised stays so in the box; giving up the change shows both as stored again.
+    QCOMPARE(Box(viewer, 1)->Text(), After);
+    Click(viewer, "cmdDescartar");
+    QCOMPARE(Box(viewer, 2)->Text(), Before);
+    Click(viewer, "lblVersao");
+    QCOMPARE(Box(viewer, 1)->Text(), first);
 }
 
 QTEST_MAIN(tst_viewer_saving)

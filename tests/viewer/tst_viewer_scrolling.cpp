@@ -107,6 +107,7 @@ private slots:
     void enterStartsAndStops_data();
     void enterStartsAndStops();
     void theButtonsStartAndStop();
+    void theStopButtonTakesThePlaceOfTheStartButton();
     void aTickTakesOnePixel();
     void theEndIsKeptAndTheTimerRunsOn();
     void aPositionPastTheLimitStops();
@@ -239,6 +240,14 @@ void tst_viewer_scrolling::theButtonsStartAndStop()
     QVERIFY(In(viewer, "cmdAutoRolagem")->isVisible());
     QVERIFY(!In(viewer, "cmdAutoRolagem2")->isVisible());
     QVERIFY(!In(viewer, "ProgressBarRolagem")->isVisible());
+}
+
+void tst_viewer_scrolling::theStopButtonTakesThePlaceOfTheStartButton()
+{
+    const QPoint elsewhere(120, 3);
+    In(viewer, "cmdAutoRolagem")->move(elsewhere);
+    Click(viewer, "cmdAutoRolagem");
+    QCOMPARE(In(viewer, "cmdAutoRolagem2")->pos(), elsewhere);
 }
 
 void tst_viewer_scrolling::aTickTakesOnePixel()
