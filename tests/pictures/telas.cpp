@@ -2,8 +2,8 @@
 // Works on copies in a folder of its own. Real forms, driven by real events; where the platform is
 // a virtual screen, what is saved is what that screen shows.
 
+#include "app/Main.h"
 #include "app/frmSplash.h"
-#include "controls/Appearance.h"
 #include "main/frmPrincipal.h"
 #include "store/Connection.h"
 #include "support/GeneratedSongs.h"
@@ -17,7 +17,6 @@
 #include <QDialog>
 #include <QDir>
 #include <QLineEdit>
-#include <QLocale>
 #include <QPixmap>
 #include <QScreen>
 #include <QTest>
@@ -173,6 +172,25 @@ void SaveFailedSave(Pictures& pictures, QWidget& form, const QString& name)
     SaveBox(pictures, name, [&form] { Click(form, QStringLiteral("cmdCadSalvar")); });
 }
 
+/// Does something that opens an input box, types into it, and takes the picture of the message box
+/// that answers.
+void SaveAnswer(Pictures& pictures, const QString& name, const QString& typed,
+                const std::function<void()>& open)
+{
+    QTimer::singleShot(0, &pictures, [&pictures, name, typed] {
+        auto* edit = QApplication::activeModalWidget()->findChild<QLineEdit*>();
+        edit->setText(typed); // key clicks know ASCII alone
+        // Only once the input box is gone: the message comes from the same handler.
+        QTimer::singleShot(PaintMs, &pictures, [&pictures, name] {
+            pictures.Save(name);
+            if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+                QTest::keyClick(box, Qt::Key_Escape);
+        });
+        QTest::keyClick(edit, Qt::Key_Return);
+    });
+    open();
+}
+
 /// A song corrected where it is shown, in the middle of a list, with both boxes that it asks with.
 void ShowEditing(Pictures& pictures)
 {
@@ -204,8 +222,46 @@ void ShowEditing(Pictures& pictures)
     QTest::qWait(PaintMs);
 }
 
+/// Both ways to a theme's name and what they answer with.
+void ShowThemes(Pictures& pictures, Principal& form)
+{
+    auto* themes = form.findChild<QAbstractItemView*>(QStringLiteral("lstCadTema"));
+    const auto add = [&form] { Click(form, QStringLiteral("cmdCadTema")); };
+    const auto rename = [themes] {
+        QTest::mouseClick(themes->viewport(), Qt::RightButton, {},
+                          themes->visualRect(themes->model()->index(0, 0)).center());
+    };
+    SaveBox(pictures, QStringLiteral("cadastro-novo-tema"), add);
+    SaveBox(pictures, QStringLiteral("cadastro-tema-em-uso"),
+            [themes] { QTest::keyClick(themes, Qt::Key_Delete); });
+    SaveBox(pictures, QStringLiteral("cadastro-renomeia-tema"), rename);
+    const QString known = themes->model()->index(1, 0).data().toString().toUpper();
+    SaveAnswer(pictures, QStringLiteral("cadastro-tema-repetido"), known, add);
+    SaveAnswer(pictures, QStringLiteral("cadastro-tema-alterado"), QStringLiteral("Abertura"),
+               rename);
+    SaveAnswer(pictures, QStringLiteral("cadastro-tema-cadastrado"), QStringLiteral("Advento"),
+               add);
+    pictures.Save(QStringLiteral("cadastro-temas"));
+    themes->setFocus();
+    QTest::keyClick(themes, Qt::Key_Home);
+    QTest::keyClick(themes, Qt::Key_Down); // the new one, which no song has
+    SaveBox(pictures, QStringLiteral("cadastro-exclui-tema"),
+            [themes] { QTest::keyClick(themes, Qt::Key_Delete); });
+}
+
+/// The keyboard stays where it is when panels change, so it may meet a list of suggestions.
+void ShowKeyboardOverSuggestions(Pictures& pictures, Principal& form)
+{
+    form.mnuPesquisa_Click();
+    Click(form, QStringLiteral("imgTeclado_0"));
+    form.mnuCadastro_Click();
+    Click(form, QStringLiteral("lblTecla_65"));
+    pictures.Save(QStringLiteral("cadastro-teclado-sugestoes"));
+    Click(form, QStringLiteral("imgFecharTeclado"));
+}
+
 /// The entry panel: for a new song with each box that a save answers, and with a stored song.
-void ShowEntry(Pictures& pictures, Principal& form)
+void ShowEntry(Pictures& pictures, Principal& form, const QString& catalogue)
 {
     const auto box = [&form](const char* name) {
         auto* found = form.findChild<QWidget*>(QString::fromLatin1(name));
@@ -228,26 +284,25 @@ void ShowEntry(Pictures& pictures, Principal& form)
     QTest::keyClick(box("txtCadLetra_0"), Qt::Key_Return);
     QTest::keyClicks(box("txtCadLetra_0"), QStringLiteral("Como pode"));
     SaveFailedSave(pictures, form, QStringLiteral("cadastro-sem-tema"));
-    SaveBox(pictures, QStringLiteral("cadastro-novo-tema"),
-            [&form] { Click(form, QStringLiteral("cmdCadTema")); });
     checkTheme(0);
+    {
+        PlainSqlite other(catalogue);
+        other.Run("BEGIN EXCLUSIVE");
+        SaveFailedSave(pictures, form, QStringLiteral("cadastro-falha"));
+        other.Run("ROLLBACK");
+    }
     SaveFailedSave(pictures, form, QStringLiteral("cadastro-guardada"));
     SaveFailedSave(pictures, form, QStringLiteral("cadastro-atualizada"));
     SaveBox(pictures, QStringLiteral("cadastro-limpar"),
             [&form] { Click(form, QStringLiteral("cmdCadLimpar")); });
-    auto* themes = form.findChild<QAbstractItemView*>(QStringLiteral("lstCadTema"));
-    SaveBox(pictures, QStringLiteral("cadastro-tema-em-uso"),
-            [themes] { QTest::keyClick(themes, Qt::Key_Delete); });
-    SaveBox(pictures, QStringLiteral("cadastro-renomeia-tema"), [themes] {
-        QTest::mouseClick(themes->viewport(), Qt::RightButton, {},
-                          themes->visualRect(themes->model()->index(0, 0)).center());
-    });
+    ShowThemes(pictures, form);
     form.Inicializa_Cadastro(2);
     pictures.Save(QStringLiteral("cadastro-carregada"));
     Click(form, QStringLiteral("lblMostraMusica_1"));
     pictures.Save(QStringLiteral("cadastro-versao-2"));
     SaveBox(pictures, QStringLiteral("cadastro-excluir"),
             [&form] { Click(form, QStringLiteral("cmdExcluir")); });
+    ShowKeyboardOverSuggestions(pictures, form);
 }
 
 /// The viewer on the first, a middle and the last song of a setlist, and with its list open.
@@ -337,7 +392,7 @@ void ShowDelivered(Pictures& pictures, const QString& catalogue)
     ShowKeyboard(pictures, form);
     ShowViewers(pictures, {1, 2, 3});
     ShowEditing(pictures);
-    ShowEntry(pictures, form);
+    ShowEntry(pictures, form, catalogue);
     ShowSetlist(pictures, catalogue);
     ShowSetlists(pictures, form);
     form.close();
@@ -409,8 +464,7 @@ int main(int argc, char* argv[])
         return 2;
     }
     QApplication::setQuitOnLastWindowClosed(false);
-    QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
-    Appearance::Apply(application);
+    Funcoes::Prepara(application);
 
     const QTemporaryDir folder;
     const QString copy = folder.filePath(QStringLiteral("Melodario.mdb"));
