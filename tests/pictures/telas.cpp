@@ -30,6 +30,7 @@ namespace {
 
 constexpr int ManySongs = 20000;
 constexpr int PaintMs = 400; // a window manager maps, paints and raises within this
+constexpr int PollMs = 20;
 constexpr int CountdownMs = 2100;
 constexpr int SearchMs = 1200; // the clock of the search and the search itself
 
@@ -156,14 +157,27 @@ void ShowKeyboard(Pictures& pictures, const QWidget& form)
     click(QStringLiteral("imgFecharTeclado"));
 }
 
+/// Waits for a box, however long the store or a search takes before it opens.
+void WhenBoxIsOpen(QObject& context, const std::function<void(QDialog&)>& act)
+{
+    QTimer::singleShot(PollMs, &context, [&context, act] {
+        if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+            act(*box);
+        else
+            WhenBoxIsOpen(context, act);
+    });
+}
+
+void SaveAndClose(Pictures& pictures, const QString& name, QDialog& box)
+{
+    pictures.Save(name);
+    QTest::keyClick(&box, Qt::Key_Escape);
+}
+
 /// Does something that opens a box, and takes the box's picture before closing it.
 void SaveBox(Pictures& pictures, const QString& name, const std::function<void()>& open)
 {
-    QTimer::singleShot(0, &pictures, [&pictures, name] {
-        pictures.Save(name);
-        if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
-            QTest::keyClick(box, Qt::Key_Escape);
-    });
+    WhenBoxIsOpen(pictures, [&pictures, name](QDialog& box) { SaveAndClose(pictures, name, box); });
     open();
 }
 
@@ -177,16 +191,12 @@ void SaveFailedSave(Pictures& pictures, QWidget& form, const QString& name)
 void SaveAnswer(Pictures& pictures, const QString& name, const QString& typed,
                 const std::function<void()>& open)
 {
-    QTimer::singleShot(0, &pictures, [&pictures, name, typed] {
-        auto* edit = QApplication::activeModalWidget()->findChild<QLineEdit*>();
+    WhenBoxIsOpen(pictures, [&pictures, name, typed](QDialog& input) {
+        auto* edit = input.findChild<QLineEdit*>();
         edit->setText(typed); // key clicks know ASCII alone
-        // Only once the input box is gone: the message comes from the same handler.
-        QTimer::singleShot(PaintMs, &pictures, [&pictures, name] {
-            pictures.Save(name);
-            if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
-                QTest::keyClick(box, Qt::Key_Escape);
-        });
         QTest::keyClick(edit, Qt::Key_Return);
+        WhenBoxIsOpen(pictures,
+                      [&pictures, name](QDialog& box) { SaveAndClose(pictures, name, box); });
     });
     open();
 }
