@@ -30,6 +30,26 @@ void ClickableLabel::setKeyboardReachable(bool reachable)
     setFocusPolicy(reachable ? Qt::TabFocus : Qt::NoFocus);
 }
 
+bool ClickableLabel::event(QEvent* event)
+{
+    const bool done = QLabel::event(event);
+    // QLabel makes an editor of a text that can have the focus: it would stand higher than that of
+    // a label beside it.
+    if (event->type() == QEvent::Polish && keyboardReachable()) {
+        setTextInteractionFlags(Qt::NoTextInteraction); // takes the focus away, too
+        setKeyboardReachable(true);
+    }
+    return done;
+}
+
+void ClickableLabel::focusInEvent(QFocusEvent* event)
+{
+    // Not QLabel's, which makes that editor.
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call)
+    QFrame::focusInEvent(event);
+    update();
+}
+
 void ClickableLabel::mousePressEvent(QMouseEvent* event)
 {
     m_pressed = event->button() == Qt::LeftButton;

@@ -1,69 +1,22 @@
 #include "controls/ListaMusicas.h"
 
-#include "controls/LongTexts.h"
 #include "store/Preenche.h"
 
 #include <QHeaderView>
-#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QScopedValueRollback>
-#include <QTextDocument>
-#include <QToolTip>
 
 #include <algorithm>
 
-namespace {
-
-/// Every row is as high as a line of text with some air; a height asked of the rows' texts would
-/// read the themes of rows that nobody sees.
-class Linhas final : public LongTexts::Delegate
-{
-public:
-    using LongTexts::Delegate::Delegate;
-
-    QSize sizeHint(const QStyleOptionViewItem& opcao, const QModelIndex& /*indice*/) const override
-    {
-        constexpr int Ar = 11;
-        return {opcao.fontMetrics.averageCharWidth() * 20, opcao.fontMetrics.height() + Ar};
-    }
-
-protected:
-    void initStyleOption(QStyleOptionViewItem* opcao, const QModelIndex& indice) const override
-    {
-        LongTexts::Delegate::initStyleOption(opcao, indice);
-        opcao->state &= ~QStyle::State_HasFocus; // it is the row that has it, see drawRow
-    }
-};
-
-/// @return text such that a tool tip shows it as it is, also where it looks like markup.
-QString Dica_Literal(const QString& texto)
-{
-    if (!Qt::mightBeRichText(texto))
-        return texto;
-    return u"<p style='white-space:pre-wrap'>" % texto.toHtmlEscaped() % u"</p>";
-}
-
-} // namespace
-
 ListaMusicas::ListaMusicas(QWidget* parent)
-    : QTreeView(parent)
+    : ReportList(parent)
     , m_modelo(new ModeloMusicas(
           [](qint64 id) { return Funcoes::Busca_Temas_Musica(static_cast<double>(id)); }, this))
 {
     setModel(m_modelo);
-    setItemDelegate(new Linhas(this));
-    setRootIsDecorated(false);
-    setItemsExpandable(false);
-    setExpandsOnDoubleClick(false);
-    setUniformRowHeights(true);
-    setAlternatingRowColors(true);
-    setSelectionBehavior(SelectRows);
     setSelectionMode(ExtendedSelection);
-    setEditTriggers(NoEditTriggers);
     setVerticalScrollMode(ScrollPerItem);
-    setTextElideMode(Qt::ElideRight);
     Arruma_Cabecalho();
     connect(m_modelo, &ModeloMusicas::FalhaNaLinha, this, &ListaMusicas::Relata_Falha);
     connect(m_modelo, &ModeloMusicas::LeituraLimpa, this, [this] { m_leituraTemas.Run([] {}); });
@@ -73,11 +26,7 @@ void ListaMusicas::Arruma_Cabecalho()
 {
     header()->setSectionResizeMode(QHeaderView::Interactive);
     header()->setStretchLastSection(true);
-    header()->setSectionsMovable(false);
-    header()->setHighlightSections(false);
     header()->setMinimumSectionSize(60);
-    header()->setSectionsClickable(true);
-    connect(header(), &QHeaderView::sectionClicked, this, &ListaMusicas::ColumnClick);
     connect(header(), &QHeaderView::sectionResized, this,
             [this](int coluna, int /*antiga*/, int largura) { Guarda_Proporcao(coluna, largura); });
 }
@@ -94,13 +43,13 @@ void ListaMusicas::SetView(int vista)
 
 void ListaMusicas::Preenche(std::vector<LinhaMusica> linhas)
 {
-    header()->setSortIndicatorShown(false);
+    ForgetSorting();
     m_modelo->Preenche(std::move(linhas));
 }
 
 void ListaMusicas::Preenche_De(std::shared_ptr<const FonteMusicas> fonte)
 {
-    header()->setSortIndicatorShown(false);
+    ForgetSorting();
     m_modelo->Preenche_De(std::move(fonte));
 }
 
@@ -166,11 +115,8 @@ QList<qint64> ListaMusicas::Itens_Selecionados() const
 
 void ListaMusicas::Ordena_Por(int coluna)
 {
-    m_direcao = m_direcao == Qt::AscendingOrder ? Qt::DescendingOrder : Qt::AscendingOrder;
     const QScopedValueRollback<bool> ordenando(m_ordenando, true);
-    m_modelo->sort(coluna, m_direcao);
-    header()->setSortIndicator(coluna, m_direcao);
-    header()->setSortIndicatorShown(true);
+    SortBy(coluna);
 }
 
 void ListaMusicas::keyboardSearch(const QString& inicio)
@@ -180,7 +126,7 @@ void ListaMusicas::keyboardSearch(const QString& inicio)
     if (atual.column() > ModeloMusicas::Titulo)
         selectionModel()->setCurrentIndex(atual.siblingAtColumn(ModeloMusicas::Titulo),
                                           QItemSelectionModel::NoUpdate);
-    QTreeView::keyboardSearch(inicio);
+    ReportList::keyboardSearch(inicio);
 }
 
 void ListaMusicas::keyPressEvent(QKeyEvent* evento)
@@ -194,14 +140,14 @@ void ListaMusicas::keyPressEvent(QKeyEvent* evento)
             emit KeyDown(evento->key());
         return;
     default:
-        QTreeView::keyPressEvent(evento);
+        ReportList::keyPressEvent(evento);
     }
 }
 
 void ListaMusicas::mousePressEvent(QMouseEvent* evento)
 {
     if (evento->button() != Qt::RightButton) {
-        QTreeView::mousePressEvent(evento);
+        ReportList::mousePressEvent(evento);
         return;
     }
     // A row that is one of several selected ones becomes current and stays among them: songs that
@@ -219,25 +165,13 @@ void ListaMusicas::mousePressEvent(QMouseEvent* evento)
 void ListaMusicas::mouseReleaseEvent(QMouseEvent* evento)
 {
     if (evento->button() != Qt::RightButton) {
-        QTreeView::mouseReleaseEvent(evento);
+        ReportList::mouseReleaseEvent(evento);
         return;
     }
     // The button may have been pressed over one row and dragged to another.
     const QModelIndex sobPonteiro = indexAt(evento->position().toPoint());
     if (sobPonteiro.isValid() && sobPonteiro.row() == currentIndex().row())
         emit BotaoDireito();
-}
-
-void ListaMusicas::mouseDoubleClickEvent(QMouseEvent* evento)
-{
-    const QModelIndex sobPonteiro = indexAt(evento->position().toPoint());
-    if (evento->button() != Qt::LeftButton || !sobPonteiro.isValid())
-        return;
-    // The first press may have met the row next to it.
-    if (sobPonteiro.row() != currentIndex().row())
-        selectionModel()->setCurrentIndex(sobPonteiro, QItemSelectionModel::ClearAndSelect |
-                                                           QItemSelectionModel::Rows);
-    emit DblClick();
 }
 
 void ListaMusicas::contextMenuEvent(QContextMenuEvent* evento)
@@ -249,35 +183,8 @@ void ListaMusicas::contextMenuEvent(QContextMenuEvent* evento)
 
 void ListaMusicas::resizeEvent(QResizeEvent* evento)
 {
-    QTreeView::resizeEvent(evento);
+    ReportList::resizeEvent(evento);
     Reparte_Colunas();
-}
-
-bool ListaMusicas::viewportEvent(QEvent* evento)
-{
-    if (evento->type() != QEvent::ToolTip)
-        return QTreeView::viewportEvent(evento);
-    const auto* ajuda = static_cast<QHelpEvent*>(evento);
-    const QModelIndex indice = indexAt(ajuda->pos());
-    const QString texto = LongTexts::Beginning(indice.data(Qt::ToolTipRole).toString());
-    if (texto.isEmpty())
-        QToolTip::hideText();
-    else
-        QToolTip::showText(ajuda->globalPos(), Dica_Literal(texto), viewport(), visualRect(indice));
-    return true;
-}
-
-void ListaMusicas::drawRow(QPainter* pintor, const QStyleOptionViewItem& opcao,
-                           const QModelIndex& indice) const
-{
-    QTreeView::drawRow(pintor, opcao, indice);
-    if (!hasFocus() || indice.row() != currentIndex().row())
-        return;
-    pintor->save();
-    pintor->setPen(palette().color(QPalette::Highlight));
-    pintor->setBrush(Qt::NoBrush);
-    pintor->drawRect(opcao.rect.adjusted(0, 0, -1, -1));
-    pintor->restore();
 }
 
 void ListaMusicas::Reparte_Colunas()

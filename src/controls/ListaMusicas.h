@@ -2,17 +2,15 @@
 
 #include "controls/Handler.h"
 #include "controls/ModeloMusicas.h"
-
-#include <QTreeView>
+#include "controls/ReportList.h"
 
 #include <array>
 #include <optional>
 
 /// A list of songs: report view with the columns "Título", "Referência" and "Temas", or a plain
 /// list of the titles. Several rows can be selected; a row's tag is the song's ID as text
-/// (Qt::UserRole of column 0). Rows come in the order of the query until Ordena_Por sorts them; the
-/// next fill shows its query's order again.
-class ListaMusicas : public QTreeView
+/// (Qt::UserRole of column 0). Each fill shows the order of its query until Ordena_Por sorts it.
+class ListaMusicas : public ReportList
 {
     Q_OBJECT
     /// ListView or ReportView.
@@ -57,8 +55,7 @@ public:
     /// @return the IDs of all selected rows in the order shown.
     QList<qint64> Itens_Selecionados() const;
 
-    /// Turns the direction round (it is ascending at first, so the first call sorts descending) and
-    /// sorts by the texts of a column. @param coluna  position from 0
+    /// As SortBy; a row whose themes cannot be read is not reported meanwhile.
     void Ordena_Por(int coluna);
 
     /// Looks for the titles that begin so, whatever column was clicked: themes would have to be
@@ -66,22 +63,17 @@ public:
     void keyboardSearch(const QString& inicio) override;
 
 signals:
-    /// The left button, twice, on a row.
-    void DblClick();
     /// Enter or Delete, once however long it is held. @param tecla  a Qt::Key
     void KeyDown(int tecla);
     /// The right button was pressed and released on one row, which is current and selected then;
     /// beside the rows it tells nothing. Or the menu key was pressed: rows stay as they were, and
     /// none needs to be selected.
     void BotaoDireito();
-    /// A column header was clicked. @param coluna  position from 0
-    void ColumnClick(int coluna);
 
 protected:
     void keyPressEvent(QKeyEvent* evento) override;
     void mousePressEvent(QMouseEvent* evento) override;
     void mouseReleaseEvent(QMouseEvent* evento) override;
-    void mouseDoubleClickEvent(QMouseEvent* evento) override;
     void contextMenuEvent(QContextMenuEvent* evento) override;
     void resizeEvent(QResizeEvent* evento) override;
     void updateGeometries() override;
@@ -98,7 +90,6 @@ private:
     ModeloMusicas* m_modelo;
     Unattended m_leituraTemas;
     Vista m_vista = ReportView;
-    Qt::SortOrder m_direcao = Qt::AscendingOrder;
     quint64 m_vez = 0;
     /// Shares of the width that "Título" and "Referência" take; "Temas" takes the rest.
     std::array<double, 2> m_proporcoes{0.42, 0.29};

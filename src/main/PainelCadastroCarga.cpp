@@ -71,6 +71,8 @@ void PainelCadastro::Prepara_Musica_Nova()
 
 void PainelCadastro::Carrega_Musica(double id)
 {
+    // A song and its themes as they belong together, whatever another program is about to change.
+    const Connection::Snapshot umEstado(Conexao);
     Carrega_Notas();
     SQL = u"SELECT * FROM MUSICA WHERE ID = 0"_qs + Number::ToText(id);
     // The row is kept apart: whatever reacts to the boxes' changes reads rows of its own into the

@@ -87,7 +87,7 @@ void PainelLista::lstLista_KeyDown()
 void PainelLista::lstLista_ColumnClick(int coluna)
 {
     try {
-        ui->lstLista->Ordena_Por(coluna);
+        ui->lstLista->SortBy(coluna);
     } catch (const std::exception&) {
         // the grid stays as it is
     }

@@ -61,6 +61,18 @@ bool Connection::CommitBatch()
     return m_database && m_database->Commit();
 }
 
+Connection::Snapshot::Snapshot(Connection& connection)
+    : m_connection(connection)
+    , m_began(connection.Opened().BeginSnapshot())
+{
+}
+
+Connection::Snapshot::~Snapshot()
+{
+    if (m_began && m_connection.m_database)
+        m_connection.m_database->EndSnapshot();
+}
+
 void Connection::SetStatementHook(StatementHook hook)
 {
     m_hook = std::move(hook);

@@ -172,7 +172,20 @@ void Connection::Database::RunKept(const QByteArray& sql)
 
 bool Connection::Database::InBatch() const
 {
-    return sqlite3_get_autocommit(m_handle.get()) == 0;
+    return sqlite3_txn_state(m_handle.get(), nullptr) == SQLITE_TXN_WRITE;
+}
+
+bool Connection::Database::BeginSnapshot()
+{
+    if (m_snapshot || InBatch())
+        return false;
+    m_snapshot.emplace(m_handle.get());
+    return true;
+}
+
+void Connection::Database::EndSnapshot() noexcept
+{
+    m_snapshot.reset();
 }
 
 Recordset Connection::Database::Execute(const QString& sql)
@@ -185,6 +198,7 @@ Recordset Connection::Database::Execute(const QString& sql)
     const Translation translation = Writer::Write(statement, Writer::Compared::Bound);
     if (translation.isQuery)
         return Run(translation);
+    EndSnapshot();
     const bool begins = !InBatch();
     // Immediate: a batch that cannot write fails before anything of it has run.
     if (begins)
@@ -221,6 +235,7 @@ Recordset Connection::Database::Run(Statement& statement, const Translation& tra
 
 bool Connection::Database::Commit()
 {
+    EndSnapshot();
     if (!InBatch())
         return false;
     try {

@@ -2,9 +2,11 @@
 
 #include "store/Connection.h"
 #include "store/dialect/Syntax.h"
+#include "store/sqlite/ReadSnapshot.h"
 #include "store/sqlite/StatementCache.h"
 
 #include <memory>
+#include <optional>
 
 class SongShelf;
 struct Translation;
@@ -24,6 +26,9 @@ public:
     Recordset Execute(const QString& sql);
     /// @return whether there was a batch to commit
     bool Commit();
+    /// @return false inside a batch or another snapshot, where there is nothing to begin
+    bool BeginSnapshot();
+    void EndSnapshot() noexcept;
 
 private:
     struct CloseHandle
@@ -46,6 +51,7 @@ private:
     std::unique_ptr<sqlite3, CloseHandle> m_handle;
     std::unique_ptr<StatementCache> m_statements;
     std::unique_ptr<SongShelf> m_shelf;
+    std::optional<ReadSnapshot> m_snapshot;
     Schema m_schema;
     qint64 m_schemaVersion = 0;
 };

@@ -3,6 +3,7 @@
 
 #include <QAccessible>
 #include <QFile>
+#include <QLabel>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -18,6 +19,7 @@ private slots:
     void a_label_is_clicked_by_the_left_button_only();
     void a_press_that_leaves_the_label_is_no_click();
     void a_label_is_reached_by_keys_only_when_asked();
+    void a_label_that_keys_reach_is_drawn_like_any_other();
     void a_label_shows_markup_as_typed();
     void a_disabled_label_reacts_to_nothing();
     void a_picture_is_clicked();
@@ -77,6 +79,29 @@ void tst_clickables::a_label_is_reached_by_keys_only_when_asked()
     QTest::keyClick(&label, Qt::Key_Space);
     QTest::keyClick(&label, Qt::Key_Return);
     QCOMPARE(clicks.size(), 2);
+}
+
+void tst_clickables::a_label_that_keys_reach_is_drawn_like_any_other()
+{
+    QWidget form;
+    auto* plain = new QLabel(u"Letra"_s, &form);
+    auto* label = new ClickableLabel(u"Letra"_s, &form);
+    label->setKeyboardReachable(true);
+    form.resize(200, 60);
+    form.show();
+    QVERIFY(QTest::qWaitForWindowActive(&form));
+    QCOMPARE(label->sizeHint(), plain->sizeHint());
+    plain->setGeometry(0, 0, 100, 40);
+    label->setGeometry(100, 0, 100, 40);
+    QCOMPARE(label->focusPolicy(), Qt::TabFocus);
+    label->clearFocus(); // it is the only one that takes it
+    QCOMPARE(label->grab().toImage(), plain->grab().toImage());
+    // The focus adds its frame and goes without a trace.
+    label->setFocus();
+    QVERIFY(label->hasFocus());
+    QVERIFY(label->grab().toImage() != plain->grab().toImage());
+    label->clearFocus();
+    QCOMPARE(label->grab().toImage(), plain->grab().toImage());
 }
 
 void tst_clickables::a_label_shows_markup_as_typed()

@@ -49,6 +49,7 @@ private slots:
     void a_held_enter_leaves_an_input_box_open();
     void an_input_box_that_is_cancelled_gives_an_empty_text();
     void an_input_box_stands_where_it_was_asked_to();
+    void an_input_box_keeps_its_buttons_on_the_screen_data();
     void an_input_box_keeps_its_buttons_on_the_screen();
     void a_box_may_go_with_its_form_while_open();
     void a_test_may_put_its_own_door_in_place();
@@ -202,17 +203,26 @@ void tst_dialogs::an_input_box_stands_where_it_was_asked_to()
     QCOMPARE(corner, QPoint(683, 384));
 }
 
+void tst_dialogs::an_input_box_keeps_its_buttons_on_the_screen_data()
+{
+    QTest::addColumn<int>("room"); // pixels between the corner and the screen's right edge
+    QTest::newRow("at the middle") << QGuiApplication::primaryScreen()->geometry().width() / 2;
+    QTest::newRow("where there is little room") << 330;
+}
+
 void tst_dialogs::an_input_box_keeps_its_buttons_on_the_screen()
 {
+    QFETCH(int, room);
     const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    const QPoint corner(screen.right() + 1 - room, screen.center().y());
     QRect shown;
     WithNextBox<QInputDialog>([&](QInputDialog& box) {
         QVERIFY(QTest::qWaitForWindowExposed(&box));
         shown = box.frameGeometry();
     });
     Funcoes::Caixa_Entrada(nullptr, u"Digite o novo nome do Tema"_s,
-                           u"Melodario - Alteração de Tema"_s, u"Sem Tema"_s, screen.center());
-    QCOMPARE(shown.topLeft(), screen.center());
+                           u"Melodario - Alteração de Tema"_s, u"Sem Tema"_s, corner);
+    QCOMPARE(shown.topLeft(), corner);
     QVERIFY2(screen.contains(shown), qPrintable(QString::number(shown.width())));
 }
 

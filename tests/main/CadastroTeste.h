@@ -1,25 +1,19 @@
 #pragma once
 
-#include "PrincipalTeste.h"
+#include "FormularioTeste.h"
 
 #include "controls/ClickableLabel.h"
 #include "controls/ComboBox.h"
 #include "controls/ListBox.h"
 #include "controls/ListaMusicas.h"
-#include "controls/RecordingDialogs.h"
 #include "controls/RichTextBox.h"
 #include "main/PainelCadastro.h"
 
-#include <QApplication>
 #include <QPushButton>
-#include <QTimer>
 
-#include <memory>
-
-/// What tests of the song entry panel share: the shown main form with that panel on top, on a
-/// catalogue with the themes "Louvor" (1), "Natal" (2) and "Sem Tema" (3, sorted last), the user's
-/// hands and eyes, and the statements as they were handed to the store.
-class CadastroTeste : public QObject
+/// What tests of the song entry panel share: that panel on top, on a catalogue with the themes
+/// "Louvor" (1), "Natal" (2) and "Sem Tema" (3, sorted last), and the user's hands and eyes.
+class CadastroTeste : public FormularioTeste
 {
     Q_OBJECT
 
@@ -27,12 +21,8 @@ protected:
     /// Shows the panel for a new song.
     void Carrega()
     {
-        m_form = std::make_unique<PrincipalTeste>(*m_catalogo);
-        m_form->Form_Load(QString());
-        m_form->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_form.get()));
-        Acha<QTimer>("Timer1")->stop(); // the first search is another panel's matter
-        Funcoes::Conexao.SetStatementHook([this](const QString& sql) { m_comandos.append(sql); });
+        QVERIFY(Mostra_Formulario());
+        Anota_Comandos();
         m_form->mnuCadastro_Click();
         m_comandos.clear();
         m_form->chamadas.clear();
@@ -158,47 +148,14 @@ protected:
         m_caixas->boxes.clear();
     }
 
-    QList<QWidget*> Visualizadores() const
-    {
-        QList<QWidget*> achados;
-        const QWidgetList janelas = QApplication::topLevelWidgets();
-        for (QWidget* janela : janelas) {
-            if (janela->objectName() == u"frmVisualizar")
-                achados.append(janela);
-        }
-        return achados;
-    }
-
-    template <typename Controle>
-    Controle* Acha(const char* nome) const
-    {
-        return m_form->Acha<Controle>(nome);
-    }
-
-    std::unique_ptr<TestCatalogue> m_catalogo;
-    std::unique_ptr<RecordingDialogs> m_caixas;
-    std::unique_ptr<PrincipalTeste> m_form;
-    QStringList m_comandos; ///< statements as they were handed in
-
 private slots:
     void init()
     {
-        m_catalogo = std::make_unique<TestCatalogue>();
-        m_caixas = std::make_unique<RecordingDialogs>();
+        Comeca();
         m_catalogo->AddTheme(u"Louvor"_qs);
         m_catalogo->AddTheme(u"Natal"_qs);
         m_catalogo->AddTheme(u"Sem Tema"_qs, 3);
     }
 
-    void cleanup()
-    {
-        Funcoes::Conexao.SetStatementHook({});
-        const QList<QWidget*> abertos = Visualizadores();
-        for (QWidget* visualizador : abertos)
-            delete visualizador;
-        m_form.reset();
-        m_caixas.reset();
-        m_catalogo.reset();
-        m_comandos.clear();
-    }
+    void cleanup() { Termina(); }
 };

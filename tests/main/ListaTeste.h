@@ -1,27 +1,21 @@
 #pragma once
 
-#include "PrincipalTeste.h"
+#include "FormularioTeste.h"
 
 #include "controls/ComboBox.h"
 #include "controls/ListBox.h"
 #include "controls/MaskEdit.h"
-#include "controls/RecordingDialogs.h"
 #include "controls/Resposta_Mensagem.h"
 #include "main/GradeListas.h"
 #include "main/PainelLista.h"
 
-#include <QApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTimer>
 
-#include <memory>
-
-/// What tests of the setlist panel share: the shown main form with the panel on top, on a catalogue
-/// with the themes "Louvor" (1) and "Outro" (2), the user's hands and eyes, today's date, and the
-/// statements as they were handed to the store.
-class ListaTeste : public QObject
+/// What tests of the setlist panel share: that panel on top, on a catalogue with the themes
+/// "Louvor" (1) and "Outro" (2), the user's hands and eyes, and today's date.
+class ListaTeste : public FormularioTeste
 {
     Q_OBJECT
 
@@ -39,14 +33,10 @@ protected:
     /// Shows the form and goes to the panel by its menu entry.
     void Carrega()
     {
-        m_form = std::make_unique<PrincipalTeste>(*m_catalogo);
-        m_form->Form_Load(QString());
-        m_form->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_form.get()));
-        Acha<QTimer>("Timer1")->stop();
+        QVERIFY(Mostra_Formulario());
         Acha<PainelLista>("pctFrame_1")->Usa_Calendario([this] { return m_hoje; });
         Escolhe("mnuLista");
-        Funcoes::Conexao.SetStatementHook([this](const QString& sql) { m_comandos.append(sql); });
+        Anota_Comandos();
         m_form->chamadas.clear();
     }
 
@@ -199,52 +189,20 @@ protected:
             u"SELECT ID_LISTA, ID_MUSICA, ORDEM FROM LISTA_MUSICA ORDER BY ID_LISTA, ORDEM"_qs);
     }
 
-    static QList<QWidget*> Visualizadores()
-    {
-        QList<QWidget*> achados;
-        const QWidgetList janelas = QApplication::topLevelWidgets();
-        for (QWidget* janela : janelas) {
-            if (janela->objectName() == u"frmVisualizar")
-                achados.append(janela);
-        }
-        return achados;
-    }
-
-    template <typename Controle>
-    Controle* Acha(const char* nome) const
-    {
-        return m_form->Acha<Controle>(nome);
-    }
-
-    std::unique_ptr<TestCatalogue> m_catalogo;
-    std::unique_ptr<RecordingDialogs> m_caixas;
-    std::unique_ptr<PrincipalTeste> m_form;
     qint64 m_tema = 0;
     qint64 m_outro = 0;
-    QDate m_hoje{2009, 3, 5};
-    QStringList m_comandos; ///< statements as they were handed in
-    int m_dialogos = 0;     ///< how many dialogs the last double click showed
+    QDate m_hoje;
+    int m_dialogos = 0; ///< how many dialogs the last double click showed
 
 private slots:
     void init()
     {
-        m_catalogo = std::make_unique<TestCatalogue>();
-        m_caixas = std::make_unique<RecordingDialogs>();
+        Comeca();
         m_tema = m_catalogo->AddTheme(u"Louvor"_qs);
         m_outro = m_catalogo->AddTheme(u"Outro"_qs);
         m_hoje = QDate(2009, 3, 5);
         Funcoes::Resposta_Mensagem = 0;
     }
 
-    void cleanup()
-    {
-        Funcoes::Conexao.SetStatementHook({});
-        const QList<QWidget*> abertos = Visualizadores();
-        for (QWidget* visualizador : abertos)
-            delete visualizador;
-        m_form.reset();
-        m_caixas.reset();
-        m_catalogo.reset();
-        m_comandos.clear();
-    }
+    void cleanup() { Termina(); }
 };

@@ -1,22 +1,16 @@
 #pragma once
 
-#include "PrincipalTeste.h"
+#include "FormularioTeste.h"
 
 #include "controls/ListBox.h"
 #include "controls/ListaMusicas.h"
-#include "controls/RecordingDialogs.h"
 #include "main/PainelPesquisa.h"
 
-#include <QApplication>
 #include <QLabel>
-#include <QTimer>
 
-#include <memory>
-
-/// What tests of the search panel share: the shown main form on a catalogue with the themes
-/// "Louvor" (1) and "Outro" (2), the user's hands and eyes, and the searches as they were handed to
-/// the store.
-class PesquisaTeste : public QObject
+/// What tests of the search panel share: a catalogue with the themes "Louvor" (1) and "Outro" (2),
+/// the user's hands and eyes, and the searches as they were handed to the store.
+class PesquisaTeste : public FormularioTeste
 {
     Q_OBJECT
 
@@ -36,17 +30,13 @@ protected:
 
     void Carrega()
     {
-        m_form = std::make_unique<PrincipalTeste>(*m_catalogo);
-        m_form->Form_Load(QString());
-        m_form->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_form.get()));
+        QVERIFY(Mostra_Formulario());
         m_lista = Acha<ListaMusicas>("lstMusicas");
         Funcoes::Conexao.SetStatementHook([this](const QString& sql) {
             if (sql.startsWith(u"SELECT DISTINCT MUSICA.ID"))
                 m_pesquisas.append(sql);
         });
-        // The first search at once: its delay has a test of its own.
-        Acha<QTimer>("Timer1")->stop();
+        // The first search at once.
         Acha<PainelPesquisa>("pctFrame_0")->Pesquisa();
         m_form->chamadas.clear();
         m_pesquisas.clear();
@@ -95,17 +85,6 @@ protected:
 
     QString Ultimo_SQL() const { return m_pesquisas.isEmpty() ? QString() : m_pesquisas.last(); }
 
-    QList<QWidget*> Visualizadores() const
-    {
-        QList<QWidget*> achados;
-        const QWidgetList janelas = QApplication::topLevelWidgets();
-        for (QWidget* janela : janelas) {
-            if (janela->objectName() == u"frmVisualizar")
-                achados.append(janela);
-        }
-        return achados;
-    }
-
     QStringList Abertas() const
     {
         QStringList titulos;
@@ -116,15 +95,6 @@ protected:
         return titulos;
     }
 
-    template <typename Controle>
-    Controle* Acha(const char* nome) const
-    {
-        return m_form->Acha<Controle>(nome);
-    }
-
-    std::unique_ptr<TestCatalogue> m_catalogo;
-    std::unique_ptr<RecordingDialogs> m_caixas;
-    std::unique_ptr<PrincipalTeste> m_form;
     ListaMusicas* m_lista = nullptr;
     qint64 m_tema = 0;
     QStringList m_pesquisas; ///< statements that look for songs, as they were handed in
@@ -132,21 +102,14 @@ protected:
 private slots:
     void init()
     {
-        m_catalogo = std::make_unique<TestCatalogue>();
-        m_caixas = std::make_unique<RecordingDialogs>();
+        Comeca();
         m_tema = m_catalogo->AddTheme(u"Louvor"_qs);
         m_catalogo->AddTheme(u"Outro"_qs);
     }
 
     void cleanup()
     {
-        Funcoes::Conexao.SetStatementHook({});
-        const QList<QWidget*> abertos = Visualizadores();
-        for (QWidget* visualizador : abertos)
-            delete visualizador;
-        m_form.reset();
-        m_caixas.reset();
-        m_catalogo.reset();
+        Termina();
         m_pesquisas.clear();
     }
 };

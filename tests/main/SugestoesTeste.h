@@ -18,7 +18,7 @@ protected:
     {
         Carrega();
         Acha<QAction>("mnuCadastro")->trigger();
-        Funcoes::Conexao.SetStatementHook([this](const QString& sql) { m_comandos.append(sql); });
+        Anota_Comandos();
         m_titulo = Acha<TextBox>("txtCadTitulo");
         m_referencia = Acha<TextBox>("txtCadReferencia");
         m_musicas = Acha<ListBox>("lstMusicasSemelhantes");
@@ -61,7 +61,6 @@ protected:
         return {controle.mapTo(m_form.get(), QPoint(0, 0)), controle.size()};
     }
 
-    QStringList m_comandos;
     TextBox* m_titulo = nullptr;
     TextBox* m_referencia = nullptr;
     ListBox* m_musicas = nullptr;

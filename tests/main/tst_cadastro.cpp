@@ -4,6 +4,7 @@
 #include "controls/Appearance.h"
 #include "runtime/RuntimeError.h"
 
+#include <QAction>
 #include <QLabel>
 
 /// How songs come into the entry panel, and its version tabs.
@@ -24,6 +25,9 @@ private slots:
     void songOfNullsIsShownEmpty();
     void unknownKeyAndVariationSelectNothing();
     void keyIsComparedExactly();
+    void emptyTablesOfKeysAndVariations();
+    void songOnEmptyTablesOfKeysAndVariations();
+    void linkToAThemeThatIsGoneChecksNothing();
     void singleThemeIsCheckedForANewSong();
     void emptyTableOfThemesShowsThePlaceholder();
     void themesStandInTheirOrder();
@@ -32,10 +36,15 @@ private slots:
     void chordsAreShownAsASheet();
     void tabsSwitchTheVersion();
     void tabsHaveTheirColours();
+    void tabsStandOnOneLineWithTheirLabel();
     void everyLoadingShowsVersionOne();
     void newSongAsksFirst();
     void viewerShowsTheStoredSong();
     void viewerNeedsAStoredSong();
+    void viewerOfASongThatIsGoneShowsNone();
+    void viewerKeepsASongThatThePanelDeletes();
+    void leavingWithTypedTextAsksNothing_data();
+    void leavingWithTypedTextAsksNothing();
     void captionsAndItemsAreTheGivenOnes();
 };
 
@@ -174,6 +183,53 @@ void tst_cadastro::keyIsComparedExactly()
     QCOMPARE(Acha<ComboBox>("cmbCadTom")->ListIndex(), -1);
 }
 
+void tst_cadastro::emptyTablesOfKeysAndVariations()
+{
+    m_catalogo->Run(u"DELETE FROM TOM; DELETE FROM VARIACAO"_qs);
+    Carrega();
+    for (const char* lista : {"cmbCadTom", "cmbCadVariacao"}) {
+        const auto* combo = Acha<ComboBox>(lista);
+        QCOMPARE(combo->ListCount(), 1);
+        QCOMPARE(combo->currentText(), u"Não Cadastrado"_qs);
+        QCOMPARE(combo->ListIndex(), 0);
+        QCOMPARE(combo->ItemData(0), 0);
+    }
+    Digita_Musica();
+    Clica("cmdCadSalvar");
+    Confere_Caixa(u"Música Cadastrada com Sucesso!"_qs, Icone::Informacao);
+    // What is chosen is what is stored.
+    QCOMPARE(m_catalogo->Field(u"SELECT TOM || '|' || VARIACAO FROM MUSICA"_qs),
+             u"Não Cadastrado|Não Cadastrado"_qs);
+}
+
+void tst_cadastro::songOnEmptyTablesOfKeysAndVariations()
+{
+    m_catalogo->Run(u"DELETE FROM TOM; DELETE FROM VARIACAO"_qs);
+    Edita(Musica({.key = u"F#"_qs, .variation = u"m"_qs}));
+    QVERIFY(m_caixas->boxes.isEmpty());
+    QCOMPARE(Texto("txtCadTitulo"), u"Santo Deus"_qs);
+    QVERIFY(Letra(0).contains(u"Santo Deus"));
+    QCOMPARE(Acha<ComboBox>("cmbCadTom")->currentText(), u"Não Cadastrado"_qs);
+    QCOMPARE(Acha<ComboBox>("cmbCadVariacao")->currentText(), u"Não Cadastrado"_qs);
+}
+
+void tst_cadastro::linkToAThemeThatIsGoneChecksNothing()
+{
+    const qint64 id = Musica();
+    m_catalogo->Link(id, 99);
+    Edita(id);
+    QCOMPARE(Temas_Marcados(), QStringList(u"Louvor"_qs));
+    Clica("cmdCadSalvar");
+    Confere_Caixa(u"Música Atualizada com Sucesso!"_qs, Icone::Informacao);
+    QCOMPARE(m_catalogo->Field(u"SELECT group_concat(ID_TEMA) FROM TEMA_MUSICA"_qs), u"1"_qs);
+    // With no other link left there is no theme to save with.
+    m_catalogo->Run(u"UPDATE TEMA_MUSICA SET ID_TEMA = 99"_qs);
+    Edita(id);
+    QCOMPARE(Temas_Marcados(), QStringList());
+    Clica("cmdCadSalvar");
+    Confere_Caixa(u"Selecione pelo menos um Tema para a música."_qs, Icone::Exclamacao);
+}
+
 void tst_cadastro::singleThemeIsCheckedForANewSong()
 {
     m_catalogo->Run(u"DELETE FROM TEMA WHERE ID > 1"_qs);
@@ -288,6 +344,29 @@ void tst_cadastro::tabsHaveTheirColours()
     QCOMPARE(amarelos(Acha<QLabel>("lblMostraMusica_0")), 0);
 }
 
+void tst_cadastro::tabsStandOnOneLineWithTheirLabel()
+{
+    Carrega();
+    const QImage faixa = Acha<QWidget>("fraVersoes")->grab().toImage();
+    const double escala = faixa.devicePixelRatio();
+    // The lowest point of the first letter, which reaches no lower than the line it stands on.
+    const auto base = [&](const char* rotulo) {
+        const QRect lugar = Acha<QWidget>(rotulo)->geometry();
+        const QRgb fundo = faixa.pixel(3, faixa.height() / 2);
+        const int esquerda = qRound(lugar.left() * escala);
+        for (int y = qRound((lugar.bottom() + 1) * escala) - 1; y > 0; --y) {
+            for (int x = esquerda; x < esquerda + qRound(8 * escala); ++x) {
+                if (qAbs(qGray(faixa.pixel(x, y)) - qGray(fundo)) > 60)
+                    return y;
+            }
+        }
+        return -1;
+    };
+    QVERIFY(base("lblCadMusica") > 0);
+    QCOMPARE(base("lblMostraMusica_0"), base("lblCadMusica"));
+    QCOMPARE(base("lblMostraMusica_1"), base("lblCadMusica"));
+}
+
 void tst_cadastro::everyLoadingShowsVersionOne()
 {
     const qint64 id = Musica();
@@ -339,6 +418,66 @@ void tst_cadastro::viewerNeedsAStoredSong()
         Clica("cmdVisualizar");
         QVERIFY(Visualizadores().isEmpty());
     }
+}
+
+void tst_cadastro::viewerOfASongThatIsGoneShowsNone()
+{
+    Edita(Musica());
+    m_catalogo->Run(u"DELETE FROM MUSICA; DELETE FROM TEMA_MUSICA"_qs);
+    Clica("cmdVisualizar");
+    QCOMPARE(Visualizadores().size(), 1);
+    QWidget& visualizador = *Visualizadores().first();
+    QVERIFY(visualizador.isVisible());
+    QCOMPARE(visualizador.findChild<QLabel*>(u"lblTitulo"_qs)->text(), QString());
+    QCOMPARE(visualizador.findChild<RichTextBox*>()->Text(), QString());
+    QVERIFY(m_caixas->boxes.isEmpty());
+    QCOMPARE(Texto("txtCadTitulo"), u"Santo Deus"_qs);
+}
+
+void tst_cadastro::viewerKeepsASongThatThePanelDeletes()
+{
+    Edita(Musica());
+    Clica("cmdVisualizar");
+    QCOMPARE(Visualizadores().size(), 1);
+    m_form->activateWindow();
+    Clica("cmdExcluir");
+    QCOMPARE(m_catalogo->Field(u"SELECT count(*) FROM MUSICA"_qs), u"0"_qs);
+    QCOMPARE(Visualizadores().size(), 1);
+    const QWidget& visualizador = *Visualizadores().first();
+    QVERIFY(visualizador.isVisible());
+    QCOMPARE(visualizador.findChild<QLabel*>(u"lblTitulo"_qs)->text(), u"Santo Deus"_qs);
+}
+
+void tst_cadastro::leavingWithTypedTextAsksNothing_data()
+{
+    QTest::addColumn<QByteArray>("menu");
+    QTest::newRow("to the search") << QByteArray("mnuPesquisa");
+    QTest::newRow("to the setlists") << QByteArray("mnuLista");
+}
+
+void tst_cadastro::leavingWithTypedTextAsksNothing()
+{
+    QFETCH(QByteArray, menu);
+    const qint64 id = Musica();
+    Edita(id);
+    Digita("txtCadTitulo", u"Digitado"_qs);
+    Digita("txtCadLetra_0", u"letra"_qs);
+    Clica_Tema(1);
+    m_comandos.clear();
+    Acha<QAction>(menu.constData())->trigger();
+    QVERIFY(!Acha<QWidget>("pctFrame_2")->isVisible());
+    QVERIFY(m_caixas->boxes.isEmpty());
+    QCOMPARE(Alteracoes(), QStringList());
+    QCOMPARE(Texto("txtCadTitulo"), u"Digitado"_qs);
+    // Its menu entry begins a new song, without a question, too.
+    Acha<QAction>("mnuCadastro")->trigger();
+    QVERIFY(m_caixas->boxes.isEmpty());
+    QCOMPARE(Identidade(), u"0"_qs);
+    QCOMPARE(Texto("txtCadTitulo"), QString());
+    QCOMPARE(Letra(0), QString());
+    QCOMPARE(Temas_Marcados(), QStringList());
+    QVERIFY(Acha<QWidget>("txtCadTitulo")->hasFocus());
+    QCOMPARE(m_catalogo->Field(u"SELECT TITULO FROM MUSICA"_qs), u"Santo Deus"_qs);
 }
 
 void tst_cadastro::captionsAndItemsAreTheGivenOnes()

@@ -22,12 +22,16 @@ private slots:
     void fullDisk();
     void readOnlyFile();
     void whatRanBeforeAFailureStaysDone();
-    void apostropheInAVariationIsAnError();
+    void apostropheInAKeyOrVariationIsAnError_data();
+    void apostropheInAKeyOrVariationIsAnError();
     void whatFollowsAFailureDoesNotRun_data();
     void whatFollowsAFailureDoesNotRun();
     void aLoadThatFailsLeavesTheSongBefore_data();
     void aLoadThatFailsLeavesTheSongBefore();
     void aLoadThatFailsKeepsWhatWasTyped();
+    void aCatalogueInUseLeavesTheSongBefore();
+    void anotherProgramWaitsForALoad_data();
+    void anotherProgramWaitsForALoad();
     void aCategoryThatIsNoneLeavesTheSongBefore_data();
     void aCategoryThatIsNoneLeavesTheSongBefore();
     void themesStayInTheListWhenTheStoreRefuses_data();
@@ -47,6 +51,14 @@ private:
         QCOMPARE(Acha<QPushButton>("cmdVisualizar")->isEnabled(), id != u"0");
         QCOMPARE(Pesquisas(), 1);
     }
+    /// From now on the store refuses statements that begin so.
+    static void Recusa(const QString& comando)
+    {
+        Funcoes::Conexao.SetStatementHook([comando](const QString& sql) {
+            if (sql.startsWith(comando))
+                throw RuntimeError(RuntimeError::StoreFailure, u"Recusado."_qs, u"refused"_qs);
+        });
+    }
     qint64 Luz() const
     {
         return Musica({.title = u"Luz"_qs, .reference = u"Ana"_qs, .text = u"C\r\nLuz"_qs});
@@ -57,6 +69,7 @@ namespace {
 
 const QString EmUso = u"O banco de dados está sendo usado por outro programa."_qs;
 const QString Desfeitas = u" As alterações desta operação foram desfeitas."_qs;
+const QString Recusado = u"Recusado.\n\nrefused"_qs;
 const QString Trancado = u"\n\ndatabase is locked (5)"_qs;
 
 } // namespace
@@ -246,7 +259,7 @@ void tst_cadastro_falhas::whatFollowsAFailureDoesNotRun()
     QCOMPARE(antesDaPesquisa.size(), comandos.size());
     for (int i = 0; i < comandos.size(); ++i)
         QVERIFY2(antesDaPesquisa[i].startsWith(comandos[i]), qPrintable(antesDaPesquisa[i]));
-    Confere_Caixa(u"Recusado.\n\nrefused"_qs, Icone::Critico);
+    Confere_Caixa(Recusado, Icone::Critico);
     QCOMPARE(Pesquisas(), 1);
     // What ran before it stays done, and the panel holds what it held.
     QCOMPARE(Identidade(), nova ? u"0"_qs : u"1"_qs);
@@ -267,8 +280,8 @@ void tst_cadastro_falhas::aLoadThatFailsLeavesTheSongBefore_data()
     QTest::newRow("all themes") << u"SELECT * FROM TEMA ORDER"_qs;
 }
 
-/// Another program takes the catalogue in the middle of a load; a save afterwards must not write
-/// one song over the other.
+/// The store fails in the middle of a load; a save afterwards must not write one song over the
+/// other.
 void tst_cadastro_falhas::aLoadThatFailsLeavesTheSongBefore()
 {
     QFETCH(QString, comando);
@@ -279,16 +292,11 @@ void tst_cadastro_falhas::aLoadThatFailsLeavesTheSongBefore()
     Edita(id);
     const QString tom = Acha<ComboBox>("cmbCadTom")->currentText();
     const int tons = Acha<ComboBox>("cmbCadTom")->ListCount();
-    PlainSqlite outro(m_catalogo->Path());
-    Funcoes::Conexao.SetStatementHook([&](const QString& sql) {
-        if (sql.startsWith(comando))
-            outro.Run("BEGIN EXCLUSIVE");
-    });
+    Recusa(comando);
     QVERIFY(!RunHandler([&] { m_form->Inicializa_Cadastro(static_cast<double>(outra)); }));
-    outro.Run("ROLLBACK");
     Funcoes::Conexao.SetStatementHook([this](const QString& sql) { m_comandos.append(sql); });
     m_form->frmPrincipal::Pesquisa();
-    Confere_Falha(EmUso + Trancado, QString::number(id));
+    Confere_Falha(Recusado, QString::number(id));
     QCOMPARE(Letra(1), u"D  A7\r\nSanto Deus"_qs);
     QCOMPARE(Acha<ComboBox>("cmbCadTom")->currentText(), tom);
     QCOMPARE(Acha<ComboBox>("cmbCadTom")->ListCount(), tons);
@@ -305,19 +313,64 @@ void tst_cadastro_falhas::aLoadThatFailsKeepsWhatWasTyped()
     const qint64 outra = Musica({.title = u"Sol"_qs});
     Carrega();
     Digita_Musica();
-    PlainSqlite outro(m_catalogo->Path());
-    Funcoes::Conexao.SetStatementHook([&](const QString& sql) {
-        if (sql.startsWith(u"SELECT * FROM TEMA_MUSICA"))
-            outro.Run("BEGIN EXCLUSIVE");
-    });
+    Recusa(u"SELECT * FROM TEMA_MUSICA"_qs);
     QVERIFY(!RunHandler([&] { m_form->Inicializa_Cadastro(static_cast<double>(outra)); }));
-    outro.Run("ROLLBACK");
     QCOMPARE(Identidade(), u"0"_qs);
     QCOMPARE(Texto("txtCadTitulo"), u"Luz"_qs);
     QCOMPARE(Letra(0), u"C\r\nLuz"_qs);
     QCOMPARE(Letra(1), QString());
     QCOMPARE(Temas_Marcados(), QStringList(u"Louvor"_qs));
     QVERIFY(!Acha<QPushButton>("cmdExcluir")->isEnabled());
+}
+
+void tst_cadastro_falhas::aCatalogueInUseLeavesTheSongBefore()
+{
+    const qint64 outra = Musica({.title = u"Sol"_qs});
+    const qint64 id = Luz();
+    Edita(id);
+    PlainSqlite outro(m_catalogo->Path());
+    outro.Run("BEGIN EXCLUSIVE");
+    QVERIFY(!RunHandler([&] { m_form->Inicializa_Cadastro(static_cast<double>(outra)); }));
+    outro.Run("ROLLBACK");
+    m_form->frmPrincipal::Pesquisa();
+    Confere_Falha(EmUso + Trancado, QString::number(id));
+}
+
+void tst_cadastro_falhas::anotherProgramWaitsForALoad_data()
+{
+    QTest::addColumn<QString>("comando"); // before which the other program wants to write
+    QTest::newRow("the keys") << u"SELECT ID, NOTA FROM TOM"_qs;
+    QTest::newRow("the variations") << u"SELECT ID, NOMENCLATURA"_qs;
+    QTest::newRow("the song's themes") << u"SELECT * FROM TEMA_MUSICA"_qs;
+    QTest::newRow("all themes") << u"SELECT * FROM TEMA ORDER"_qs;
+}
+
+/// A song is never shown with themes that another program has given it since it was read.
+void tst_cadastro_falhas::anotherProgramWaitsForALoad()
+{
+    QFETCH(QString, comando);
+    const qint64 id = Luz();
+    Carrega();
+    PlainSqlite outro(m_catalogo->Path());
+    const QByteArray muda = "BEGIN; UPDATE MUSICA SET TITULO = 'Sol'; UPDATE TEMA_MUSICA SET "
+                            "ID_TEMA = 2; UPDATE TEMA SET DESCRICAO = 'Noite' WHERE ID = 1; COMMIT";
+    int vezes = 0;
+    Funcoes::Conexao.SetStatementHook([&](const QString& sql) {
+        if (!sql.startsWith(comando))
+            return;
+        ++vezes;
+        outro.RunUnlessLocked(muda);
+    });
+    QVERIFY(RunHandler([&] { m_form->Inicializa_Cadastro(static_cast<double>(id)); }));
+    QCOMPARE(vezes, 1);
+    QCOMPARE(Texto("txtCadTitulo"), u"Luz"_qs);
+    QCOMPARE(Temas_Marcados(), QStringList(u"Louvor"_qs));
+    // It waits no longer than that.
+    Funcoes::Conexao.SetStatementHook({});
+    QVERIFY(outro.RunUnlessLocked(muda));
+    QVERIFY(RunHandler([&] { m_form->Inicializa_Cadastro(static_cast<double>(id)); }));
+    QCOMPARE(Texto("txtCadTitulo"), u"Sol"_qs);
+    QCOMPARE(Temas_Marcados(), QStringList(u"Natal"_qs));
 }
 
 void tst_cadastro_falhas::aCategoryThatIsNoneLeavesTheSongBefore_data()
@@ -342,15 +395,31 @@ void tst_cadastro_falhas::aCategoryThatIsNoneLeavesTheSongBefore()
     QCOMPARE(Acha<ComboBox>("cmbCadCategoria")->ListCount(), 2);
 }
 
-void tst_cadastro_falhas::apostropheInAVariationIsAnError()
+void tst_cadastro_falhas::apostropheInAKeyOrVariationIsAnError_data()
 {
-    m_catalogo->Run(u"INSERT INTO VARIACAO (ID, NOMENCLATURA) VALUES (9, 'd''x')"_qs);
+    QTest::addColumn<QString>("comando");
+    QTest::addColumn<QByteArray>("lista");
+    QTest::newRow("key") << u"UPDATE TOM SET NOTA = 'd''x' WHERE ID = 12"_qs
+                         << QByteArray("cmbCadTom");
+    QTest::newRow("variation") << u"INSERT INTO VARIACAO (ID, NOMENCLATURA) VALUES (9, 'd''x')"_qs
+                               << QByteArray("cmbCadVariacao");
+}
+
+/// These two texts are stored as they are chosen: nobody types them, and no quote is doubled.
+void tst_cadastro_falhas::apostropheInAKeyOrVariationIsAnError()
+{
+    QFETCH(QString, comando);
+    QFETCH(QByteArray, lista);
+    m_catalogo->Run(comando);
     Carrega();
     Digita_Musica();
-    auto* variacoes = Acha<ComboBox>("cmbCadVariacao");
-    variacoes->SetListIndex(variacoes->ListCount() - 1);
+    auto* escolhas = Acha<ComboBox>(lista.constData());
+    escolhas->SetListIndex(escolhas->ListCount() - 1);
+    QCOMPARE(escolhas->currentText(), u"d'x"_qs);
     m_comandos.clear();
     Clica("cmdCadSalvar");
+    QCOMPARE(Alteracoes().size(), 1);
+    QVERIFY(Alteracoes().first().contains(u"'d'x'"));
     QCOMPARE(m_caixas->boxes.size(), 1);
     Confere_Falha(m_caixas->boxes.first().text, u"0"_qs);
     QCOMPARE(m_catalogo->Field(u"SELECT count(*) FROM MUSICA"_qs), u"0"_qs);

@@ -2,7 +2,6 @@
 #include "support/PlainSqlite.h"
 #include "support/TestCatalogue.h"
 
-#include <QFile>
 #include <QTest>
 
 /// The program is killed while it stores, corrects or deletes a song, once at every statement and
@@ -25,13 +24,11 @@ namespace {
 
 constexpr int Temas = 96; // all but the song's own are linked by a save: so many statements
 
-/// @return all songs with their themes, or what is wrong with the file
-QString Estado(const QString& caminho)
+/// @return all songs with their themes
+QString Musicas_No_Arquivo(const QString& caminho)
 {
     PlainSqlite banco(caminho);
     const auto campo = [&banco](const QString& sql) { return banco.Rows(sql).first().first(); };
-    if (campo(u"PRAGMA integrity_check"_qs) != u"ok"_qs)
-        return u"damaged"_qs;
     if (campo(
             u"SELECT count(*) FROM MUSICA WHERE ID NOT IN (SELECT ID_MUSICA FROM TEMA_MUSICA)"_qs) !=
         u"0"_qs)
@@ -62,26 +59,11 @@ void tst_cadastro_interrompido::everyBoundaryLeavesTheOldOrTheNewState()
         temas += u"INSERT INTO TEMA (DESCRICAO, ORDEM) VALUES ('Tema %1', 2);"_qs.arg(i);
     modelo.Run(temas);
     modelo.Link(modelo.AddSong(u"Antes"_qs), Temas);
-    const QString antes = Estado(modelo.Path());
-
-    QStringList estados;
-    for (bool parou = true; parou;) {
-        const QTemporaryDir pasta;
-        const QString copia = pasta.filePath(u"Melodario.mdb"_qs);
-        QVERIFY(QFile::copy(modelo.Path(), copia));
-        parou = Interruption::StartAndKill(QStringLiteral(INTERROMPIDO),
-                                           {copia, acao, QString::number(estados.size())});
-        estados.append(Estado(copia));
-    }
-    const QString depois = estados.last(); // of the one that ran to its end
-    const qsizetype mortes = estados.size() - 1;
-    m_mortes += static_cast<int>(mortes);
-    QVERIFY2(mortes >= minimo, qPrintable(QString::number(mortes)));
-    QVERIFY(depois != antes);
-    const qsizetype primeira = estados.indexOf(depois);
-    QVERIFY(primeira > 0 && primeira < mortes); // also killed after the commit
-    for (qsizetype i = 0; i < mortes; ++i)
-        QCOMPARE(estados[i], i < primeira ? antes : depois);
+    const QString antes = Musicas_No_Arquivo(modelo.Path());
+    const QStringList estados = Interruption::StatesAfterKills(
+        QStringLiteral(INTERROMPIDO), modelo.Path(), acao, Musicas_No_Arquivo);
+    QCOMPARE(Interruption::WhatIsNotWhole(antes, estados, minimo), QString());
+    m_mortes += static_cast<int>(estados.size()) - 1;
 }
 
 void tst_cadastro_interrompido::cleanupTestCase()

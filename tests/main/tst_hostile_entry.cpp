@@ -16,6 +16,8 @@ private slots:
     void songGoneBeforeItsUpdate();
     void themeGoneBeforeTheSave();
     void themeGoneBeforeItsDeletion();
+    void themeGoneBeforeItsRenaming();
+    void themesAlikeButForLetterCase();
     void tenThousandLinesAreStored();
 };
 
@@ -78,23 +80,30 @@ void tst_hostile_entry::lineBreaksInATitleStay()
 void tst_hostile_entry::oddThemeNames_data()
 {
     QTest::addColumn<QString>("nome");
-    QTest::newRow("signs of statements") << u"50% 'x' \"y\" ; -- [z] £ {a} \\"_qs;
-    QTest::newRow("markup") << u"<b>Louvor</b>"_qs;
-    QTest::newRow("control characters") << u"a\u0001b"_qs;
-    QTest::newRow("10,000 characters") << u"x"_qs.repeated(10000);
-    QTest::newRow("places of arguments") << u"%1 %2"_qs;
+    QTest::addColumn<QString>("guardado");
+    const auto linha = [](const char* como, const QString& nome) {
+        QTest::newRow(como) << nome << nome;
+    };
+    linha("signs of statements", u"50% 'x' \"y\" ; -- [z] £ {a} \\"_qs);
+    linha("markup", u"<b>Louvor</b>"_qs);
+    linha("control characters", u"a\u0001b"_qs);
+    linha("100,000 characters", u"x"_qs.repeated(100000));
+    linha("places of arguments", u"%1 %2"_qs);
+    QTest::newRow("unpaired surrogates")
+        << QString(u"a"_qs).append(QChar(0xD83C)).append(u'b').append(QChar(0xDFB5)) << u"a?b?"_qs;
 }
 
 void tst_hostile_entry::oddThemeNames()
 {
     QFETCH(QString, nome);
+    QFETCH(QString, guardado);
     Carrega();
     m_caixas->typed = {nome, nome};
     Clica("cmdCadTema");
     QVERIFY(m_caixas->boxes.last().text.startsWith(
         QString(u"Tema '"_qs + nome + u"' Cadastrado com Sucesso!\r\n"_qs)));
-    QCOMPARE(m_catalogo->Field(u"SELECT DESCRICAO FROM TEMA WHERE ID = 4"_qs), nome);
-    QVERIFY(Nomes_Temas().contains(nome));
+    QCOMPARE(m_catalogo->Field(u"SELECT DESCRICAO FROM TEMA WHERE ID = 4"_qs), guardado);
+    QVERIFY(Nomes_Temas().contains(guardado));
     Clica("cmdCadTema");
     QCOMPARE(m_caixas->boxes.last().text, u"Já existe um Tema com essa descrição."_qs);
 }
@@ -151,6 +160,42 @@ void tst_hostile_entry::themeGoneBeforeItsDeletion()
     QTest::keyClick(Temas(), Qt::Key_Delete);
     Confere_Caixa(u"Deseja realmente excluir este Tema?"_qs, Icone::Pergunta);
     QCOMPARE(Nomes_Temas(), QStringList({u"Louvor"_qs, u"Sem Tema"_qs}));
+}
+
+void tst_hostile_entry::themeGoneBeforeItsRenaming()
+{
+    Carrega();
+    Clica_Tema(1);
+    m_catalogo->Run(u"DELETE FROM TEMA WHERE ID = 2"_qs);
+    m_caixas->typed = {u"Advento"_qs};
+    Clica_Tema(1, Qt::RightButton);
+    QVERIFY(m_caixas->boxes.last().text.startsWith(u"Tema Alterado com Sucesso!"));
+    // The list tells what there is.
+    QCOMPARE(Nomes_Temas(), QStringList({u"Louvor"_qs, u"Sem Tema"_qs}));
+    QCOMPARE(m_catalogo->Field(u"SELECT count(*) FROM TEMA"_qs), u"2"_qs);
+}
+
+/// Another tool may have made them; here nobody could.
+void tst_hostile_entry::themesAlikeButForLetterCase()
+{
+    m_catalogo->AddTheme(u"LOUVOR"_qs);
+    Carrega();
+    QCOMPARE(Nomes_Temas(), QStringList({u"Louvor"_qs, u"LOUVOR"_qs, u"Natal"_qs, u"Sem Tema"_qs}));
+    Digita_Musica();
+    Clica_Tema(0);
+    Clica_Tema(1);
+    Clica("cmdCadSalvar");
+    QCOMPARE(m_catalogo->Field(u"SELECT group_concat(ID_TEMA) FROM TEMA_MUSICA"_qs), u"4"_qs);
+    m_form->Inicializa_Cadastro(1);
+    QCOMPARE(Temas_Marcados(), QStringList(u"LOUVOR"_qs));
+    // The other one is nobody's, so it alone can be deleted.
+    m_caixas->boxes.clear();
+    Temas()->setFocus();
+    QTest::keyClick(Temas(), Qt::Key_Home);
+    QTest::keyClick(Temas(), Qt::Key_Delete);
+    Confere_Caixa(u"Deseja realmente excluir este Tema?"_qs, Icone::Pergunta);
+    QCOMPARE(m_catalogo->Field(u"SELECT group_concat(ID) FROM TEMA"_qs), u"2,3,4"_qs);
+    QCOMPARE(Temas_Marcados(), QStringList(u"LOUVOR"_qs));
 }
 
 void tst_hostile_entry::tenThousandLinesAreStored()

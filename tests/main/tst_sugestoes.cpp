@@ -64,6 +64,7 @@ private slots:
     void clickIntoTheTitlesHidesThem();
     void doubleClickOnATitleOpensItsSong();
     void doubleClickOnThePlaceholderOpensNoSong();
+    void doubleClickOnASongThatIsGoneOpensNoSong();
     void doubleClickThroughTheWindowOpensItsSong();
     void twoSlowClicksReachWhatLiesBeneath();
     void aSecondClickElsewhereReachesWhatIsThere();
@@ -254,6 +255,19 @@ void tst_sugestoes::doubleClickOnThePlaceholderOpensNoSong()
     QCOMPARE(Visualizadores().size(), 1);
     QVERIFY(!Abertas().contains(u"Zz"_qs));
     QVERIFY(m_caixas->boxes.isEmpty());
+}
+
+void tst_sugestoes::doubleClickOnASongThatIsGoneOpensNoSong()
+{
+    Com_Referencia(u"Amor"_qs, u"Ana"_qs);
+    Cadastro();
+    Escreve_Titulo(u"Am"_qs);
+    m_catalogo->Run(u"DELETE FROM MUSICA"_qs);
+    Clica_Duas_Vezes(*m_musicas, 0);
+    QCOMPARE(Abertas(), QStringList(QString()));
+    QVERIFY(m_caixas->boxes.isEmpty());
+    Escreve_Titulo(u"o"_qs);
+    QCOMPARE(Itens(*m_musicas), QStringList(u"Não há dados a serem mostrados."_qs));
 }
 
 void tst_sugestoes::doubleClickThroughTheWindowOpensItsSong()

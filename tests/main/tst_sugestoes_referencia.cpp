@@ -11,6 +11,7 @@ private slots:
     void typedReferenceListsEachReferenceOnce();
     void downArrowWithoutACurrentItemSelectsNothing();
     void downArrowWithACurrentItemBeginsAtTheTop();
+    void downArrowOnASingleMatchKeepsItSelected();
     void downArrowWhileTheListIsHiddenDoesNothing();
     void otherKeysStayInTheBox();
     void enterTakesTheReference_data();
@@ -75,6 +76,25 @@ void tst_sugestoes_referencia::downArrowWithACurrentItemBeginsAtTheTop()
     QCOMPARE(m_referencias->ListIndex(), 0);
     QVERIFY(m_referencias->Selected(0));
     QVERIFY(!m_referencias->Selected(1));
+}
+
+void tst_sugestoes_referencia::downArrowOnASingleMatchKeepsItSelected()
+{
+    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
+    Com_Referencia(u"Dois"_qs, u"Cantor"_qs);
+    Cadastro();
+    Escreve_Referencia(u"H"_qs);
+    QVERIFY(m_referencias->Selected(0)); // the filler selects the only row
+    Tecla(Qt::Key_Down);
+    QVERIFY(m_referencias->hasFocus());
+    QVERIFY(m_referencias->isVisible());
+    QCOMPARE(m_referencias->ListIndex(), 0);
+    QVERIFY(m_referencias->Selected(0));
+    // So one more key takes it.
+    Tecla(Qt::Key_Return);
+    QCOMPARE(m_referencia->text(), u"Harpa"_qs);
+    QVERIFY(Acha<RichTextBox>("txtCadLetra_0")->hasFocus());
+    QVERIFY(m_referencias->isHidden());
 }
 
 void tst_sugestoes_referencia::downArrowWhileTheListIsHiddenDoesNothing()

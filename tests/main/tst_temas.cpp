@@ -29,6 +29,9 @@ private slots:
     void renamingToAnotherThemeIsRefused_data();
     void renamingToAnotherThemeIsRefused();
     void renamingTakesTheChecksAway();
+    void placeholderRenamedChangesNothing();
+    void placeholderDeletedGoesFromTheList();
+    void placeholderInUseStays();
     void deletingTheLastThemeEmptiesTheList();
     void doubledLinksAreCounted();
     void deletingAsksAndRemoves();
@@ -478,6 +481,55 @@ void tst_temas::renamingToAnotherThemeIsRefused()
     Confere_Caixa(u"Já existe um Tema com essa descrição."_qs, Icone::Exclamacao);
     QCOMPARE(Todos(), u"Louvor|Natal|Sem Tema"_qs);
     QCOMPARE(Alteracoes(), QStringList());
+}
+
+void tst_temas::placeholderRenamedChangesNothing()
+{
+    m_catalogo->Run(u"DELETE FROM TEMA"_qs);
+    Carrega();
+    Vai_Ao_Tema(0);
+    m_caixas->typed = {u"Paz"_qs};
+    Clica_Tema(0, Qt::RightButton);
+    QCOMPARE(m_caixas->boxes[0].initial, u"Não há dados a serem mostrados."_qs);
+    QCOMPARE(Alteracoes(), QStringList(u"UPDATE TEMA SET DESCRICAO = 'Paz' WHERE ID = 00"_qs));
+    m_caixas->boxes.removeFirst();
+    Confere_Caixa(u"Tema Alterado com Sucesso!\r\nPara excluir um tema, selecione na lista e "
+                  "pressione Delete."_qs,
+                  Icone::Informacao);
+    QCOMPARE(Nomes_Temas(), QStringList(u"Não há dados a serem mostrados."_qs));
+    QCOMPARE(m_catalogo->Field(u"SELECT count(*) FROM TEMA"_qs), u"0"_qs);
+}
+
+void tst_temas::placeholderDeletedGoesFromTheList()
+{
+    m_catalogo->Run(u"DELETE FROM TEMA"_qs);
+    Carrega();
+    Vai_Ao_Tema(0);
+    m_comandos.clear();
+    QTest::keyClick(Temas(), Qt::Key_Delete);
+    Confere_Caixa(u"Deseja realmente excluir este Tema?"_qs, Icone::Pergunta);
+    QCOMPARE(m_comandos, QStringList({u"SELECT * FROM TEMA_MUSICA WHERE ID_TEMA = 00"_qs,
+                                      u"DELETE FROM TEMA WHERE ID = 00"_qs}));
+    QCOMPARE(Nomes_Temas(), QStringList());
+    // The list can still be used.
+    QTest::keyClick(Temas(), Qt::Key_Delete);
+    Clica("cmdCadSalvar");
+    m_caixas->boxes.clear();
+    m_caixas->typed = {u"Paz"_qs};
+    Clica("cmdCadTema");
+    QCOMPARE(Temas_Marcados(), QStringList(u"Paz"_qs));
+}
+
+void tst_temas::placeholderInUseStays()
+{
+    m_catalogo->Run(u"DELETE FROM TEMA"_qs);
+    m_catalogo->Link(m_catalogo->AddSong(TestSong()), 0);
+    Carrega();
+    Vai_Ao_Tema(0);
+    QTest::keyClick(Temas(), Qt::Key_Delete);
+    Confere_Caixa(u"Não é possível excluir porque existe(m) 1 música(s) cadastradas neste tema."_qs,
+                  Icone::Exclamacao);
+    QCOMPARE(Nomes_Temas().size(), 1);
 }
 
 void tst_temas::deletingTheLastThemeEmptiesTheList()

@@ -31,6 +31,7 @@ namespace {
 
 constexpr int ManySongs = 20000;
 constexpr int PaintMs = 400; // a window manager maps, paints and raises within this
+constexpr int PollMs = 20;
 constexpr int CountdownMs = 2100;
 constexpr int SearchMs = 1200; // the clock of the search and the search itself
 
@@ -157,20 +158,48 @@ void ShowKeyboard(Pictures& pictures, const QWidget& form)
     click(QStringLiteral("imgFecharTeclado"));
 }
 
+/// Waits for a box, however long the store or a search takes before it opens.
+void WhenBoxIsOpen(QObject& context, const std::function<void(QDialog&)>& act)
+{
+    QTimer::singleShot(PollMs, &context, [&context, act] {
+        if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+            act(*box);
+        else
+            WhenBoxIsOpen(context, act);
+    });
+}
+
+void SaveAndClose(Pictures& pictures, const QString& name, QDialog& box)
+{
+    pictures.Save(name);
+    QTest::keyClick(&box, Qt::Key_Escape);
+}
+
 /// Does something that opens a box, and takes the box's picture before closing it.
 void SaveBox(Pictures& pictures, const QString& name, const std::function<void()>& open)
 {
-    QTimer::singleShot(0, &pictures, [&pictures, name] {
-        pictures.Save(name);
-        if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
-            QTest::keyClick(box, Qt::Key_Escape);
-    });
+    WhenBoxIsOpen(pictures, [&pictures, name](QDialog& box) { SaveAndClose(pictures, name, box); });
     open();
 }
 
 void SaveFailedSave(Pictures& pictures, QWidget& form, const QString& name)
 {
     SaveBox(pictures, name, [&form] { Click(form, QStringLiteral("cmdCadSalvar")); });
+}
+
+/// Does something that opens an input box, types into it, and takes the picture of the message box
+/// that answers.
+void SaveAnswer(Pictures& pictures, const QString& name, const QString& typed,
+                const std::function<void()>& open)
+{
+    WhenBoxIsOpen(pictures, [&pictures, name, typed](QDialog& input) {
+        auto* edit = input.findChild<QLineEdit*>();
+        edit->setText(typed); // key clicks know ASCII alone
+        QTest::keyClick(edit, Qt::Key_Return);
+        WhenBoxIsOpen(pictures,
+                      [&pictures, name](QDialog& box) { SaveAndClose(pictures, name, box); });
+    });
+    open();
 }
 
 /// A song corrected where it is shown, in the middle of a list, with both boxes that it asks with.
@@ -204,8 +233,46 @@ void ShowEditing(Pictures& pictures)
     QTest::qWait(PaintMs);
 }
 
+/// Both ways to a theme's name and what they answer with.
+void ShowThemes(Pictures& pictures, Principal& form)
+{
+    auto* themes = form.findChild<QAbstractItemView*>(QStringLiteral("lstCadTema"));
+    const auto add = [&form] { Click(form, QStringLiteral("cmdCadTema")); };
+    const auto rename = [themes] {
+        QTest::mouseClick(themes->viewport(), Qt::RightButton, {},
+                          themes->visualRect(themes->model()->index(0, 0)).center());
+    };
+    SaveBox(pictures, QStringLiteral("cadastro-novo-tema"), add);
+    SaveBox(pictures, QStringLiteral("cadastro-tema-em-uso"),
+            [themes] { QTest::keyClick(themes, Qt::Key_Delete); });
+    SaveBox(pictures, QStringLiteral("cadastro-renomeia-tema"), rename);
+    const QString known = themes->model()->index(1, 0).data().toString().toUpper();
+    SaveAnswer(pictures, QStringLiteral("cadastro-tema-repetido"), known, add);
+    SaveAnswer(pictures, QStringLiteral("cadastro-tema-alterado"), QStringLiteral("Abertura"),
+               rename);
+    SaveAnswer(pictures, QStringLiteral("cadastro-tema-cadastrado"), QStringLiteral("Advento"),
+               add);
+    pictures.Save(QStringLiteral("cadastro-temas"));
+    themes->setFocus();
+    QTest::keyClick(themes, Qt::Key_Home);
+    QTest::keyClick(themes, Qt::Key_Down); // the new one, which no song has
+    SaveBox(pictures, QStringLiteral("cadastro-exclui-tema"),
+            [themes] { QTest::keyClick(themes, Qt::Key_Delete); });
+}
+
+/// The keyboard stays where it is when panels change, so it may meet a list of suggestions.
+void ShowKeyboardOverSuggestions(Pictures& pictures, Principal& form)
+{
+    form.mnuPesquisa_Click();
+    Click(form, QStringLiteral("imgTeclado_0"));
+    form.mnuCadastro_Click();
+    Click(form, QStringLiteral("lblTecla_65"));
+    pictures.Save(QStringLiteral("cadastro-teclado-sugestoes"));
+    Click(form, QStringLiteral("imgFecharTeclado"));
+}
+
 /// The entry panel: for a new song with each box that a save answers, and with a stored song.
-void ShowEntry(Pictures& pictures, Principal& form)
+void ShowEntry(Pictures& pictures, Principal& form, const QString& catalogue)
 {
     const auto box = [&form](const char* name) {
         auto* found = form.findChild<QWidget*>(QString::fromLatin1(name));
@@ -228,26 +295,25 @@ void ShowEntry(Pictures& pictures, Principal& form)
     QTest::keyClick(box("txtCadLetra_0"), Qt::Key_Return);
     QTest::keyClicks(box("txtCadLetra_0"), QStringLiteral("Como pode"));
     SaveFailedSave(pictures, form, QStringLiteral("cadastro-sem-tema"));
-    SaveBox(pictures, QStringLiteral("cadastro-novo-tema"),
-            [&form] { Click(form, QStringLiteral("cmdCadTema")); });
     checkTheme(0);
+    {
+        PlainSqlite other(catalogue);
+        other.Run("BEGIN EXCLUSIVE");
+        SaveFailedSave(pictures, form, QStringLiteral("cadastro-falha"));
+        other.Run("ROLLBACK");
+    }
     SaveFailedSave(pictures, form, QStringLiteral("cadastro-guardada"));
     SaveFailedSave(pictures, form, QStringLiteral("cadastro-atualizada"));
     SaveBox(pictures, QStringLiteral("cadastro-limpar"),
             [&form] { Click(form, QStringLiteral("cmdCadLimpar")); });
-    auto* themes = form.findChild<QAbstractItemView*>(QStringLiteral("lstCadTema"));
-    SaveBox(pictures, QStringLiteral("cadastro-tema-em-uso"),
-            [themes] { QTest::keyClick(themes, Qt::Key_Delete); });
-    SaveBox(pictures, QStringLiteral("cadastro-renomeia-tema"), [themes] {
-        QTest::mouseClick(themes->viewport(), Qt::RightButton, {},
-                          themes->visualRect(themes->model()->index(0, 0)).center());
-    });
+    ShowThemes(pictures, form);
     form.Inicializa_Cadastro(2);
     pictures.Save(QStringLiteral("cadastro-carregada"));
     Click(form, QStringLiteral("lblMostraMusica_1"));
     pictures.Save(QStringLiteral("cadastro-versao-2"));
     SaveBox(pictures, QStringLiteral("cadastro-excluir"),
             [&form] { Click(form, QStringLiteral("cmdExcluir")); });
+    ShowKeyboardOverSuggestions(pictures, form);
 }
 
 /// The viewer on the first, a middle and the last song of a setlist, and with its list open.
@@ -361,7 +427,7 @@ void ShowDelivered(Pictures& pictures, const QString& catalogue)
     ShowKeyboard(pictures, form);
     ShowViewers(pictures, {1, 2, 3});
     ShowEditing(pictures);
-    ShowEntry(pictures, form);
+    ShowEntry(pictures, form, catalogue);
     ShowSetlist(pictures, catalogue);
     ShowSetlists(pictures, form);
     ShowLongHeader(pictures, catalogue);

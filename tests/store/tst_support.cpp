@@ -1,8 +1,9 @@
+#include "support/Interruption.h"
 #include "support/TestCatalogue.h"
 
 #include <QTest>
 
-/// The catalogue that all other tests stand on.
+/// The catalogue that all other tests stand on, and the judgement of those that kill a program.
 class tst_support : public QObject
 {
     Q_OBJECT
@@ -11,6 +12,8 @@ private slots:
     void holdsTheDeliveredRows();
     void tellsNullFromEmpty();
     void numbersTheSongsOfASetlist();
+    void judgesAKilledAction_data();
+    void judgesAKilledAction();
 };
 
 void tst_support::holdsTheDeliveredRows()
@@ -55,6 +58,31 @@ void tst_support::numbersTheSongsOfASetlist()
     QCOMPARE(catalogue.Field(u"SELECT DATA FROM LISTA WHERE ID = 1"_qs), u"2009-03-05"_qs);
     QVERIFY(catalogue.Field(u"SELECT DATA FROM LISTA WHERE ID = 2"_qs).isNull());
     QCOMPARE(catalogue.Field(u"SELECT count(*) FROM TEMA_MUSICA"_qs), u"1"_qs);
+}
+
+void tst_support::judgesAKilledAction_data()
+{
+    QTest::addColumn<QStringList>("states");
+    QTest::addColumn<QString>("wrong");
+    const QString a = u"a"_qs;
+    const QString b = u"b"_qs;
+    QTest::newRow("old, then new") << QStringList{a, a, b, b} << QString();
+    QTest::newRow("too few") << QStringList{a, b, b} << u"only 2 boundaries"_qs;
+    QTest::newRow("nothing done") << QStringList{a, a, a, a} << u"the action changes nothing"_qs;
+    const QString side = u"not killed on both sides of the commit"_qs;
+    QTest::newRow("never before the commit") << QStringList{b, b, b, b} << side;
+    QTest::newRow("never after the commit") << QStringList{a, a, a, b} << side;
+    QTest::newRow("half of it") << QStringList{a, u"ab"_qs, b, b} << u"killed at boundary 1: ab"_qs;
+    QTest::newRow("undone again") << QStringList{a, b, a, b} << u"killed at boundary 2: a"_qs;
+    QTest::newRow("a damaged file")
+        << QStringList{a, b, u"damaged"_qs, b} << u"killed at boundary 2: damaged"_qs;
+}
+
+void tst_support::judgesAKilledAction()
+{
+    QFETCH(QStringList, states);
+    QFETCH(QString, wrong);
+    QCOMPARE(Interruption::WhatIsNotWhole(u"a"_qs, states, 3), wrong);
 }
 
 QTEST_GUILESS_MAIN(tst_support)

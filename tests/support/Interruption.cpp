@@ -1,6 +1,10 @@
 #include "support/Interruption.h"
 
+#include "support/PlainSqlite.h"
+
+#include <QFile>
 #include <QProcess>
+#include <QTemporaryDir>
 #include <QThread>
 
 #include <cstdio>
@@ -43,4 +47,40 @@ bool Interruption::StartAndKill(const QString& program, const QStringList& argum
     if (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0)
         qFatal("%s failed", qPrintable(program));
     return false;
+}
+
+QStringList Interruption::StatesAfterKills(const QString& program, const QString& catalogue,
+                                           const QString& action,
+                                           const std::function<QString(const QString&)>& state)
+{
+    QStringList states;
+    for (bool stood = true; stood;) {
+        const QTemporaryDir folder;
+        const QString copy = folder.filePath(QStringLiteral("Melodario.mdb"));
+        if (!QFile::copy(catalogue, copy))
+            qFatal("no copy of %s", qPrintable(catalogue));
+        stood = StartAndKill(program, {copy, action, QString::number(states.size())});
+        const QString whole =
+            PlainSqlite(copy).Rows(QStringLiteral("PRAGMA integrity_check")).first().first();
+        states.append(whole == u"ok" ? state(copy) : QStringLiteral("damaged"));
+    }
+    return states;
+}
+
+QString Interruption::WhatIsNotWhole(const QString& before, const QStringList& states, int atLeast)
+{
+    const QString after = states.last();
+    const qsizetype kills = states.size() - 1;
+    const qsizetype first = states.indexOf(after);
+    if (kills < atLeast)
+        return QStringLiteral("only %1 boundaries").arg(kills);
+    if (after == before)
+        return QStringLiteral("the action changes nothing");
+    if (first == 0 || first == kills)
+        return QStringLiteral("not killed on both sides of the commit");
+    for (qsizetype i = 0; i < kills; ++i) {
+        if (states[i] != (i < first ? before : after))
+            return QStringLiteral("killed at boundary %1: %2").arg(i).arg(states[i]);
+    }
+    return {};
 }

@@ -57,6 +57,18 @@ void PlainSqlite::Run(const QByteArray& sql)
     Check(sqlite3_exec(m_handle, sql.constData(), nullptr, nullptr, nullptr), sql);
 }
 
+bool PlainSqlite::RunUnlessLocked(const QByteArray& sql)
+{
+    sqlite3_busy_timeout(m_handle, 0);
+    const int result = sqlite3_exec(m_handle, sql.constData(), nullptr, nullptr, nullptr);
+    sqlite3_busy_timeout(m_handle, LockPatience);
+    if (result != SQLITE_BUSY)
+        Check(result, sql);
+    else if (sqlite3_get_autocommit(m_handle) == 0)
+        Run("ROLLBACK");
+    return result == SQLITE_OK;
+}
+
 QList<QStringList> PlainSqlite::Rows(const QString& sql, const QVariantList& values)
 {
     const QByteArray bytes = sql.toUtf8();

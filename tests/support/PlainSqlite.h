@@ -21,6 +21,11 @@ public:
     /// Runs any number of statements.
     void Run(const QByteArray& sql);
 
+    /// Runs any number of statements without waiting for anybody; a transaction that they leave
+    /// open when they fail is undone.
+    /// @return false when the file was locked
+    bool RunUnlessLocked(const QByteArray& sql);
+
     /// Runs one statement. @param values  null, whole number or text each
     /// @return its rows; NULL is a null QString
     QList<QStringList> Rows(const QString& sql, const QVariantList& values = {});

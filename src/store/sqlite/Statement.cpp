@@ -52,7 +52,7 @@ int Statement::BindOne(int position, const Value& value)
 
 bool Statement::Step()
 {
-    const bool inBatch = sqlite3_get_autocommit(m_database) == 0;
+    const bool inBatch = sqlite3_txn_state(m_database, nullptr) == SQLITE_TXN_WRITE;
     const int result = sqlite3_step(m_statement.get());
     if (result == SQLITE_ROW)
         return true;

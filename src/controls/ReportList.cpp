@@ -1,0 +1,118 @@
+#include "controls/ReportList.h"
+
+#include "controls/LongTexts.h"
+
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QTextDocument>
+#include <QToolTip>
+
+namespace {
+
+/// Every row is as high as a line of text with some air; a height asked of the rows' texts would
+/// read what belongs to rows that nobody sees.
+class ReportRows final : public LongTexts::Delegate
+{
+public:
+    using LongTexts::Delegate::Delegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& /*index*/) const override
+    {
+        constexpr int Air = 11;
+        return {option.fontMetrics.averageCharWidth() * 20, option.fontMetrics.height() + Air};
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        LongTexts::Delegate::initStyleOption(option, index);
+        option->state &= ~QStyle::State_HasFocus; // it is the row that has it, see drawRow
+    }
+};
+
+/// @return text such that a tool tip shows it as it is, also where it looks like markup.
+QString Literal(const QString& text)
+{
+    if (!Qt::mightBeRichText(text))
+        return text;
+    return u"<p style='white-space:pre-wrap'>" % text.toHtmlEscaped() % u"</p>";
+}
+
+} // namespace
+
+ReportList::ReportList(QWidget* parent)
+    : QTreeView(parent)
+{
+    setItemDelegate(new ReportRows(this));
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setExpandsOnDoubleClick(false);
+    setUniformRowHeights(true);
+    setAlternatingRowColors(true);
+    setSelectionBehavior(SelectRows);
+    setEditTriggers(NoEditTriggers);
+    setTextElideMode(Qt::ElideRight);
+    header()->setSectionsMovable(false);
+    header()->setHighlightSections(false);
+    header()->setSectionsClickable(true);
+    connect(header(), &QHeaderView::sectionClicked, this, &ReportList::ColumnClick);
+}
+
+void ReportList::SortBy(int column)
+{
+    m_direction = m_direction == Qt::AscendingOrder ? Qt::DescendingOrder : Qt::AscendingOrder;
+    model()->sort(column, m_direction);
+    header()->setSortIndicator(column, m_direction);
+    header()->setSortIndicatorShown(true);
+}
+
+void ReportList::ForgetSorting()
+{
+    header()->setSortIndicatorShown(false);
+}
+
+void ReportList::MakeCurrent(const QModelIndex& index)
+{
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
+                                                 QItemSelectionModel::Rows);
+}
+
+void ReportList::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    const QModelIndex below = indexAt(event->position().toPoint());
+    if (event->button() != Qt::LeftButton || !below.isValid())
+        return;
+    // The first press may have met the row next to it.
+    if (below.row() != currentIndex().row())
+        MakeCurrent(below);
+    emit DblClick();
+}
+
+bool ReportList::viewportEvent(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QTreeView::viewportEvent(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const QModelIndex index = indexAt(help->pos());
+    const QString text = LongTexts::Beginning(index.data(Qt::ToolTipRole).toString());
+    if (text.isEmpty())
+        QToolTip::hideText();
+    else
+        QToolTip::showText(help->globalPos(), Literal(text), viewport(), visualRect(index));
+    return true;
+}
+
+void ReportList::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const
+{
+    QTreeView::drawRow(painter, option, index);
+    if (!hasFocus() || index.row() != currentIndex().row())
+        return;
+    painter->save();
+    painter->setPen(palette().color(QPalette::Highlight));
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
+    painter->restore();
+}
