@@ -2,8 +2,8 @@
 // Works on copies in a folder of its own. Real forms, driven by real events; where the platform is
 // a virtual screen, what is saved is what that screen shows.
 
+#include "app/Main.h"
 #include "app/frmSplash.h"
-#include "controls/Appearance.h"
 #include "main/frmPrincipal.h"
 #include "store/Connection.h"
 #include "support/GeneratedSongs.h"
@@ -17,7 +17,6 @@
 #include <QDialog>
 #include <QDir>
 #include <QLineEdit>
-#include <QLocale>
 #include <QPixmap>
 #include <QScreen>
 #include <QTest>
@@ -409,8 +408,7 @@ int main(int argc, char* argv[])
         return 2;
     }
     QApplication::setQuitOnLastWindowClosed(false);
-    QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
-    Appearance::Apply(application);
+    Funcoes::Prepara(application);
 
     const QTemporaryDir folder;
     const QString copy = folder.filePath(QStringLiteral("Melodario.mdb"));
