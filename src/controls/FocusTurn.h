@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QApplication>
 #include <QFocusEvent>
 #include <QWidget>
 
@@ -10,6 +11,26 @@
 class FocusTurn
 {
 public:
+    FocusTurn() = default;
+    Q_DISABLE_COPY_MOVE(FocusTurn)
+
+    /// A control that is being destroyed while it has the focus still tells everybody that the
+    /// focus goes. Its own part is gone by then, and with it this turn: it must not listen any
+    /// more.
+    ~FocusTurn() { QObject::disconnect(m_following); }
+
+    /// Calls lost() when the focus goes on to another control of the form without an event.
+    /// @param control  whose turn this is, and which owns it
+    template <typename Lost>
+    void Follow(QWidget& control, Lost lost)
+    {
+        m_following = QObject::connect(qApp, &QApplication::focusChanged, &control,
+                                       [this, &control, lost](QWidget*, const QWidget* now) {
+                                           if (GoneTo(control, now))
+                                               lost();
+                                       });
+    }
+
     /// @return whether the control gets the focus with this event
     bool In() { return !std::exchange(m_has, true); }
 
@@ -22,6 +43,7 @@ public:
         return std::exchange(m_has, false);
     }
 
+private:
     /// The focus went on while another window had the keyboard, for which there is no event.
     /// @param now  what has the focus. @return whether the control has lost it to that
     bool GoneTo(const QWidget& control, const QWidget* now)
@@ -32,6 +54,6 @@ public:
         return true;
     }
 
-private:
+    QMetaObject::Connection m_following;
     bool m_has = false;
 };

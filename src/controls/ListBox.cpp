@@ -3,7 +3,6 @@
 #include "controls/ItemModel.h"
 #include "controls/LongTexts.h"
 
-#include <QApplication>
 #include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -25,10 +24,7 @@ ListBox::ListBox(QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(ScrollPerPixel);
     setMode(SingleChoice);
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, const QWidget* now) {
-        if (m_turn.GoneTo(*this, now))
-            emit LostFocus();
-    });
+    m_turn.Follow(*this, [this] { emit LostFocus(); });
 }
 
 void ListBox::setMode(Mode mode)

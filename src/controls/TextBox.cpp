@@ -2,7 +2,6 @@
 
 #include "controls/OneLinePaste.h"
 
-#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -11,10 +10,7 @@ TextBox::TextBox(QWidget* parent)
 {
     new OneLinePaste(*this);
     connect(this, &QLineEdit::textChanged, this, [this] { emit Change(); });
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, const QWidget* now) {
-        if (m_turn.GoneTo(*this, now))
-            emit LostFocus();
-    });
+    m_turn.Follow(*this, [this] { emit LostFocus(); });
 }
 
 void TextBox::keyPressEvent(QKeyEvent* event)

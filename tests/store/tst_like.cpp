@@ -18,11 +18,11 @@ bool PlainMatches(const Fold::Letter* text, const Fold::Letter* textEnd,
     if (pattern == patternEnd)
         return text == textEnd;
     if (*pattern == Fold::Letter{U'%', 0}) {
-        for (const Fold::Letter* rest = text; rest <= textEnd; ++rest) {
+        for (const Fold::Letter* rest = text; rest != textEnd; ++rest) {
             if (PlainMatches(rest, textEnd, pattern + 1, patternEnd))
                 return true;
         }
-        return false;
+        return PlainMatches(textEnd, textEnd, pattern + 1, patternEnd);
     }
     if (text == textEnd)
         return false;
