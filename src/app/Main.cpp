@@ -20,6 +20,8 @@ void Funcoes::Prepara(QApplication& programa)
     QApplication::setApplicationName(QStringLiteral("Melodario"));
     QApplication::setOrganizationName(QStringLiteral("Melodario"));
     QApplication::setApplicationVersion(Version::ToText());
+    // The name of the menu entry, by which a desktop finds the icon of a window.
+    QApplication::setDesktopFileName(QStringLiteral("melodario"));
     QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
     // The buttons of boxes come from the toolkit.
     auto* traducao = new QTranslator(&programa);

@@ -187,6 +187,14 @@ def mark(size):
                  moved(1.9, 1.6, 0.86, eighth(PAPER, 2.8)))
 
 
+def song_file():
+    """A page with a folded corner that carries the mark: a file of songs, for file managers."""
+    page = "M10 2.5H39L54 17.5V58.5A3 3 0 0 1 51 61.5H13A3 3 0 0 1 10 58.5Z"
+    return [f'<path d="{page}" fill="{PAPER}"/>', line(page, "#8b95a1", 2),
+            f'<path d="M39 2.5V17.5H54Z" fill="#dbe3ec"/>', line("M39 2.5V17.5H54", "#8b95a1", 2),
+            moved(16.5, 24, 1.3, mark(24))]
+
+
 def splash():
     width, height = 480, 200
     parts = [f'<defs><linearGradient id="sky" gradientUnits="userSpaceOnUse" x1="0" y1="0" x2="0" '
@@ -207,6 +215,7 @@ def splash():
 def identity():
     write("melodario", 64, 64, mark(64))
     write("logo", 128, 128, mark(128))
+    write("../../packaging/mime/arquivo", 64, 64, *song_file())
     splash()
 
 

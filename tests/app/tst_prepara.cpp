@@ -2,6 +2,7 @@
 #include "controls/Dialogs.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QInputDialog>
 #include <QLocale>
 #include <QMessageBox>
@@ -67,6 +68,7 @@ private slots:
     }
 
     void theProgramHasItsName();
+    void desktopsFindTheIconByTheMenuEntry();
     void boxesAnswerInPortugueseWithoutIcons();
     void theCommandLineIsOnePath_data();
     void theCommandLineIsOnePath();
@@ -77,6 +79,12 @@ void tst_Prepara::theProgramHasItsName()
     QCOMPARE(QApplication::applicationName(), u"Melodario"_qs);
     QCOMPARE(QLocale().name(), u"pt_BR"_qs);
     QVERIFY(!QApplication::windowIcon().isNull());
+}
+
+void tst_Prepara::desktopsFindTheIconByTheMenuEntry()
+{
+    const QString entry = u"/packaging/desktop/%1.desktop"_qs.arg(QApplication::desktopFileName());
+    QVERIFY2(QFile::exists(QStringLiteral(MELODARIO_SOURCE_DIR) + entry), qPrintable(entry));
 }
 
 void tst_Prepara::boxesAnswerInPortugueseWithoutIcons()
