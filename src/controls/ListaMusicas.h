@@ -77,9 +77,6 @@ protected:
     void contextMenuEvent(QContextMenuEvent* evento) override;
     void resizeEvent(QResizeEvent* evento) override;
     void updateGeometries() override;
-    bool viewportEvent(QEvent* evento) override;
-    void drawRow(QPainter* pintor, const QStyleOptionViewItem& opcao,
-                 const QModelIndex& indice) const override;
 
 private:
     void Arruma_Cabecalho();
