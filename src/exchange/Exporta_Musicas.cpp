@@ -49,7 +49,9 @@ bool Exporta_Musicas(const QString& lista, const Destino_Exportacao& destino,
             return false;
     }
     linhas.Close();
-    if (um_arquivo)
-        Funcoes::Grava_Arquivo(texto + ExchangeWriter::Tail(), destino.arquivo);
+    if (um_arquivo) {
+        texto += ExchangeWriter::Tail(); // in its place: it may be very long
+        Funcoes::Grava_Arquivo(texto, destino.arquivo);
+    }
     return true;
 }

@@ -152,6 +152,9 @@ void tst_exportar::statements_are_handed_in_as_given()
         m_comandos.clear();
         Aperta(form, "cmdExportar");
     }));
+    // The list asks for themes of its own as it is painted.
+    m_comandos.removeIf(
+        [](const QString& sql) { return sql.startsWith(u"SELECT TEMA.DESCRICAO, TEMA.COR"); });
     QCOMPARE(m_comandos,
              QStringList({u"SELECT ID, TITULO, REFERENCIA, MUSICA, MUSICA2, TOM, VARIACAO, "
                           "CATEGORIA FROM MUSICA WHERE ID IN (012,15,)"_qs,
@@ -209,7 +212,8 @@ void tst_exportar::a_cancelled_picker_writes_nothing_and_leaves_the_form_open()
         QVERIFY(No<QPushButton>(form, "cmdExportar")->isEnabled());
     }));
     QCOMPARE(m_escolhas->requests.size(), 1);
-    QCOMPARE(m_comandos, QStringList());
+    for (const QString& sql : m_comandos) // the list asks for themes as it is painted
+        QVERIFY2(sql.startsWith(u"SELECT TEMA.DESCRICAO, TEMA.COR"), qPrintable(sql));
     QVERIFY(m_caixas->boxes.isEmpty());
     QCOMPARE(Arquivos(), QStringList());
 }
@@ -323,7 +327,9 @@ void tst_exportar::everything_is_reached_with_the_keyboard()
         [this] { QTest::keyClick(m_form->Acha<QWidget>("txtTitulo"), Qt::Key_E, Qt::AltModifier); },
         [](QDialog& form) {
             QVERIFY(QTest::qWaitForWindowActive(&form));
-            QVERIFY(No<QWidget>(form, "cmdExportar")->hasFocus());
+            QVERIFY2(
+                No<QWidget>(form, "cmdExportar")->hasFocus(),
+                qPrintable(form.focusWidget() ? form.focusWidget()->objectName() : u"none"_qs));
             for (const char* seguinte : {"cmdCancelar", "lstExportar", "chkArquivo"}) {
                 QTest::keyClick(form.focusWidget(), Qt::Key_Tab);
                 QVERIFY2(No<QWidget>(form, seguinte)->hasFocus(), seguinte);

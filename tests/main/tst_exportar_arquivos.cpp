@@ -19,7 +19,7 @@ private slots:
     void the_root_folder_gets_a_second_separator();
     void a_folder_given_with_its_separator_gets_no_other_file();
     void missing_texts_get_their_defaults_and_empty_ones_stay_empty();
-    void themes_come_in_the_order_of_their_links();
+    void themes_come_in_the_order_of_the_store();
     void a_song_deleted_meanwhile_is_left_out();
     void all_songs_deleted_meanwhile_data();
     void all_songs_deleted_meanwhile();
@@ -183,7 +183,7 @@ void tst_exportar_arquivos::missing_texts_get_their_defaults_and_empty_ones_stay
                        tema));
 }
 
-void tst_exportar_arquivos::themes_come_in_the_order_of_their_links()
+void tst_exportar_arquivos::themes_come_in_the_order_of_the_store()
 {
     const qint64 id = m_catalogo->AddSong(u"Luz"_qs);
     for (const qint64 tema : {m_catalogo->AddTheme(u"R > B"_qs, 9), qint64{2}, qint64{1}})
