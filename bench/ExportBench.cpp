@@ -69,9 +69,10 @@ void BenchExport(const Scale& scale, ResultTable& table)
         {exportAll,
          [&] { return Timed([&] { WriteWhole(folder.filePath(u"same.mld"_qs), content); }); },
          [&] { return Timed([&] { form.Inicializa(marked); }); }});
-    table.Add(u"export of %1 into one file"_qs.arg(scale.Songs()), times[0],
-              u"writing the same %1"_qs.arg(ResultTable::Bytes(content.size())), times[1],
-              {Aim::AtMost, 5});
+    table.Add(
+        u"export of %1 into one file"_qs.arg(scale.Songs()), times[0],
+        u"writing the same %1"_qs.arg(ResultTable::Bytes(static_cast<double>(content.size()))),
+        times[1], {Aim::AtMost, 5});
     table.Add(u"export form for %1 filled and looked through"_qs.arg(scale.Songs()), times[2],
               u"writing the same bytes"_qs, times[1]);
 }

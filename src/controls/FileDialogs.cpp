@@ -77,13 +77,15 @@ QString& UltimaPasta()
     return pasta;
 }
 
+/// @return a folder that exists: of another the picker would take the last part for a file's name
 QString Comeco(const QString& pedida)
 {
-    if (!pedida.isEmpty())
-        return pedida;
-    if (QFileInfo(UltimaPasta()).isDir())
-        return UltimaPasta();
-    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    const auto documentos = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    for (const QString& pasta : {pedida, UltimaPasta(), documentos}) {
+        if (QFileInfo(pasta).isDir())
+            return pasta;
+    }
+    return QDir::homePath();
 }
 
 QString ComExtensao(const QString& caminho, const QString& extensao)

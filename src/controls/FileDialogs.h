@@ -17,7 +17,8 @@ struct Pedido_Arquivo
     QString filtro = {};
     /// Put behind the name of a file to save that ends otherwise; "*.mld" and "mld" are the same.
     QString extensao = {};
-    /// Where to begin; "" for where the last picker ended, at first the user's documents.
+    /// Where to begin; "" for where the last picker ended, at first the user's documents. A folder
+    /// that is gone is left out of account.
     QString pasta = {};
     /// The control's name on its form.
     QString nome = QStringLiteral("CommonDialog");

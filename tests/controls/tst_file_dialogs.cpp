@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
@@ -226,12 +227,22 @@ void tst_file_dialogs::a_picker_begins_where_the_last_one_ended()
     Funcoes::Escolhe_Arquivo(nullptr, {.titulo = u"Abrir"_s});
     QCOMPARE(begins, QDir(m_folder->path()).canonicalPath());
 
-    // A stick that was pulled out meanwhile: the user's documents again.
+    // A stick that was pulled out meanwhile: the user's documents again, or the home folder where
+    // there are none. The folder's name is not taken for a file's.
+    const QString gone = m_folder->path();
     m_folder.reset();
-    RecordingFileDialogs door;
-    Funcoes::Escolhe_Arquivo(nullptr, {.titulo = u"Abrir"_s});
-    QCOMPARE(door.requests.last().pasta,
-             QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    const QString usual = QFileInfo(documents).isDir() ? documents : QDir::homePath();
+    for (const QString& folder : {QString(), gone}) {
+        QString name = u"unseen"_s;
+        WithNextPicker([&](QFileDialog& box) {
+            begins = box.directory().canonicalPath();
+            name = box.findChild<QLineEdit*>(u"fileNameEdit"_s)->text();
+        });
+        Funcoes::Escolhe_Arquivo(nullptr, Save(folder));
+        QCOMPARE(begins, QDir(usual).canonicalPath());
+        QCOMPARE(name, QString());
+    }
 }
 
 void tst_file_dialogs::a_held_enter_leaves_the_picker_open()

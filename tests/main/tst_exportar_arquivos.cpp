@@ -192,8 +192,8 @@ void tst_exportar_arquivos::themes_come_in_the_order_of_the_store()
     Carrega_Exportar();
     Exporta_Todas(true, Caminho(u"a.mld"_qs));
     const QByteArray entre = "</descricao>\r\n           <descricao>";
-    QCOMPARE(Conteudo(u"a.mld"_qs), Documento(Linhas("Luz", "R > B" + entre + "Outro" + entre +
-                                                                "Louvor" + entre + "Outro")));
+    QCOMPARE(Conteudo(u"a.mld"_qs), Documento(Linhas("Luz", "Louvor" + entre + "Outro" + entre +
+                                                                "Outro" + entre + "R > B")));
 }
 
 void tst_exportar_arquivos::a_song_deleted_meanwhile_is_left_out()

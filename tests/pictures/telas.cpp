@@ -382,7 +382,7 @@ void ShowExport(Pictures& pictures, Principal& form)
         pictures.Save(QStringLiteral("exportar"));
         SaveBox(pictures, QStringLiteral("exportar-salvar"),
                 [&dialog] { Click(dialog, QStringLiteral("cmdExportar")); });
-        Click(dialog, QStringLiteral("chkArquivo"));
+        QTest::keyClick(dialog.findChild<QWidget*>(QStringLiteral("chkArquivo")), Qt::Key_Space);
         SaveBox(pictures, QStringLiteral("exportar-pasta"),
                 [&dialog] { Click(dialog, QStringLiteral("cmdExportar")); });
         const ChosenPlace place(folder.path());
@@ -453,9 +453,9 @@ void ShowDelivered(Pictures& pictures, const QString& catalogue)
     ShowEditing(pictures);
     ShowEntry(pictures, form);
     ShowSetlist(pictures, catalogue);
-    ShowSetlists(pictures, form);
     form.mnuPesquisa_Click();
     ShowExportNotice(pictures, form, catalogue);
+    ShowSetlists(pictures, form);
     form.close();
 }
 
