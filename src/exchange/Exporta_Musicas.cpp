@@ -5,6 +5,7 @@
 #include "mld/ExchangeWriter.h"
 #include "runtime/RuntimeError.h"
 #include "store/Arquivo.h"
+#include "store/CodePage.h"
 #include "store/Connection.h"
 
 namespace {
@@ -19,12 +20,31 @@ QString Nome_Arquivo(const ExchangeSong& musica, const QString& id)
     return ExchangeWriter::FileName(*musica.titulo);
 }
 
-void Grava_Musica(const ExchangeSong& musica, const QString& arquivo)
+/// A document on its way into the code page.
+class Documento
 {
-    QString texto = ExchangeWriter::Head();
-    ExchangeWriter::Append(texto, musica);
-    Funcoes::Grava_Arquivo(texto + ExchangeWriter::Tail(), arquivo);
-}
+public:
+    Documento() { Codifica(ExchangeWriter::Head()); }
+
+    void Acrescenta(const ExchangeSong& musica)
+    {
+        m_trecho.resize(0); // keeps its room
+        ExchangeWriter::Append(m_trecho, musica);
+        Codifica(m_trecho);
+    }
+
+    void Grava(const QString& arquivo)
+    {
+        Codifica(ExchangeWriter::Tail());
+        Funcoes::Grava_Arquivo(m_conteudo, arquivo);
+    }
+
+private:
+    void Codifica(const QString& texto) { m_conteudo += CodePage::FromUnicode(texto); }
+
+    QByteArray m_conteudo;
+    QString m_trecho;
+};
 
 } // namespace
 
@@ -32,7 +52,7 @@ bool Exporta_Musicas(const QString& lista, const Destino_Exportacao& destino,
                      const Andamento_Exportacao& andamento)
 {
     const bool um_arquivo = !destino.arquivo.isEmpty();
-    QString texto = ExchangeWriter::Head();
+    Documento todas;
     Recordset linhas = Funcoes::Conexao.Execute(SQL_Musicas_Exportadas(lista));
     const int total = linhas.RecordCount();
     if (total > 0 && !andamento(0, total))
@@ -41,17 +61,18 @@ bool Exporta_Musicas(const QString& lista, const Destino_Exportacao& destino,
         const QString id = Id_Exportado(linhas);
         ExchangeSong musica = Musica_Exportada(linhas);
         musica.temas = Temas_Exportados(id);
-        if (um_arquivo)
-            ExchangeWriter::Append(texto, musica);
-        else
-            Grava_Musica(musica, destino.pasta + Nome_Arquivo(musica, id));
+        if (um_arquivo) {
+            todas.Acrescenta(musica);
+        } else {
+            Documento uma;
+            uma.Acrescenta(musica);
+            uma.Grava(destino.pasta + Nome_Arquivo(musica, id));
+        }
         if (!andamento(posicao, total))
             return false;
     }
     linhas.Close();
-    if (um_arquivo) {
-        texto += ExchangeWriter::Tail(); // in its place: it may be very long
-        Funcoes::Grava_Arquivo(texto, destino.arquivo);
-    }
+    if (um_arquivo)
+        todas.Grava(destino.arquivo);
     return true;
 }

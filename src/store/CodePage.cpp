@@ -64,6 +64,7 @@ QByteArray CodePage::FromUnicode(QStringView text)
 
 bool CodePage::Holds(QStringView text)
 {
-    return std::all_of(text.begin(), text.end(),
-                       [](QChar unit) { return ToByte(unit.unicode()).has_value(); });
+    return std::all_of(text.begin(), text.end(), [](QChar unit) {
+        return IsLatin(unit.unicode()) || ToByte(unit.unicode());
+    });
 }

@@ -327,9 +327,7 @@ void tst_exportar::everything_is_reached_with_the_keyboard()
         [this] { QTest::keyClick(m_form->Acha<QWidget>("txtTitulo"), Qt::Key_E, Qt::AltModifier); },
         [](QDialog& form) {
             QVERIFY(QTest::qWaitForWindowActive(&form));
-            QVERIFY2(
-                No<QWidget>(form, "cmdExportar")->hasFocus(),
-                qPrintable(form.focusWidget() ? form.focusWidget()->objectName() : u"none"_qs));
+            QTRY_VERIFY(No<QWidget>(form, "cmdExportar")->hasFocus());
             for (const char* seguinte : {"cmdCancelar", "lstExportar", "chkArquivo"}) {
                 QTest::keyClick(form.focusWidget(), Qt::Key_Tab);
                 QVERIFY2(No<QWidget>(form, seguinte)->hasFocus(), seguinte);
