@@ -101,7 +101,12 @@ void Funcoes::Cria_Arquivo(const QString& caminho, bool sobrescreve)
 
 void Funcoes::Grava_Arquivo(const QString& texto, const QString& caminho)
 {
-    WriteWhole(caminho, CodePage::FromUnicode(texto));
+    Grava_Arquivo(CodePage::FromUnicode(texto), caminho);
+}
+
+void Funcoes::Grava_Arquivo(const QByteArray& conteudo, const QString& caminho)
+{
+    WriteWhole(caminho, conteudo);
 }
 
 QString Funcoes::Le_Configuracao(const QString& secao, const QString& chave)

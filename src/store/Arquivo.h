@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 /// Files and config.ini. All texts are read and written in the ANSI code page (Windows-1252), with
@@ -23,6 +24,9 @@ void Cria_Arquivo(const QString& caminho, bool sobrescreve);
 /// at all: the old content survives a failed write.
 /// @throws RuntimeError FileFailure
 void Grava_Arquivo(const QString& texto, const QString& caminho);
+
+/// The same for a text that is in the code page already: a long one is encoded piece by piece.
+void Grava_Arquivo(const QByteArray& conteudo, const QString& caminho);
 
 /// Reads one key of config.ini in the program's folder, as Le_Ini does.
 /// @return its value; "" without file or key

@@ -1,0 +1,78 @@
+#include "exchange/Exporta_Musicas.h"
+
+#include "exchange/Musica_Exportada.h"
+#include "exchange/SQL_Exportacao.h"
+#include "mld/ExchangeWriter.h"
+#include "runtime/RuntimeError.h"
+#include "store/Arquivo.h"
+#include "store/CodePage.h"
+#include "store/Connection.h"
+
+namespace {
+
+QString Nome_Arquivo(const ExchangeSong& musica, const QString& id)
+{
+    if (!musica.titulo)
+        throw RuntimeError(
+            RuntimeError::InvalidUseOfNull,
+            QStringLiteral("A música %1 não tem título que dê nome ao seu arquivo.").arg(id),
+            QStringLiteral("Invalid use of Null"));
+    return ExchangeWriter::FileName(*musica.titulo);
+}
+
+/// A document on its way into the code page.
+class Documento
+{
+public:
+    Documento() { Codifica(ExchangeWriter::Head()); }
+
+    void Acrescenta(const ExchangeSong& musica)
+    {
+        m_trecho.resize(0); // keeps its room
+        ExchangeWriter::Append(m_trecho, musica);
+        Codifica(m_trecho);
+    }
+
+    void Grava(const QString& arquivo)
+    {
+        Codifica(ExchangeWriter::Tail());
+        Funcoes::Grava_Arquivo(m_conteudo, arquivo);
+    }
+
+private:
+    void Codifica(const QString& texto) { m_conteudo += CodePage::FromUnicode(texto); }
+
+    QByteArray m_conteudo;
+    QString m_trecho;
+};
+
+} // namespace
+
+bool Exporta_Musicas(const QString& lista, const Destino_Exportacao& destino,
+                     const Andamento_Exportacao& andamento)
+{
+    const bool um_arquivo = !destino.arquivo.isEmpty();
+    Documento todas;
+    Recordset linhas = Funcoes::Conexao.Execute(SQL_Musicas_Exportadas(lista));
+    const int total = linhas.RecordCount();
+    if (total > 0 && !andamento(0, total))
+        return false;
+    for (int posicao = 1; !linhas.Eof(); linhas.MoveNext(), ++posicao) {
+        const QString id = Id_Exportado(linhas);
+        ExchangeSong musica = Musica_Exportada(linhas);
+        musica.temas = Temas_Exportados(id);
+        if (um_arquivo) {
+            todas.Acrescenta(musica);
+        } else {
+            Documento uma;
+            uma.Acrescenta(musica);
+            uma.Grava(destino.pasta + Nome_Arquivo(musica, id));
+        }
+        if (!andamento(posicao, total))
+            return false;
+    }
+    linhas.Close();
+    if (um_arquivo)
+        todas.Grava(destino.arquivo);
+    return true;
+}
