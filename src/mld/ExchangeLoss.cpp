@@ -13,14 +13,18 @@ bool IsControl(QChar unit)
     return unit < u' ' && unit != u'\t' && unit != u'\n' && unit != u'\r';
 }
 
-void Look(ExchangeLoss& loss, const QString& field, QStringView signs)
+enum class Brackets { Dropped, Written };
+
+void Look(ExchangeLoss& loss, const QString& field, Brackets brackets)
 {
     const QString written = ExchangeWriter::Composed(field);
     loss.letters = loss.letters || !CodePage::Holds(written);
-    loss.unreadable =
-        loss.unreadable || std::any_of(written.begin(), written.end(), [signs](QChar unit) {
-            return signs.contains(unit) || IsControl(unit);
-        });
+    const auto harms = [brackets](QChar unit) {
+        if (unit == u'<' || unit == u'>')
+            return brackets == Brackets::Written;
+        return unit == u'&' || IsControl(unit);
+    };
+    loss.unreadable = loss.unreadable || std::any_of(written.begin(), written.end(), harms);
 }
 
 } // namespace
@@ -29,10 +33,10 @@ ExchangeLoss ExchangeLoss::Of(const ExchangeSong& song)
 {
     ExchangeLoss loss;
     for (const auto& text : {&song.titulo, &song.referencia, &song.letra1, &song.letra2})
-        Look(loss, (*text).value_or(QString()), u"&");
+        Look(loss, (*text).value_or(QString()), Brackets::Dropped);
     for (const auto& text : {&song.tom, &song.variacao})
-        Look(loss, (*text).value_or(QString()), u"&<>");
+        Look(loss, (*text).value_or(QString()), Brackets::Written);
     for (const QString& tema : song.temas)
-        Look(loss, tema, u"&<>");
+        Look(loss, tema, Brackets::Written);
     return loss;
 }
