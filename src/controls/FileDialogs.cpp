@@ -36,6 +36,7 @@ public:
     {
         // It may be destroyed with its parent while it stands open.
         const QPointer<QFileDialog> box = new QFileDialog(parent, pedido.titulo, pedido.pasta);
+        box->setObjectName(pedido.nome);
         Prepare(*box, pedido);
         new HeldKeys(*box, HeldKeys::Enter);
         const bool chosen = box->exec() == QDialog::Accepted;

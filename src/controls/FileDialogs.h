@@ -19,6 +19,8 @@ struct Pedido_Arquivo
     QString extensao = {};
     /// Where to begin; "" for where the last picker ended, at first the user's documents.
     QString pasta = {};
+    /// The control's name on its form.
+    QString nome = QStringLiteral("CommonDialog");
 };
 
 /// The one door to the desktop's own pickers. The real one is QFileDialog; a test may put its own
