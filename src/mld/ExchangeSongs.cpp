@@ -1,5 +1,7 @@
 #include "mld/ExchangeSongs.h"
 
+#include "store/text/Utf8.h"
+
 const char* ExchangeSongs::NameOf(Field field)
 {
     static constexpr std::array<const char*, Fields> names{
@@ -10,7 +12,7 @@ const char* ExchangeSongs::NameOf(Field field)
 QString ExchangeSongs::TextOf(const Entry& entry, const Range& range) const
 {
     const char* const start = m_text.constData() + entry.text + range.start;
-    return QString::fromUtf8(start, qsizetype{range.end} - qsizetype{range.start});
+    return Utf8::ToText({start, range.end - range.start});
 }
 
 ExchangeSong ExchangeSongs::At(qsizetype index) const

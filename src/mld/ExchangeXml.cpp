@@ -21,6 +21,9 @@ constexpr std::uint64_t LargestGrowth = 10;
 constexpr std::uint64_t FreeGrowth = 10'000'000;
 /// What a reference counts at least: an empty entity takes time, too.
 constexpr std::uint64_t CostOfReference = 16;
+/// References to parameter entities. Beyond some thousands the parser (2.9.14) finds a bomb itself
+/// and then never returns; no honest file has more than a few.
+constexpr int MostParameterReferences = 1000;
 
 /// One parse. The parser's own handlers are kept where they remember what the file declares; ours
 /// stand where content comes by, or where something outside would be asked for. No exception may
@@ -102,6 +105,7 @@ private:
     qsizetype m_used = 0;      ///< bytes of the piece that the parser has
     std::uint64_t m_given = 0; ///< bytes that the parser was given
     std::uint64_t m_spent = 0; ///< bytes that it made of them
+    int m_parameterReferences = 0;
     bool m_isRefused = false;
     std::exception_ptr m_failure;
 };
@@ -301,6 +305,9 @@ xmlEntity* Run::Entity(void* context, const xmlChar* name)
 
 xmlEntity* Run::ParameterEntity(void* context, const xmlChar* name)
 {
+    Run& self = Of(context);
+    if (++self.m_parameterReferences > MostParameterReferences)
+        self.Refuse(context);
     return Allowed(context, xmlSAX2GetParameterEntity(context, name));
 }
 
