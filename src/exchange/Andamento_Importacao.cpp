@@ -30,11 +30,8 @@ Andamento_Importacao::~Andamento_Importacao()
 
 bool Andamento_Importacao::Avanca(double parte)
 {
-    if (m_janela) {
-        // Its own loop would let the user's events in, and return to a window that may be gone.
-        const QSignalBlocker quieto(*m_janela);
+    if (m_janela)
         m_janela->setValue(static_cast<int>(parte * Partes));
-    }
     const bool aberta = m_janela && m_janela->isVisible();
     QCoreApplication::processEvents(aberta ? QEventLoop::AllEvents
                                            : QEventLoop::ExcludeUserInputEvents);
