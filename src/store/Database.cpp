@@ -195,6 +195,10 @@ Recordset Connection::Database::Execute(const QString& sql)
         if (auto songs = m_shelf->Answer(*search))
             return Recordset(std::move(songs));
     }
+    if (const auto song = SameSong::Recognise(statement)) {
+        if (auto songs = m_shelf->Answer(*song))
+            return Recordset(std::move(songs));
+    }
     const Translation translation = Writer::Write(statement, Writer::Compared::Bound);
     if (translation.isQuery)
         return Run(translation);

@@ -1,10 +1,12 @@
 #include "store/shelf/SongShelf.h"
 
 #include "runtime/RuntimeError.h"
+#include "store/FetchedRows.h"
 #include "store/shelf/SongView.h"
 #include "store/shelf/TextChange.h"
 #include "store/sqlite/LockPatience.h"
 #include "store/sqlite/ReadSnapshot.h"
+#include "store/text/Collation.h"
 
 #include <QCoreApplication>
 
@@ -61,7 +63,7 @@ SongShelf::~SongShelf()
 std::size_t SongShelf::Size() const noexcept
 {
     return m_songs.Size() + m_links.Size() + m_titles.Size() + m_references.Size() +
-           m_lyrics.Size();
+           m_names.Size() + m_lyrics.Size();
 }
 
 std::shared_ptr<const Recordset::Rows> SongShelf::Answer(const SongSearch& search)
@@ -89,6 +91,47 @@ std::shared_ptr<const Recordset::Rows> SongShelf::Answer(const SongSearch& searc
         return nullptr;
     ReadWhenIdle();
     return Show(search, Find(search));
+}
+
+/// @return false where SQLite has to answer. @throws RuntimeError when somebody holds the file
+bool SongShelf::IsUpToDate()
+{
+    try {
+        return Refresh();
+    } catch (const RuntimeError&) {
+        m_watch.Distrust();
+        if ((sqlite3_errcode(m_database) & 0xff) == SQLITE_BUSY)
+            throw;
+        return false;
+    }
+}
+
+std::shared_ptr<const Recordset::Rows> SongShelf::Answer(const SameSong& song)
+{
+    const ReadSnapshot snapshot(m_database);
+    if (!IsUpToDate())
+        return nullptr;
+    for (SongTable::Place place = m_names.Places(); place < m_songs.Places(); ++place) {
+        const SongRow* const row = m_songs.At(place);
+        m_names.Put(place, row ? row->title : std::nullopt);
+    }
+    const std::string title = song.title.toStdString();
+    const std::string reference = song.reference.toStdString();
+    const auto equals = [](const SongRow::Text& text, const std::string& wanted) {
+        return text && Collation::Shared().Compare(*text, wanted) == 0;
+    };
+    std::vector<qint64> ids;
+    for (const SongTable::Place place : m_names.Candidates(title)) {
+        const SongRow* const row = m_songs.At(place);
+        if (row && equals(row->title, title) && equals(row->reference, reference))
+            ids.push_back(row->id);
+    }
+    std::sort(ids.begin(), ids.end());
+    ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
+    auto rows = std::make_shared<FetchedRows>(QStringList{song.name});
+    for (const qint64 id : ids)
+        rows->AddNumber(id);
+    return rows;
 }
 
 /// @return for each place 1 where links and category fit

@@ -2,9 +2,11 @@
 
 #include "store/Recordset.h"
 #include "store/shelf/ChangeWatch.h"
+#include "store/shelf/SameSong.h"
 #include "store/shelf/SongBases.h"
 #include "store/shelf/SongLinks.h"
 #include "store/shelf/SongLyrics.h"
+#include "store/shelf/SongNames.h"
 #include "store/shelf/SongSearch.h"
 #include "store/shelf/SongTable.h"
 
@@ -45,6 +47,9 @@ public:
     /// @throws RuntimeError StoreFailure when the catalogue cannot be looked at
     std::shared_ptr<const Recordset::Rows> Answer(const SongSearch& search);
 
+    /// As Answer(search): the IDs of the songs that are the same, in their order.
+    std::shared_ptr<const Recordset::Rows> Answer(const SameSong& song);
+
     /// To be called before a statement that changes rows: texts that results still show are read
     /// before they go.
     void BeforeChange(const Syntax::Statement& statement);
@@ -60,6 +65,7 @@ private:
     enum class Lyrics { Partly, All, None };
 
     bool Refresh();
+    bool IsUpToDate();
     bool StayInBounds();
     SongBases& Bases(SongSearch::Field field);
     void ReadBases(SongSearch::Field field);
@@ -95,6 +101,7 @@ private:
     SongLinks m_links;
     SongBases m_titles; ///< both as far as they were asked for
     SongBases m_references;
+    SongNames m_names; ///< as far as they were asked for
     SongLyrics m_lyrics;
     Lyrics m_lyricsState = Lyrics::Partly; ///< None: they do not fit here
     SongTable::Place m_lyricsTo = 0;       ///< place from which on lyrics are not read yet

@@ -164,6 +164,8 @@ bool SongShelf::RefreshSong(qint64 id)
         m_titles.Put(place, m_songs.At(place)->title);
     if (place < m_references.Places())
         m_references.Put(place, m_songs.At(place)->reference);
+    if (place < m_names.Places())
+        m_names.Put(place, m_songs.At(place)->title);
     if (m_lyricsState == Lyrics::All || place < m_lyricsTo)
         ReadLyric(place);
     return true;
@@ -275,6 +277,7 @@ void SongShelf::Clear()
     m_links = SongLinks();
     m_titles = SongBases();
     m_references = SongBases();
+    m_names = SongNames();
     DropLyrics(Lyrics::Partly);
 }
 

@@ -1,0 +1,48 @@
+#include "store/shelf/SameSong.h"
+
+using namespace Syntax;
+using Kind = Expression::Kind;
+
+namespace {
+
+bool IsColumn(const Expression& expression, const Table& songs, QStringView name, bool isText)
+{
+    if (expression.kind != Kind::Column || expression.table != &songs ||
+        name.compare(expression.column->name, Qt::CaseInsensitive) != 0)
+        return false;
+    const ColumnType type = expression.column->type;
+    return isText ? type == ColumnType::Text
+                  : type == ColumnType::Long || type == ColumnType::Integer;
+}
+
+/// @return the text that "column = 'text'" compares with
+std::optional<QString> TextComparedWith(const Expression& comparison, const Table& songs,
+                                        QStringView column)
+{
+    if (comparison.kind != Kind::Comparison || comparison.text != u"=" ||
+        !IsColumn(comparison.operands.front(), songs, column, true) ||
+        comparison.operands.back().kind != Kind::Text)
+        return std::nullopt;
+    return comparison.operands.back().text;
+}
+
+} // namespace
+
+std::optional<SameSong> SameSong::Recognise(const Statement& statement)
+{
+    const auto* select = std::get_if<Select>(&statement);
+    if (!select || select->distinct || select->aggregated || !select->joins.empty() ||
+        !select->orderBy.empty() || select->columns.size() != 1 || !select->where ||
+        select->where->kind != Kind::And || select->where->operands.size() != 2)
+        return std::nullopt;
+    const Table& songs = *select->from.table;
+    const auto& conditions = select->where->operands;
+    if (songs.name.compare(u"MUSICA", Qt::CaseInsensitive) != 0 ||
+        !IsColumn(select->columns.front().value, songs, u"ID", false))
+        return std::nullopt;
+    const auto title = TextComparedWith(conditions[0], songs, u"TITULO");
+    const auto reference = TextComparedWith(conditions[1], songs, u"REFERENCIA");
+    if (!title || !reference)
+        return std::nullopt;
+    return SameSong{*title, *reference, select->columns.front().name};
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "store/dialect/Syntax.h"
+
+#include <QString>
+
+#include <optional>
+
+/// The question whether a song is stored already, as an import asks it of every song:
+///
+///     SELECT ID FROM MUSICA WHERE TITULO = '...' AND REFERENCIA = '...'
+struct SameSong
+{
+    QString title;
+    QString reference;
+    QString name; ///< of the result's column
+
+    /// @param statement  resolved
+    /// @return nothing for a query of any other shape
+    static std::optional<SameSong> Recognise(const Syntax::Statement& statement);
+};
