@@ -109,7 +109,7 @@ void frmPrincipal::Form_Load(const QString& linha_comando)
     setWindowTitle(u"Melodario v." % Version::ToText());
     Conecta_Banco();
     m_conectado = true;
-    ui->pctFrame_0->Preenche_Temas();
+    Preenche_Temas();
     Timer1->start();
     if (!linha_comando.isEmpty())
         Importa_Musicas(linha_comando);
@@ -156,8 +156,6 @@ void frmPrincipal::mnuLista_Click()
     Mostra_Painel(QuadroLista);
     ui->pctFrame_1->Foca_Nome();
 }
-
-void frmPrincipal::mnuImportar_Click() {}
 
 void frmPrincipal::mnuSobre_Click()
 {
@@ -242,8 +240,6 @@ void frmPrincipal::cmdExcluir_Click()
 {
     ui->pctFrame_2->cmdExcluir_Click();
 }
-
-void frmPrincipal::Importa_Musicas(const QString& /*caminho*/) {}
 
 void frmPrincipal::Mostra_Teclado(TextBox& caixa)
 {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "exchange/ServicosExportacao.h"
+#include "exchange/ServicosImportacao.h"
 #include "main/ServicosPrincipal.h"
 
 #include <QMainWindow>
@@ -20,7 +21,10 @@ class frmPrincipal;
 
 /// The main form: menu bar, toolbar and three panels of which one is shown. It wires them together
 /// and owns nothing of what they hold.
-class frmPrincipal : public QMainWindow, public ServicosPrincipal, public ServicosExportacao
+class frmPrincipal : public QMainWindow,
+                     public ServicosPrincipal,
+                     public ServicosExportacao,
+                     public ServicosImportacao
 {
     Q_OBJECT
 
@@ -43,6 +47,7 @@ public:
     void mnuLista_Click();
     /// Shows the songs that are marked in the result list in the export form.
     virtual void mnuExportar_Click();
+    /// Lets the user choose an exchange file and imports it.
     virtual void mnuImportar_Click();
     void mnuSobre_Click();
     void mnuSair_Click();
@@ -55,6 +60,7 @@ public:
     void Mostra_Teclado(TextBox& caixa) override;
     void Oculta_Teclado() override;
     void Preenche_Musicas(QString sql, ListaMusicas& lista) override;
+    void Preenche_Temas() override;
 
 protected:
     /// @return true when the setlist has no unsaved changes or the user gives them up
@@ -91,5 +97,6 @@ private:
     std::array<Painel*, Quadros> pctFrame{};
     QTimer* Timer1;
     QPointer<frmExportar> m_exportar; ///< while it is being filled or shown
+    bool m_importando = false;        ///< events run meanwhile
     bool m_conectado = false;
 };

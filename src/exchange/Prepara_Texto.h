@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+/// @param texto  a field of an exchange file
+/// @return the field as it stands between the single quotes of a statement: each apostrophe is
+///         doubled, each "[br]" becomes a carriage return and a line feed
+inline QString Prepara_Texto(QString texto)
+{
+    texto.replace(u'\'', QStringLiteral("''"));
+    return texto.replace(QStringLiteral("[br]"), QStringLiteral("\r\n"));
+}

@@ -1,0 +1,41 @@
+// The half of the main form that imports exchange files.
+
+#include "main/frmPrincipal.h"
+
+#include "ui_frmPrincipal.h"
+
+#include "controls/FileDialogs.h"
+#include "exchange/Importa_Musicas.h"
+
+#include <QScopeGuard>
+
+void frmPrincipal::mnuImportar_Click()
+{
+    const QString extensao = QStringLiteral("mld");
+    Pedido_Arquivo pedido;
+    pedido.especie = Pedido_Arquivo::Abrir;
+    pedido.titulo = QStringLiteral("Importar...");
+    pedido.filtro = u"Arquivo Melodario" % (u" (*." % extensao % u") | *." % extensao);
+    const QPointer<frmPrincipal> vivo(this);
+    const QString arquivo = Funcoes::Escolhe_Arquivo(this, pedido);
+    if (vivo && m_conectado && !arquivo.isEmpty())
+        Importa_Musicas(arquivo);
+}
+
+void frmPrincipal::Importa_Musicas(const QString& caminho)
+{
+    if (m_importando)
+        return;
+    const QPointer<frmPrincipal> vivo(this);
+    m_importando = true;
+    const auto termina = qScopeGuard([&vivo] {
+        if (vivo)
+            vivo->m_importando = false;
+    });
+    Funcoes::Importa_Musicas(caminho, *this, *this);
+}
+
+void frmPrincipal::Preenche_Temas()
+{
+    ui->pctFrame_0->Preenche_Temas();
+}
