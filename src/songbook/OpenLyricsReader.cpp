@@ -146,9 +146,8 @@ private:
     void Leave(const XmlNode& node)
     {
         QString text = node.FullText().trimmed();
-        for (auto it = node.attributes.cbegin(); text.isEmpty() && it != node.attributes.cend();
-             ++it)
-            text = it.value();
+        if (text.isEmpty())
+            text = QStringList(node.attributes.values()).join(u' ');
         if (!text.isEmpty())
             m_remarks.Lost(node.line,
                            u"sem lugar: %1: \"%2\""_qs.arg(Excerpt(node.name), Excerpt(text)));

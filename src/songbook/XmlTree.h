@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QByteArrayView>
-#include <QHash>
+#include <QMap>
 #include <QString>
 
 #include <optional>
@@ -16,7 +16,7 @@ struct XmlNode
     QString text;  ///< of a text node
     QString space; ///< the namespace of an element
     int line = 0;  ///< where the element's start tag ends, from 1
-    QHash<QString, QString> attributes;
+    QMap<QString, QString> attributes; ///< by local name
     std::vector<XmlNode> children;
 
     bool IsText() const { return name.isEmpty(); }

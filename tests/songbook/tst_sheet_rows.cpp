@@ -40,7 +40,7 @@ void tst_sheet_rows::chordsStandOverTheirSyllables_data()
     QTest::newRow("many chords in front do not make a heading")
         << u"[C][G][D]Vem"_qs << u"C G D///\u00A0   Vem"_qs;
     QTest::newRow("chords behind the words do not push") << u"fim[C][G7]"_qs << u"   C G7///fim"_qs;
-    QTest::newRow("chords alone have no row of lyrics") << u"[C]   [G]"_qs << u"C   G"_qs;
+    QTest::newRow("chords alone have no row of lyrics") << u"[C]   [G]"_qs << u"C  G"_qs;
     QTest::newRow("a wide chord alone leaves a blank") << u"[F#m7][G]"_qs << u"F#m7 G"_qs;
     QTest::newRow("lyrics alone") << u"Santo Deus"_qs << u"Santo Deus"_qs;
     QTest::newRow("an annotation has a row above")
