@@ -14,4 +14,5 @@ void BenchViewer(const Scale& scale, ResultTable& table);
 void BenchScroll(const Scale& scale, ResultTable& table);
 void BenchSongList(const Scale& scale, ResultTable& table);
 void BenchSetlist(const Scale& scale, ResultTable& table);
+void BenchExport(const Scale& scale, ResultTable& table);
 void BenchStart(const Scale& scale, ResultTable& table);

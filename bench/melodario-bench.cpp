@@ -18,7 +18,7 @@ struct Bench
     void (*run)(const Scale&, ResultTable&);
 };
 
-constexpr std::array<Bench, 10> Benches{{
+constexpr std::array<Bench, 11> Benches{{
     {u"fill", BenchFill},
     {u"search", BenchSearch},
     {u"typing", BenchTyping},
@@ -28,6 +28,7 @@ constexpr std::array<Bench, 10> Benches{{
     {u"scroll", BenchScroll},
     {u"songlist", BenchSongList},
     {u"setlist", BenchSetlist},
+    {u"export", BenchExport},
     {u"start", BenchStart},
 }};
 
@@ -69,7 +70,7 @@ int main(int argc, char* argv[])
     }
     if (table.IsEmpty()) {
         out << "Names: fill search typing suggestions chords viewer scroll songlist setlist "
-               "start\n";
+               "export start\n";
         return 1;
     }
     out << table.ToText();

@@ -171,6 +171,11 @@ void PainelPesquisa::Abre_Primeira_Musica()
         Abre_Musica(static_cast<double>(ui->lstMusicas->Tag(0)));
 }
 
+QList<qint64> PainelPesquisa::Musicas_Marcadas() const
+{
+    return ui->lstMusicas->Itens_Selecionados();
+}
+
 void PainelPesquisa::Foca_Titulo()
 {
     ui->txtTitulo->setFocus();

@@ -55,6 +55,9 @@ public:
     /// Opens the first song as the list is sorted now; nothing when the list is empty.
     void Abre_Primeira_Musica();
 
+    /// @return MUSICA.ID of each song that is marked in lstMusicas, in the order shown.
+    QList<qint64> Musicas_Marcadas() const;
+
     /// Gives the focus to txtTitulo.
     void Foca_Titulo();
 

@@ -7,6 +7,7 @@
 #include "controls/Handler.h"
 #include "controls/TextBox.h"
 #include "controls/Twips.h"
+#include "exchange/frmExportar.h"
 #include "main/Conecta_Banco.h"
 #include "main/TeclasAcesso.h"
 #include "main/Texto_Sobre.h"
@@ -156,8 +157,6 @@ void frmPrincipal::mnuLista_Click()
     ui->pctFrame_1->Foca_Nome();
 }
 
-void frmPrincipal::mnuExportar_Click() {}
-
 void frmPrincipal::mnuImportar_Click() {}
 
 void frmPrincipal::mnuSobre_Click()
@@ -271,6 +270,7 @@ void frmPrincipal::Form_Unload()
 {
     Timer1->stop();
     ui->pctFrame_0->Abandona_Pesquisas();
+    delete m_exportar;
     if (std::exchange(m_conectado, false))
         Funcoes::Desconecta_Banco();
 }

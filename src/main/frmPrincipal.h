@@ -1,8 +1,10 @@
 #pragma once
 
+#include "exchange/ServicosExportacao.h"
 #include "main/ServicosPrincipal.h"
 
 #include <QMainWindow>
+#include <QPointer>
 
 #include <array>
 #include <memory>
@@ -10,6 +12,7 @@
 class Painel;
 class QAction;
 class QTimer;
+class frmExportar;
 
 namespace Ui {
 class frmPrincipal;
@@ -17,7 +20,7 @@ class frmPrincipal;
 
 /// The main form: menu bar, toolbar and three panels of which one is shown. It wires them together
 /// and owns nothing of what they hold.
-class frmPrincipal : public QMainWindow, public ServicosPrincipal
+class frmPrincipal : public QMainWindow, public ServicosPrincipal, public ServicosExportacao
 {
     Q_OBJECT
 
@@ -38,6 +41,7 @@ public:
     void mnuPesquisa_Click();
     void mnuCadastro_Click() override;
     void mnuLista_Click();
+    /// Shows the songs that are marked in the result list in the export form.
     virtual void mnuExportar_Click();
     virtual void mnuImportar_Click();
     void mnuSobre_Click();
@@ -50,6 +54,7 @@ public:
     void cmdExcluir_Click() override;
     void Mostra_Teclado(TextBox& caixa) override;
     void Oculta_Teclado() override;
+    void Preenche_Musicas(QString sql, ListaMusicas& lista) override;
 
 protected:
     /// @return true when the setlist has no unsaved changes or the user gives them up
@@ -78,8 +83,13 @@ private:
     void Timer1_Timer();
     void Form_Unload();
 
+    /// @return MUSICA.ID of each song marked in the result list, in the order shown, with a comma
+    ///         behind it; "" when none is marked
+    QString Musicas_Selecionadas() const;
+
     std::unique_ptr<Ui::frmPrincipal> ui;
     std::array<Painel*, Quadros> pctFrame{};
     QTimer* Timer1;
+    QPointer<frmExportar> m_exportar; ///< while it is being filled or shown
     bool m_conectado = false;
 };

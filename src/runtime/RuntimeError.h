@@ -15,6 +15,7 @@ public:
         SubscriptOutOfRange = 9,
         TypeMismatch = 13,
         FileFailure = 75,
+        InvalidUseOfNull = 94,
         InvalidIndex = 381,
         NoCurrentRecord = 3021,
         ItemNotFound = 3265,

@@ -16,9 +16,14 @@ constexpr std::array<char16_t, LastOwn - FirstOwn + 1> Own{
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
+bool IsLatin(char16_t unit)
+{
+    return unit < FirstOwn || (unit > LastOwn && unit <= 0xFF);
+}
+
 std::optional<char> ToByte(char16_t unit)
 {
-    if (unit < FirstOwn || (unit > LastOwn && unit <= 0xFF))
+    if (IsLatin(unit))
         return static_cast<char>(unit);
     const auto* const found = std::find(Own.begin(), Own.end(), unit);
     if (found == Own.end())
@@ -41,14 +46,19 @@ QString CodePage::ToUnicode(QByteArrayView bytes)
 
 QByteArray CodePage::FromUnicode(QStringView text)
 {
-    QByteArray bytes;
-    bytes.reserve(text.size());
+    QByteArray bytes(text.size(), Qt::Uninitialized);
+    char* out = bytes.data();
     for (qsizetype i = 0; i < text.size(); ++i) {
-        const QChar unit = text.at(i);
-        bytes.append(ToByte(unit.unicode()).value_or('?'));
-        if (unit.isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate())
+        const char16_t unit = text[i].unicode();
+        if (IsLatin(unit)) { // nearly all of a text of many megabytes
+            *out++ = static_cast<char>(unit);
+            continue;
+        }
+        *out++ = ToByte(unit).value_or('?');
+        if (QChar::isHighSurrogate(unit) && i + 1 < text.size() && text[i + 1].isLowSurrogate())
             ++i;
     }
+    bytes.truncate(out - bytes.constData());
     return bytes;
 }
 

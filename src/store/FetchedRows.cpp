@@ -1,5 +1,7 @@
 #include "store/FetchedRows.h"
 
+#include "store/text/Utf8.h"
+
 void FetchedRows::AddNull()
 {
     Field field{};
@@ -60,7 +62,7 @@ Value FetchedRows::At(int row, int column) const
     case Field::Real:
         return field.real;
     case Field::Text:
-        return QString::fromUtf8(field.text, static_cast<qsizetype>(field.length));
+        return Utf8::ToText({field.text, field.length});
     case Field::Date:
         return QDate::fromJulianDay(field.whole);
     }

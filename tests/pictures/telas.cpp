@@ -2,8 +2,9 @@
 // Works on copies in a folder of its own. Real forms, driven by real events; where the platform is
 // a virtual screen, what is saved is what that screen shows.
 
+#include "app/Main.h"
 #include "app/frmSplash.h"
-#include "controls/Appearance.h"
+#include "controls/FileDialogs.h"
 #include "main/frmPrincipal.h"
 #include "store/Connection.h"
 #include "support/GeneratedSongs.h"
@@ -17,8 +18,10 @@
 #include <QDialog>
 #include <QDir>
 #include <QLineEdit>
-#include <QLocale>
+#include <QMessageBox>
 #include <QPixmap>
+#include <QPointer>
+#include <QProgressBar>
 #include <QScreen>
 #include <QTest>
 #include <QTextStream>
@@ -320,6 +323,115 @@ void ShowSetlists(Pictures& pictures, Principal& form)
             [&form] { Click(form, QStringLiteral("cmdLimpar")); });
 }
 
+/// Always chooses the same place.
+class ChosenPlace final : public FileDialogs
+{
+public:
+    explicit ChosenPlace(QString place)
+        : m_place(std::move(place))
+    {
+        SetFileDialogs(this);
+    }
+    ~ChosenPlace() override { SetFileDialogs(nullptr); }
+    QString Choose(QWidget*, const Pedido_Arquivo&) override { return m_place; }
+
+private:
+    QString m_place;
+};
+
+/// Does something with the first modal window of a kind that comes up while open runs, and closes
+/// it. Events run before it does: lists are filled and songs written.
+template <typename Window>
+void WithWindow(const std::function<void()>& open, const std::function<void(Window&)>& act)
+{
+    bool came = false;
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
+        const QPointer<Window> window = qobject_cast<Window*>(QApplication::activeModalWidget());
+        if (!window || std::exchange(came, true))
+            return;
+        act(*window);
+        if (window)
+            window->close();
+    });
+    watch.start(0);
+    open();
+}
+
+void InExportForm(Principal& form, const std::function<void(QDialog&)>& act)
+{
+    WithWindow<QDialog>([&form] { form.mnuExportar_Click(); }, act);
+}
+
+/// Exports from the form and takes a picture of the message that comes in the end.
+void SaveExported(Pictures& pictures, const QString& name, QDialog& dialog)
+{
+    WithWindow<QMessageBox>([&dialog] { Click(dialog, QStringLiteral("cmdExportar")); },
+                            [&](QMessageBox&) { pictures.Save(name); });
+}
+
+/// The export form before it writes, with its notice, and each box that it asks or answers with.
+void ShowExport(Pictures& pictures, Principal& form)
+{
+    auto* songs = form.findChild<QAbstractItemView*>(QStringLiteral("lstMusicas"));
+    songs->clearSelection();
+    SaveBox(pictures, QStringLiteral("exportar-nenhuma"), [&form] { form.mnuExportar_Click(); });
+    songs->selectAll();
+    const QTemporaryDir folder;
+    InExportForm(form, [&](QDialog& dialog) {
+        pictures.Save(QStringLiteral("exportar"));
+        SaveBox(pictures, QStringLiteral("exportar-salvar"),
+                [&dialog] { Click(dialog, QStringLiteral("cmdExportar")); });
+        Click(dialog, QStringLiteral("chkArquivo"));
+        SaveBox(pictures, QStringLiteral("exportar-pasta"),
+                [&dialog] { Click(dialog, QStringLiteral("cmdExportar")); });
+        const ChosenPlace place(folder.path());
+        SaveExported(pictures, QStringLiteral("exportar-arquivos-gerados"), dialog);
+    });
+    InExportForm(form, [&](QDialog& dialog) {
+        const ChosenPlace place(folder.filePath(QStringLiteral("domingo.mld")));
+        SaveExported(pictures, QStringLiteral("exportar-arquivo-gerado"), dialog);
+    });
+    InExportForm(form, [&](QDialog& dialog) {
+        const ChosenPlace place(QStringLiteral("/proc/domingo.mld"));
+        SaveExported(pictures, QStringLiteral("exportar-recusado"), dialog);
+    });
+}
+
+/// With songs that a file cannot hold as they are.
+void ShowExportNotice(Pictures& pictures, Principal& form, const QString& catalogue)
+{
+    PlainSqlite database(catalogue);
+    database.Run("UPDATE MUSICA SET TITULO = 'Rock & roll do sertão' WHERE ID = 2;"
+                 "UPDATE MUSICA SET REFERENCIA = 'Tradição ♪' WHERE ID IN (3, 4, 5)");
+    form.Pesquisa();
+    auto* songs = form.findChild<QAbstractItemView*>(QStringLiteral("lstMusicas"));
+    songs->selectAll();
+    InExportForm(form, [&](QDialog&) { pictures.Save(QStringLiteral("exportar-aviso")); });
+}
+
+/// While many songs are written.
+void ShowExportProgress(Pictures& pictures, Principal& form)
+{
+    form.mnuPesquisa_Click();
+    form.Pesquisa();
+    form.findChild<QAbstractItemView*>(QStringLiteral("lstMusicas"))->selectAll();
+    const QTemporaryDir folder;
+    const ChosenPlace place(folder.filePath(QStringLiteral("todas.mld")));
+    InExportForm(form, [&](QDialog& dialog) {
+        pictures.Save(QStringLiteral("exportar-20000"));
+        const auto* bar = dialog.findChild<QProgressBar*>();
+        bool saved = false;
+        QTimer watch;
+        QObject::connect(&watch, &QTimer::timeout, &dialog, [&] {
+            if (bar->isVisible() && bar->value() > ManySongs / 4 && !std::exchange(saved, true))
+                pictures.Save(QStringLiteral("exportar-andamento"));
+        });
+        watch.start(0);
+        SaveExported(pictures, QStringLiteral("exportar-20000-gerado"), dialog);
+    });
+}
+
 void ShowDelivered(Pictures& pictures, const QString& catalogue)
 {
     Principal form(catalogue);
@@ -335,11 +447,15 @@ void ShowDelivered(Pictures& pictures, const QString& catalogue)
     Type(form, QStringLiteral("pei"));
     pictures.Save(QStringLiteral("principal-tres-letras"));
     ShowKeyboard(pictures, form);
+    Type(form, QString());
+    ShowExport(pictures, form);
     ShowViewers(pictures, {1, 2, 3});
     ShowEditing(pictures);
     ShowEntry(pictures, form);
     ShowSetlist(pictures, catalogue);
     ShowSetlists(pictures, form);
+    form.mnuPesquisa_Click();
+    ShowExportNotice(pictures, form, catalogue);
     form.close();
 }
 
@@ -396,6 +512,7 @@ void ShowMany(Pictures& pictures)
     pictures.Save(QStringLiteral("visualizador-categoria-aberta"));
     viewer->close();
     ShowSuggestions(pictures, form);
+    ShowExportProgress(pictures, form);
     form.close();
 }
 
@@ -409,8 +526,7 @@ int main(int argc, char* argv[])
         return 2;
     }
     QApplication::setQuitOnLastWindowClosed(false);
-    QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
-    Appearance::Apply(application);
+    Funcoes::Prepara(application);
 
     const QTemporaryDir folder;
     const QString copy = folder.filePath(QStringLiteral("Melodario.mdb"));

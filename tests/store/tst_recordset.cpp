@@ -240,6 +240,8 @@ void tst_recordset::keepsTextsOfAnyKind_data()
     QTest::newRow("decomposed") << u"cancao\u0303"_qs;
     QTest::newRow("NUL inside") << QString(u"a"_qs + QChar(u'\0') + u"b"_qs);
     QTest::newRow("no-break space") << u"a\u00a0b"_qs;
+    QTest::newRow("begins like a file with a mark") << u"\uFEFFcanção\uFEFF"_qs;
+    QTest::newRow("nothing but marks") << u"\uFEFF\uFEFF"_qs;
     QTest::newRow("lines") << u"C  G7\r\nSanto Deus\n\r"_qs;
     QTest::newRow("looks like SQL") << u"'; DROP TABLE MUSICA; --"_qs;
 }

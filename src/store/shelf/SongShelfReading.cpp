@@ -2,6 +2,7 @@
 
 #include "store/shelf/SongShelf.h"
 #include "store/sqlite/StatementCache.h"
+#include "store/text/Utf8.h"
 
 #include <QElapsedTimer>
 
@@ -285,6 +286,5 @@ Value SongShelf::TextOf(qint64 id)
     statement.Bind({Value(id)});
     if (!statement.Step() || statement.ColumnKind(0) == Statement::Kind::Null)
         return {};
-    const std::string_view text = statement.Text(0);
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    return Utf8::ToText(statement.Text(0));
 }

@@ -1,6 +1,7 @@
 #include "store/shelf/SongView.h"
 
 #include "runtime/RuntimeError.h"
+#include "store/text/Utf8.h"
 
 #include <algorithm>
 #include <utility>
@@ -14,8 +15,7 @@ Value ToValue(const SongRow::Number& number)
 
 Value ToValue(const SongRow::Text& text)
 {
-    return text ? Value(QString::fromUtf8(text->data(), static_cast<qsizetype>(text->size())))
-                : Value();
+    return text ? Value(Utf8::ToText(*text)) : Value();
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "runtime/Number.h"
 #include "runtime/RuntimeError.h"
 #include "store/sqlite/Failure.h"
+#include "store/text/Utf8.h"
 
 #include <new>
 
@@ -44,8 +45,7 @@ QString SqlFunctionHelp::Text(sqlite3_value* value)
 {
     if (sqlite3_value_type(value) == SQLITE_FLOAT)
         return Number::ToText(sqlite3_value_double(value));
-    const std::string_view utf8 = Utf8(value);
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+    return ::Utf8::ToText(Utf8(value));
 }
 
 void SqlFunctionHelp::ResultText(sqlite3_context* context, std::string_view utf8)

@@ -32,3 +32,13 @@ void Utf8::Append(std::string& out, char32_t code)
         follow(code);
     }
 }
+
+QString Utf8::ToText(std::string_view text)
+{
+    constexpr std::string_view Mark = "\xEF\xBB\xBF";
+    qsizetype marks = 0;
+    for (; text.starts_with(Mark); ++marks)
+        text.remove_prefix(Mark.size());
+    const QString rest = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    return marks == 0 ? rest : QString(QString(marks, QChar::ByteOrderMark) + rest);
+}

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 #include <string>
 #include <string_view>
 
@@ -14,5 +16,9 @@ inline constexpr char32_t Replacement = 0xFFFD;
 char32_t Next(std::string_view text, std::size_t& at);
 
 void Append(std::string& out, char32_t code);
+
+/// @return all of text: QString takes a U+FEFF at the beginning for a mark and drops it, while a
+/// stored text may well begin with one.
+QString ToText(std::string_view text);
 
 } // namespace Utf8

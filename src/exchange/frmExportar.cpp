@@ -1,0 +1,208 @@
+#include "exchange/frmExportar.h"
+
+#include "ui_frmExportar.h"
+
+#include "controls/Dialogs.h"
+#include "controls/FileDialogs.h"
+#include "controls/Handler.h"
+#include "controls/HeldKeys.h"
+#include "exchange/Aviso_Exportacao.h"
+#include "exchange/Exporta_Musicas.h"
+#include "exchange/SQL_Exportacao.h"
+#include "exchange/ServicosExportacao.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QHeaderView>
+#include <QPointer>
+#include <QTextDocument>
+
+namespace {
+
+/// Pictures follow each other so closely that the bar seems to move, and cost little.
+constexpr qint64 EntreEventosMs = 40;
+
+/// @return text such that a tool tip shows it as it is, also where a title looks like markup.
+QString Dica_Literal(const QString& texto)
+{
+    if (!Qt::mightBeRichText(texto))
+        return texto;
+    return u"<p style='white-space:pre-wrap'>" % texto.toHtmlEscaped() % u"</p>";
+}
+
+} // namespace
+
+/// The form while songs are written: the bar in view, nothing to press.
+class frmExportar::Escrita
+{
+public:
+    explicit Escrita(frmExportar& form)
+        : m_form(&form)
+        , m_foco(form.focusWidget())
+    {
+        form.m_escrevendo = true;
+        Habilita(false);
+    }
+    ~Escrita()
+    {
+        if (!m_form)
+            return;
+        m_form->m_escrevendo = false;
+        m_form->ui->ProgressBar->hide();
+        Habilita(true);
+        if (m_foco)
+            m_foco->setFocus();
+    }
+    Escrita(const Escrita&) = delete;
+    Escrita& operator=(const Escrita&) = delete;
+
+    /// @return false when the form is gone
+    bool Avanca(int posicao, int total)
+    {
+        if (posicao == 0)
+            Comeca(total);
+        m_form->ui->ProgressBar->setValue(posicao);
+        if (posicao > 0 && posicao < total && m_desde.elapsed() < EntreEventosMs)
+            return true;
+        QCoreApplication::processEvents();
+        m_desde.restart();
+        return !m_form.isNull();
+    }
+
+private:
+    void Comeca(int total)
+    {
+        m_form->ui->ProgressBar->setRange(0, total);
+        m_form->ui->ProgressBar->show();
+    }
+
+    void Habilita(bool sim)
+    {
+        Ui::frmExportar& ui = *m_form->ui;
+        for (QWidget* controle :
+             {static_cast<QWidget*>(ui.chkArquivo), static_cast<QWidget*>(ui.cmdExportar),
+              static_cast<QWidget*>(ui.cmdCancelar)})
+            controle->setEnabled(sim);
+    }
+
+    QPointer<frmExportar> m_form;
+    QPointer<QWidget> m_foco;
+    QElapsedTimer m_desde;
+};
+
+frmExportar::frmExportar(ServicosExportacao& principal, QWidget* parent)
+    : QDialog(parent)
+    , ui(std::make_unique<Ui::frmExportar>())
+    , m_principal(principal)
+{
+    using Form = frmExportar;
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    ui->setupUi(this);
+    ui->lstExportar->header()->setSectionsClickable(false);
+    ui->lblAviso->setForegroundRole(QPalette::PlaceholderText);
+    ui->lblAviso->hide();
+    // The form does not jump when the bar comes and goes.
+    QSizePolicy lugar = ui->ProgressBar->sizePolicy();
+    lugar.setRetainSizeWhenHidden(true);
+    ui->ProgressBar->setSizePolicy(lugar);
+    ui->ProgressBar->hide();
+    ConnectHandler(ui->cmdExportar, &QPushButton::clicked, this, &Form::cmdExportar_Click);
+    ConnectHandler(ui->cmdCancelar, &QPushButton::clicked, this, &Form::cmdCancelar_Click);
+    ConnectHandler(ui->lstExportar, &ListaMusicas::KeyDown, this, &Form::lstExportar_KeyDown);
+    new HeldKeys(*this, HeldKeys::Enter);
+}
+
+frmExportar::~frmExportar() = default;
+
+// The text comes by value: the list that it is kept from may change while events run.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
+bool frmExportar::Inicializa(QString MusicasExportar)
+{
+    const QPointer<frmExportar> viva(this);
+    m_principal.Preenche_Musicas(SQL_Musicas_Marcadas(MusicasExportar), *ui->lstExportar);
+    if (!viva)
+        return false;
+    ui->lblTitulo->setText(u"A(s) " % QString::number(ui->lstExportar->ListCount()) %
+                           u" música(s) abaixo serão exportadas.");
+    Lista_Exportar = MusicasExportar;
+    Mostra_Aviso();
+    return true;
+}
+
+void frmExportar::Mostra_Aviso()
+{
+    const Aviso_Exportacao aviso = Aviso_Exportacao::De(Lista_Exportar);
+    ui->lblAviso->setText(aviso.resumo);
+    ui->lblAviso->setToolTip(Dica_Literal(aviso.todas));
+    ui->lblAviso->setVisible(!aviso.resumo.isEmpty());
+}
+
+void frmExportar::ShowModal()
+{
+    const ModalScope scope;
+    exec();
+}
+
+void frmExportar::showEvent(QShowEvent* evento)
+{
+    QDialog::showEvent(evento);
+    ui->cmdExportar->setFocus();
+}
+
+void frmExportar::reject()
+{
+    if (!m_escrevendo)
+        QDialog::reject();
+}
+
+void frmExportar::lstExportar_KeyDown(int tecla)
+{
+    if (tecla != Qt::Key_Delete)
+        ui->cmdExportar->click(); // the list takes Enter from the default button
+}
+
+Destino_Exportacao frmExportar::Escolhe_Destino()
+{
+    if (!ui->chkArquivo->isChecked()) {
+        const QString pasta =
+            Funcoes::Escolhe_Arquivo(this, {.especie = Pedido_Arquivo::Pasta,
+                                            .titulo = QStringLiteral("Selecione a pasta destino")});
+        return {{}, pasta.isEmpty() ? QString() : QString(pasta % QDir::separator())};
+    }
+    const QString arquivo = Funcoes::Escolhe_Arquivo(
+        this, {.especie = Pedido_Arquivo::Salvar,
+               .titulo = QStringLiteral("Salvar Arquivo"),
+               .filtro = QStringLiteral("Arquivo do Melodario (*.mld)|*.mld"),
+               .extensao = QStringLiteral("*.mld")});
+    return {arquivo, arquivo.left(arquivo.lastIndexOf(QDir::separator()) + 1)};
+}
+
+bool frmExportar::Exporta(const Destino_Exportacao& destino)
+{
+    Escrita escrita(*this);
+    return Exporta_Musicas(Lista_Exportar, destino, [&escrita](int posicao, int total) {
+        return escrita.Avanca(posicao, total);
+    });
+}
+
+void frmExportar::cmdExportar_Click()
+{
+    const QPointer<frmExportar> viva(this);
+    const Destino_Exportacao destino = Escolhe_Destino();
+    if (!viva || destino.pasta.isEmpty() || !Exporta(destino))
+        return;
+    if (destino.arquivo.isEmpty())
+        Funcoes::Mostra_Mensagem(this, u"Arquivos gerados com sucesso!\nLocal: " % destino.pasta,
+                                 Icone::Informacao);
+    else
+        Funcoes::Mostra_Mensagem(this, u"Arquivo gerado com sucesso!\nLocal: " % destino.arquivo,
+                                 Icone::Informacao);
+    if (viva)
+        cmdCancelar_Click();
+}
+
+void frmExportar::cmdCancelar_Click()
+{
+    close();
+}
