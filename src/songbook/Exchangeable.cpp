@@ -53,7 +53,7 @@ public:
             narrow += held;
             i += pair ? 1 : 0;
         }
-        return narrow;
+        return WithoutBreakMark(narrow);
     }
 
     QString Sheet(const QString& text)
@@ -65,6 +65,15 @@ public:
     }
 
 private:
+    /// An exchange file writes its line breaks so.
+    QString WithoutBreakMark(const QString& text)
+    {
+        if (!text.contains(u"[br]"))
+            return text;
+        m_remarks.Lost(0, u"o arquivo n\u00E3o guarda \"[br]\": ficou \"(br)\""_qs);
+        return QString(text).replace(u"[br]"_qs, u"(br)"_qs);
+    }
+
     static QString Sign(QStringView sign)
     {
         if (sign.size() == 1) {

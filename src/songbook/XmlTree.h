@@ -12,10 +12,10 @@ namespace Songbook {
 /// A node of an XML document, detached from its parser.
 struct XmlNode
 {
-    QString name;  ///< without a prefix; empty for text
-    QString text;  ///< of a text node
-    QString space; ///< the namespace of an element
-    int line = 0;  ///< where the element's start tag ends, from 1
+    QString name;                      ///< without a prefix; empty for text
+    QString text;                      ///< of a text node
+    QString space;                     ///< the namespace of an element
+    int line = 0;                      ///< where the element's start tag ends, from 1
     QMap<QString, QString> attributes; ///< by local name
     std::vector<XmlNode> children;
 

@@ -49,6 +49,7 @@ void tst_exchangeable::signsAreReplacedByTheNearest_data()
     QTest::newRow("decomposed letters are composed") << u"a\u0303"_qs << u"\u00E3"_qs;
     QTest::newRow("foreign letters lose their marks") << u"\u0158\u016F"_qs << u"Ru"_qs;
     QTest::newRow("a sign beyond the first plane is one") << u"\U0001F3B8"_qs << u"?"_qs;
+    QTest::newRow("the mark of a line break") << u"a[br]b"_qs << u"a(br)b"_qs;
     QTest::newRow("line breaks stay") << u"a\r\nb"_qs << u"a\r\nb"_qs;
 }
 
