@@ -56,8 +56,12 @@ QList<ExchangeSong> Songs(QByteArray document)
     QList<ExchangeSong> songs;
     if (!read || read->DefectCount() > 0)
         return songs;
-    for (qsizetype i = 0; i < read->Count(); ++i)
-        songs.append(read->At(i));
+    for (qsizetype i = 0; i < read->Count(); ++i) {
+        ExchangeSong song = read->At(i);
+        song.letra1->replace(u"[br]"_qs, u"\r\n"_qs);
+        song.letra2->replace(u"[br]"_qs, u"\r\n"_qs);
+        songs.append(song);
+    }
     return songs;
 }
 
