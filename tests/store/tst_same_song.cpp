@@ -1,0 +1,117 @@
+#include "store/Connection.h"
+#include "support/GeneratedSongs.h"
+#include "support/TestCatalogue.h"
+
+#include <QTest>
+
+/// Whether a song is stored already is answered from memory, as SQLite would answer it.
+class tst_same_song : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void memoryAgreesWithSqlite();
+    void changesAreSeenAtOnce();
+    void whatAnotherProgramWroteIsSeen();
+};
+
+namespace {
+
+const QStringList& Titles()
+{
+    static const QStringList titles{
+        u"Luz"_qs,      u"luz"_qs,       u"LUZ"_qs,       u"Luz "_qs,   u" Luz"_qs,
+        u"Lúz"_qs,      u"Lu\u0301z"_qs, u"Lu\u007Fz"_qs, u""_qs,       u"rossa"_qs,
+        u"roßa"_qs,     u"1a"_qs,        u"1ª"_qs,        u"Ｌｕｚ"_qs, u"歌"_qs,
+        u"d'água"_qs,   u"D'ÁGUA"_qs,    u"\u0001Luz"_qs, u"-"_qs,      u"–"_qs,
+        u"\uFEFFLuz"_qs};
+    return titles;
+}
+
+QString Quoted(QString text)
+{
+    return text.replace(u'\'', u"''"_qs);
+}
+
+QStringList Ids(Recordset rows)
+{
+    QStringList ids;
+    for (; !rows.Eof(); rows.MoveNext())
+        ids.append(rows.Fields(0).ToText());
+    return ids;
+}
+
+QStringList Asked(::Connection& connection, const QString& columns, const QString& title,
+                  const QString& reference)
+{
+    return Ids(connection.Execute(u"SELECT %1 FROM MUSICA WHERE TITULO = '"_qs.arg(columns) +
+                                  Quoted(title) + u"' AND REFERENCIA = '" + Quoted(reference) +
+                                  u"'"));
+}
+
+void Insert(::Connection& connection, const QString& title, const QString& reference)
+{
+    connection.Execute(u"INSERT INTO MUSICA (TITULO, REFERENCIA) VALUES ('"_qs + Quoted(title) +
+                       u"', '" + Quoted(reference) + u"')");
+}
+
+} // namespace
+
+void tst_same_song::memoryAgreesWithSqlite()
+{
+    const TestCatalogue catalogue;
+    ::Connection connection;
+    connection.Open(catalogue.ConnectionString());
+    connection.Execute(u"INSERT INTO MUSICA (TITULO, REFERENCIA) VALUES (NULL, 'x')"_qs);
+    SongGenerator random(3);
+    const auto any = [&] { return Titles().at(random.Below(static_cast<int>(Titles().size()))); };
+    int found = 0;
+    for (int round = 0; round < 400; ++round) {
+        const QString title = any();
+        const QString reference = any();
+        // Two columns: no shape that memory answers.
+        const QStringList expected = Asked(connection, u"ID, ID AS B"_qs, title, reference);
+        QCOMPARE(Asked(connection, u"ID"_qs, title, reference), expected);
+        found += expected.isEmpty() ? 0 : 1;
+        Insert(connection, any(), any());
+        if (round % 7 == 0)
+            connection.Execute(
+                u"UPDATE MUSICA SET TITULO = '%1' WHERE ID = %2"_qs.arg(Quoted(any()))
+                    .arg(1 + random.Below(round + 1)));
+        if (round % 11 == 0)
+            connection.Execute(
+                u"DELETE FROM MUSICA WHERE ID = %1"_qs.arg(1 + random.Below(round + 1)));
+    }
+    QVERIFY(found > 100);
+}
+
+void tst_same_song::changesAreSeenAtOnce()
+{
+    const TestCatalogue catalogue;
+    ::Connection connection;
+    connection.Open(catalogue.ConnectionString());
+    const auto asked = [&] { return Asked(connection, u"ID"_qs, u"LUZ"_qs, u"ana"_qs); };
+    QCOMPARE(asked(), QStringList());
+    Insert(connection, u"Luz"_qs, u"Ana"_qs);
+    QCOMPARE(asked(), QStringList(u"1"_qs));
+    connection.Execute(u"UPDATE MUSICA SET TITULO = 'Mar' WHERE ID = 1"_qs);
+    QCOMPARE(asked(), QStringList());
+    connection.Execute(u"UPDATE MUSICA SET TITULO = 'luz' WHERE ID = 1"_qs);
+    Insert(connection, u"Luz"_qs, u"Ana"_qs);
+    QCOMPARE(asked(), QStringList({u"1"_qs, u"2"_qs}));
+    connection.Execute(u"DELETE FROM MUSICA WHERE ID = 1"_qs);
+    QCOMPARE(asked(), QStringList(u"2"_qs));
+}
+
+void tst_same_song::whatAnotherProgramWroteIsSeen()
+{
+    const TestCatalogue catalogue;
+    ::Connection connection;
+    connection.Open(catalogue.ConnectionString());
+    QCOMPARE(Asked(connection, u"ID"_qs, u"Luz"_qs, u"Ana"_qs), QStringList());
+    catalogue.AddSong(u"luz"_qs, u"Ana"_qs);
+    QCOMPARE(Asked(connection, u"ID"_qs, u"Luz"_qs, u"Ana"_qs), QStringList(u"1"_qs));
+}
+
+QTEST_GUILESS_MAIN(tst_same_song)
+#include "tst_same_song.moc"
