@@ -57,7 +57,8 @@ void EachEncodingGivesTheTextBack(const QString& any)
     text.remove(QChar(0));
     text = QString::fromUtf8(text.toUtf8()); // no half characters
     const QByteArray utf8 = text.toUtf8();
-    const auto encoded = [&text](QStringConverter::Encoding encoding, const char* mark) {
+    const auto encoded = [&text](QStringConverter::Encoding encoding,
+                                 const char* mark) -> QByteArray {
         QStringEncoder encoder(encoding);
         const QByteArray bytes = encoder.encode(text);
         return QByteArray(mark) + bytes;

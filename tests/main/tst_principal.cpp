@@ -1,6 +1,7 @@
 #include "PrincipalTeste.h"
 
 #include "controls/RecordingDialogs.h"
+#include "controls/RecordingFileDialogs.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Version.h"
 
@@ -65,6 +66,7 @@ private:
 
     std::unique_ptr<TestCatalogue> m_catalogo;
     std::unique_ptr<RecordingDialogs> m_caixas;
+    RecordingFileDialogs m_escolhas; ///< every picker is cancelled
     std::unique_ptr<PrincipalTeste> m_form;
 };
 
