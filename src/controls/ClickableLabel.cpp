@@ -82,6 +82,7 @@ void ClickableLabel::paintEvent(QPaintEvent* event)
     QStylePainter painter(this);
     QStyleOptionFocusRect option;
     option.initFrom(this);
+    option.state |= QStyle::State_KeyboardFocusChange; // Fusion draws the frame for keys only
     painter.drawPrimitive(QStyle::PE_FrameFocusRect, option);
 }
 
