@@ -79,10 +79,10 @@ private:
 
     void Habilita(bool sim)
     {
-        Ui::frmExportar& ui = *m_form->ui;
-        for (QWidget* controle :
-             {static_cast<QWidget*>(ui.chkArquivo), static_cast<QWidget*>(ui.cmdExportar),
-              static_cast<QWidget*>(ui.cmdCancelar)})
+        Ui::frmExportar& controles = *m_form->ui;
+        for (QWidget* controle : {static_cast<QWidget*>(controles.chkArquivo),
+                                  static_cast<QWidget*>(controles.cmdExportar),
+                                  static_cast<QWidget*>(controles.cmdCancelar)})
             controle->setEnabled(sim);
     }
 
