@@ -72,7 +72,7 @@ private:
         qsizetype length = 0;
         while (length < m_rest.size() && length < 2 && IsDigit(m_rest[length]))
             ++length;
-        const QString digits = m_rest.first(length).toString();
+        QString digits = m_rest.first(length).toString();
         m_rest = m_rest.sliced(length);
         return digits;
     }

@@ -36,7 +36,7 @@ QString Structure(const QString& code)
 /// The chord of an element: a name as it is written, or root, structure and bass.
 QString ChordOf(const XmlNode& chord)
 {
-    const QString name = chord.attributes.value(u"name"_qs);
+    QString name = chord.attributes.value(u"name"_qs);
     if (!name.isEmpty())
         return name;
     const QString root = chord.attributes.value(u"root"_qs);
