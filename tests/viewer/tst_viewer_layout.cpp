@@ -271,7 +271,7 @@ void tst_viewer_layout::aTinyFormHasNoNegativeWidths()
     viewer->resize(size);
     QCOMPARE(viewer->size(), size);
     for (const char* name : {"lblTitulo", "lblTom", "lblReferencia", "lblTemas"}) {
-        const auto* label = In<RotuloCabecalho>(viewer, name);
+        const auto* label = In<QLabel>(viewer, name);
         QVERIFY2(label->width() >= 0, name);
         QVERIFY2(label->x() >= 0, name);
         QVERIFY2(label->maximumWidth() >= 0, name);
