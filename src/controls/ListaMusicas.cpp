@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 
 #include <algorithm>
 
@@ -43,14 +44,21 @@ void ListaMusicas::SetView(int vista)
 
 void ListaMusicas::Preenche(std::vector<LinhaMusica> linhas)
 {
-    ForgetSorting();
+    Volta_Ao_Inicio();
     m_modelo->Preenche(std::move(linhas));
 }
 
 void ListaMusicas::Preenche_De(std::shared_ptr<const FonteMusicas> fonte)
 {
-    ForgetSorting();
+    Volta_Ao_Inicio();
     m_modelo->Preenche_De(std::move(fonte));
+}
+
+void ListaMusicas::Volta_Ao_Inicio()
+{
+    ForgetSorting();
+    // A list that is held keeps its bar while it is emptied, and with it the place in the old rows.
+    verticalScrollBar()->setValue(0);
 }
 
 void ListaMusicas::Segura(bool segura)

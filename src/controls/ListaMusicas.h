@@ -33,7 +33,7 @@ public:
 
     void Limpa() { Preenche({}); }
 
-    /// Replaces all rows; nothing is selected afterwards.
+    /// Replaces all rows; nothing is selected afterwards, and the first row is the topmost.
     void Preenche(std::vector<LinhaMusica> linhas);
     void Preenche_De(std::shared_ptr<const FonteMusicas> fonte);
 
@@ -80,6 +80,7 @@ protected:
 
 private:
     void Arruma_Cabecalho();
+    void Volta_Ao_Inicio();
     void Reparte_Colunas();
     void Guarda_Proporcao(int coluna, int largura);
     void Relata_Falha(const std::exception_ptr& falha);

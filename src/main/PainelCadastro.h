@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 
 class ClickableLabel;
 class Recordset;
@@ -69,7 +70,8 @@ private:
     // Loading.
     void Prepara_Musica_Nova();
     void Carrega_Musica(double id);
-    void Mostra_Musica(const Recordset& musica, double id);
+    std::optional<std::array<QString, 2>> Carrega_Dados(double id);
+    void Mostra_Letras(const std::array<QString, 2>& letras);
     std::function<void()> Guarda_Estado();
     void Preenche_Tons(const Value& selecao);
     void Preenche_Variacoes(const Value& selecao);

@@ -71,6 +71,22 @@ void PainelCadastro::Prepara_Musica_Nova()
 
 void PainelCadastro::Carrega_Musica(double id)
 {
+    const auto devolve = Guarda_Estado();
+    try {
+        if (const auto letras = Carrega_Dados(id))
+            Mostra_Letras(*letras);
+    } catch (...) {
+        // Half of one song and half of another could be saved over either.
+        devolve();
+        throw;
+    }
+}
+
+/// Reads all that the panel shows of a song and shows what is drawn quickly. Another program that
+/// wants to write waits for as long.
+/// @return both versions of the song's text; nothing when there is no such song
+std::optional<std::array<QString, 2>> PainelCadastro::Carrega_Dados(double id)
+{
     // A song and its themes as they belong together, whatever another program is about to change.
     const Connection::Snapshot umEstado(Conexao);
     Carrega_Notas();
@@ -79,34 +95,27 @@ void PainelCadastro::Carrega_Musica(double id)
     // shared recordset.
     const Recordset musica = Conexao.Execute(SQL);
     if (musica.Eof())
-        return;
-    const auto devolve = Guarda_Estado();
-    try {
-        Mostra_Musica(musica, id);
-    } catch (...) {
-        // Half of one song and half of another could be saved over either.
-        devolve();
-        throw;
-    }
-}
-
-void PainelCadastro::Mostra_Musica(const Recordset& musica, double id)
-{
+        return std::nullopt;
     Guarda_Identidade(Number::ToText(id));
     Habilita_Musica_Guardada(true);
     ui->txtCadTitulo->setText(musica.Fields(u"TITULO").ToText());
     ui->txtCadReferencia->setText(musica.Fields(u"REFERENCIA").ToText());
     Preenche_Tons(musica.Fields(u"TOM"));
     Preenche_Variacoes(musica.Fields(u"VARIACAO"));
-    const QString versao1 = musica.Fields(u"MUSICA").ToText();
-    QString versao2 = musica.Fields(u"MUSICA2").ToText();
-    if (versao2.isEmpty())
-        versao2 = versao1;
-    txtCadLetra[0]->SetTextRTF(Monta_Cifra(versao1, 0, AjusteFonte, true));
-    txtCadLetra[1]->SetTextRTF(Monta_Cifra(versao2, 0, AjusteFonte, true));
+    std::array<QString, 2> letras{musica.Fields(u"MUSICA").ToText(),
+                                  musica.Fields(u"MUSICA2").ToText()};
+    if (letras[1].isEmpty())
+        letras[1] = letras[0];
     Preenche_Categorias(
         Number::ToInteger(static_cast<double>(musica.Fields(u"CATEGORIA").ToNumber())) - 1);
     Preenche_Temas(Temas_Da_Musica(id));
+    return letras;
+}
+
+void PainelCadastro::Mostra_Letras(const std::array<QString, 2>& letras)
+{
+    for (std::size_t i = 0; i < letras.size(); ++i)
+        txtCadLetra[i]->SetTextRTF(Monta_Cifra(letras[i], 0, AjusteFonte, true));
 }
 
 void PainelCadastro::Preenche_Tons(const Value& selecao)

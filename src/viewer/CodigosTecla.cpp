@@ -63,15 +63,77 @@ constexpr std::array Sinais = {
     Sinal{Qt::Key_onehalf, 20, 189},
 };
 
-/// @return the number of the key at a place, where that has a letter or the sign is one of Sinais
-int Do_Lugar(int tecla, quint32 lugar)
+// Signs that AltGr, with Shift or without, gives on the keys of letters: of the Brazilian, the
+// Portuguese, the Polish and the international keyboard. Letters are capitals, as keys are named.
+struct Terceiros
+{
+    char letra;
+    std::u32string_view sinais;
+};
+
+constexpr std::array TerceirosSinais = {
+    Terceiros{'A', U"ÆÁĄ"}, Terceiros{'B', U"”’"},    Terceiros{'C', U"₢¢©Ć"},
+    Terceiros{'D', U"Ð"},   Terceiros{'E', U"€°¢ÉĘ"}, Terceiros{'F', U"Đª"},
+    Terceiros{'G', U"Ŋ"},   Terceiros{'H', U"Ħ"},     Terceiros{'I', U"→Í"},
+    Terceiros{'K', U"ĸ&"},  Terceiros{'L', U"ŁØ"},    Terceiros{'M', U"µº"},
+    Terceiros{'N', U"ÑŃ"},  Terceiros{'O', U"ØÓ"},    Terceiros{'P', U"ÞÖ"},
+    Terceiros{'Q', U"/@Ä"}, Terceiros{'R', U"®¶"},    Terceiros{'S', U"ß§ẞŚ"},
+    Terceiros{'T', U"ŦÞ"},  Terceiros{'U', U"↓↑Ú"},   Terceiros{'V', U"“‘"},
+    Terceiros{'W', U"?ŁÅ"}, Terceiros{'X', U"»Ź"},    Terceiros{'Y', U"←¥Ü"},
+    Terceiros{'Z', U"«ÆŻ"},
+};
+
+constexpr quint32 LugarEspaco = 65;
+constexpr char32_t UltimoSinal = 0x10FFFF; // numbers beyond are keys that type nothing
+
+/// @return the letter of the key at a place, or Desconhecida
+int Letra_Do_Lugar(quint32 lugar)
 {
     for (const Fileira& fileira : Fileiras)
         if (lugar >= fileira.primeira && lugar - fileira.primeira < fileira.letras.size())
             return fileira.letras[lugar - fileira.primeira];
+    return CodigosTecla::Desconhecida;
+}
+
+/// @return the number of a key without a letter that types this sign, or Desconhecida
+int Do_Sinal(int tecla, quint32 lugar)
+{
+    // With AltGr or Shift some keyboards type a blank that does not break.
+    if (lugar == LugarEspaco)
+        return Qt::Key_Space;
     const auto sinal = std::ranges::find_if(
         Sinais, [&](const Sinal& s) { return s.tecla == tecla && s.lugar == lugar; });
     return sinal == Sinais.end() ? CodigosTecla::Desconhecida : sinal->codigo;
+}
+
+/// @return whether a sign tells that AltGr is held on the key of a letter
+bool E_De_AltGr(int tecla, int letra)
+{
+    const auto terceiros = std::ranges::find(TerceirosSinais, letra, &Terceiros::letra);
+    return terceiros != TerceirosSinais.end() &&
+           terceiros->sinais.find(static_cast<char32_t>(tecla)) != std::u32string_view::npos;
+}
+
+/// @return whether a key types a letter of another script. Its keyboards have each on the key of a
+///         Latin one, while signs and letters with accents lie anywhere.
+bool E_De_Outra_Escrita(int tecla)
+{
+    const auto sinal = static_cast<char32_t>(tecla);
+    if (sinal > UltimoSinal || !QChar::isLetter(sinal))
+        return false;
+    const QChar::Script escrita = QChar::script(sinal);
+    return escrita != QChar::Script_Latin && escrita != QChar::Script_Common;
+}
+
+bool Segura_AltGr(const QKeyEvent& tecla)
+{
+#ifdef Q_OS_WIN
+    constexpr quint32 Quinto = 0; // there it is Ctrl and Alt anyway
+#else
+    constexpr quint32 Quinto = 0x80; // the modifier that the platform has it under
+#endif
+    return tecla.modifiers().testFlag(Qt::GroupSwitchModifier) ||
+           (tecla.nativeModifiers() & Quinto) != 0;
 }
 
 template <typename Pares>
@@ -114,6 +176,8 @@ CodigosTecla::Pressao CodigosTecla::Le_Tecla(const QKeyEvent& tecla)
     constexpr int AltGr = 2 + 4;
     const Qt::KeyboardModifiers modificadores = tecla.modifiers();
     Pressao lida{Codigo(tecla.key(), modificadores), Estado_Shift(modificadores)};
+    if (Segura_AltGr(tecla))
+        lida.shift |= AltGr;
     if (lida.codigo != Desconhecida)
         return lida;
 #ifdef Q_OS_WIN
@@ -121,10 +185,17 @@ CodigosTecla::Pressao CodigosTecla::Le_Tecla(const QKeyEvent& tecla)
     const quint32 numero = tecla.nativeVirtualKey();
     lida.codigo = numero > 0 && numero < Desconhecida ? static_cast<int>(numero) : Desconhecida;
 #else
-    lida.codigo = Do_Lugar(tecla.key(), tecla.nativeScanCode());
-#endif
-    // A letter's key that types no letter: that is what AltGr is for.
-    if (lida.codigo <= 'Z')
+    const quint32 lugar = tecla.nativeScanCode();
+    const int letra = Letra_Do_Lugar(lugar);
+    if (letra == Desconhecida) {
+        lida.codigo = Do_Sinal(tecla.key(), lugar);
+    } else if (E_De_AltGr(tecla.key(), letra)) {
+        // The platform may keep to itself that AltGr is held.
         lida.shift |= AltGr;
+        lida.codigo = letra;
+    } else if ((lida.shift & AltGr) == AltGr || E_De_Outra_Escrita(tecla.key())) {
+        lida.codigo = letra;
+    }
+#endif
     return lida;
 }

@@ -29,7 +29,8 @@ struct Pressao
 
 /// Reads a press. A key that types a sign without a number (AltGr+S types ß on a Brazilian
 /// keyboard) still has the number of its letter: where the sign does not tell it, the key's place
-/// on the keyboard does.
+/// on the keyboard does. That holds for what AltGr gives and for letters of other scripts; a sign
+/// or an accented letter that a keyboard has there without AltGr is no such letter.
 Pressao Le_Tecla(const QKeyEvent& tecla);
 
 } // namespace CodigosTecla

@@ -55,7 +55,7 @@ void frmVisualizar::Arruma_Cabecalho()
 
 void frmVisualizar::Encurta_Cabecalho()
 {
-    const int fim = Twips::FromPixels(ui->lblCont->x()) - Margem;
+    const int fim = std::max(Twips::FromPixels(ui->lblCont->x()) - Margem, 0);
     int uso = Margem + Largura(ui->lblTitulo) + Espaco + Largura(ui->lblTom);
     int adiante = 0; // up to here there is something to be seen
     for (const RotuloCabecalho* rotulo : {ui->lblReferencia, ui->lblTemas}) {

@@ -72,7 +72,8 @@ void frmVisualizar::Arruma_Controles()
 }
 
 /// The desktop may give the form another size than it asks for: a panel, tiles, a screen that goes.
-/// Where the sheet stands is not changed by that, only how far it can go.
+/// Where the sheet stands is not changed by that, only how far it can go: at an end that comes
+/// nearer, it stands at the end.
 void frmVisualizar::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
@@ -81,6 +82,8 @@ void frmVisualizar::resizeEvent(QResizeEvent* event)
     Arruma_Controles();
     Arruma_Cabecalho();
     Guarda_Limite_Rolagem(Caixa(Versao));
+    double& posicao = Posicao.at(static_cast<std::size_t>(Versao));
+    posicao = std::min(posicao, Limite_Rolagem());
 }
 
 void frmVisualizar::Posiciona_Faixa()

@@ -29,6 +29,7 @@ private slots:
     void focus_is_told();
     void another_window_takes_no_focus_from_a_box();
     void focus_moved_behind_another_window_is_told();
+    void a_box_that_goes_with_the_focus_tells_nothing();
     void pasted_text_ends_at_its_first_line_break_data();
     void pasted_text_ends_at_its_first_line_break();
     void the_menu_pastes_one_line_too();
@@ -166,6 +167,26 @@ void tst_text_box::focus_moved_behind_another_window_is_told()
     QTRY_VERIFY(after.hasFocus());
     QCOMPARE(lost.size(), 1);
     QCOMPARE(got.size(), 1);
+}
+
+/// Somebody passes the focus on at once, while the box is half gone.
+void tst_text_box::a_box_that_goes_with_the_focus_tells_nothing()
+{
+    QWidget form;
+    QLineEdit next(&form);
+    auto* box = new TextBox(&form);
+    form.show();
+    QVERIFY(QTest::qWaitForWindowActive(&form));
+    box->setFocus();
+    QVERIFY(box->hasFocus());
+    QSignalSpy lost(box, &TextBox::LostFocus);
+    connect(qApp, &QApplication::focusChanged, &next, [&](QWidget*, const QWidget* now) {
+        if (!now)
+            next.setFocus();
+    });
+    delete box;
+    QVERIFY(next.hasFocus());
+    QCOMPARE(lost.size(), 0);
 }
 
 void tst_text_box::pasted_text_ends_at_its_first_line_break_data()

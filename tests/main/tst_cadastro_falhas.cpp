@@ -30,6 +30,7 @@ private slots:
     void aLoadThatFailsLeavesTheSongBefore();
     void aLoadThatFailsKeepsWhatWasTyped();
     void aCatalogueInUseLeavesTheSongBefore();
+    void anotherProgramDoesNotWaitForTheSheets();
     void anotherProgramWaitsForALoad_data();
     void anotherProgramWaitsForALoad();
     void aCategoryThatIsNoneLeavesTheSongBefore_data();
@@ -371,6 +372,25 @@ void tst_cadastro_falhas::anotherProgramWaitsForALoad()
     QVERIFY(RunHandler([&] { m_form->Inicializa_Cadastro(static_cast<double>(id)); }));
     QCOMPARE(Texto("txtCadTitulo"), u"Sol"_qs);
     QCOMPARE(Temas_Marcados(), QStringList(u"Natal"_qs));
+}
+
+/// They take longest to draw, and all of the song is read by then.
+void tst_cadastro_falhas::anotherProgramDoesNotWaitForTheSheets()
+{
+    const qint64 id = Luz();
+    Carrega();
+    PlainSqlite outro(m_catalogo->Path());
+    QList<bool> gravou;
+    for (const int versao : {0, 1})
+        connect(Caixa(versao), &QTextEdit::textChanged, m_form.get(), [&] {
+            gravou.append(outro.RunUnlessLocked("UPDATE MUSICA SET TITULO = TITULO || 'x'"));
+        });
+    QVERIFY(RunHandler([&] { m_form->Inicializa_Cadastro(static_cast<double>(id)); }));
+    QVERIFY(gravou.size() >= 2);
+    QVERIFY(!gravou.contains(false));
+    QCOMPARE(Texto("txtCadTitulo"), u"Luz"_qs);
+    QCOMPARE(Letra(0), u"C\r\nLuz"_qs);
+    QCOMPARE(Temas_Marcados(), QStringList(u"Louvor"_qs));
 }
 
 void tst_cadastro_falhas::aCategoryThatIsNoneLeavesTheSongBefore_data()

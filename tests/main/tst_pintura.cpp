@@ -1,5 +1,7 @@
 #include "PesquisaTeste.h"
 
+#include "runtime/RuntimeError.h"
+
 #include <QScrollBar>
 
 namespace {
@@ -39,6 +41,7 @@ private slots:
     void listKeepsItsLastPictureWhileSearching();
     void listIsPaintedWhileABoxStandsOpen();
     void aLongListIsPaintedOnceAndKeepsItsBar();
+    void aFailedSearchLeavesAnEmptyListThatIsPainted();
     void theBarGoesWithTheRowsAndComesWithThem();
 };
 
@@ -119,13 +122,43 @@ void tst_pintura::aLongListIsPaintedOnceAndKeepsItsBar()
     Musica(u"Aboio"_qs);
     Carrega();
     QTest::qWait(50);
+    QScrollBar* barra = m_lista->verticalScrollBar();
+    barra->setValue(100);
+    QCOMPARE(barra->value(), 100);
+    QTest::qWait(50);
     Pinturas pinturas(*m_lista);
     Clica_Letra(1);
     QTRY_VERIFY(!pinturas.linhas.isEmpty());
     QTest::qWait(50);
     QCOMPARE(pinturas.linhas, QList<int>{200});
     QCOMPARE(pinturas.larguras, 0);
-    QVERIFY(m_lista->verticalScrollBar()->isVisible());
+    QVERIFY(barra->isVisible());
+    QCOMPARE(barra->value(), 0);
+}
+
+void tst_pintura::aFailedSearchLeavesAnEmptyListThatIsPainted()
+{
+    for (int i = 0; i < 200; ++i)
+        Musica(u"Bossa %1"_qs.arg(i));
+    Carrega();
+    QTest::qWait(50);
+    QScrollBar* barra = m_lista->verticalScrollBar();
+    barra->setValue(100);
+    Pinturas pinturas(*m_lista);
+    Funcoes::Conexao.SetStatementHook([](const QString& sql) {
+        if (sql.startsWith(u"SELECT DISTINCT"))
+            throw RuntimeError(RuntimeError::StoreFailure, u"falhou"_qs, QString());
+    });
+    Clica_Letra(1);
+    Funcoes::Conexao.SetStatementHook({});
+    QTRY_VERIFY(pinturas.linhas.contains(0));
+    QTRY_VERIFY(!barra->isVisible());
+    QVERIFY(m_lista->updatesEnabled());
+    QVERIFY(!m_lista->Segurada());
+    Clica_Letra(1);
+    QTRY_VERIFY(barra->isVisible());
+    QCOMPARE(m_lista->ListCount(), 200);
+    QCOMPARE(barra->value(), 0);
 }
 
 void tst_pintura::theBarGoesWithTheRowsAndComesWithThem()

@@ -1,5 +1,7 @@
 #include "store/Connection.h"
+#include "store/Failed.h"
 #include "support/GeneratedSongs.h"
+#include "support/PlainSqlite.h"
 #include "support/TestCatalogue.h"
 
 #include <QTest>
@@ -12,6 +14,9 @@ class tst_same_song : public QObject
 private slots:
     void memoryAgreesWithSqlite();
     void changesAreSeenAtOnce();
+    void aSongIsFoundUnderItsNewName_data();
+    void aSongIsFoundUnderItsNewName();
+    void whatIsUndoneIsForgotten();
     void whatAnotherProgramWroteIsSeen();
 };
 
@@ -20,11 +25,11 @@ namespace {
 const QStringList& Titles()
 {
     static const QStringList titles{
-        u"Luz"_qs,      u"luz"_qs,       u"LUZ"_qs,       u"Luz "_qs,   u" Luz"_qs,
-        u"Lúz"_qs,      u"Lu\u0301z"_qs, u"Lu\u007Fz"_qs, u""_qs,       u"rossa"_qs,
-        u"roßa"_qs,     u"1a"_qs,        u"1ª"_qs,        u"Ｌｕｚ"_qs, u"歌"_qs,
-        u"d'água"_qs,   u"D'ÁGUA"_qs,    u"\u0001Luz"_qs, u"-"_qs,      u"–"_qs,
-        u"\uFEFFLuz"_qs};
+        u"Luz"_qs,       u"luz"_qs,       u"LUZ"_qs,       u"Luz "_qs,   u" Luz"_qs,
+        u"Lúz"_qs,       u"Lu\u0301z"_qs, u"Lu\u007Fz"_qs, u""_qs,       u"rossa"_qs,
+        u"roßa"_qs,      u"1a"_qs,        u"1ª"_qs,        u"Ｌｕｚ"_qs, u"歌"_qs,
+        u"d'água"_qs,    u"D'ÁGUA"_qs,    u"\u0001Luz"_qs, u"-"_qs,      u"–"_qs,
+        u"\uFEFFLuz"_qs, u"Привет"_qs,    u"привет"_qs,    u"d’água"_qs};
     return titles;
 }
 
@@ -101,6 +106,71 @@ void tst_same_song::changesAreSeenAtOnce()
     QCOMPARE(asked(), QStringList({u"1"_qs, u"2"_qs}));
     connection.Execute(u"DELETE FROM MUSICA WHERE ID = 1"_qs);
     QCOMPARE(asked(), QStringList(u"2"_qs));
+}
+
+void tst_same_song::aSongIsFoundUnderItsNewName_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("asked");
+    QTest::newRow("plain") << u"Mar"_qs << u"MAR"_qs;
+    QTest::newRow("accents") << u"Água"_qs << u"a\u0301gua"_qs;
+    QTest::newRow("sharp s") << u"Straße"_qs << u"straße"_qs;
+    QTest::newRow("printed apostrophe") << u"D’Água"_qs << u"d’água"_qs;
+    QTest::newRow("Cyrillic") << u"Привет"_qs << u"привет"_qs;
+    QTest::newRow("Greek") << u"Φως"_qs << u"φως"_qs;
+}
+
+/// Whoever renamed it.
+void tst_same_song::aSongIsFoundUnderItsNewName()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, asked);
+    const TestCatalogue catalogue;
+    ::Connection connection;
+    connection.Open(catalogue.ConnectionString());
+    Insert(connection, u"Luz"_qs, u"Ana"_qs);
+    Insert(connection, u"Sol"_qs, u"Ana"_qs);
+    connection.CommitBatch();
+    const auto found = [&](const QString& title) {
+        return Asked(connection, u"ID"_qs, title, u"Ana"_qs);
+    };
+    QCOMPARE(found(asked), QStringList());
+    connection.Execute(u"UPDATE MUSICA SET TITULO = '%1' WHERE ID = 1"_qs.arg(Quoted(name)));
+    connection.CommitBatch();
+    QCOMPARE(found(asked), QStringList(u"1"_qs));
+    QCOMPARE(found(u"Luz"_qs), QStringList());
+    catalogue.Run(u"UPDATE MUSICA SET TITULO = '%1' WHERE ID = 2"_qs.arg(Quoted(name)));
+    QCOMPARE(found(asked), QStringList({u"1"_qs, u"2"_qs}));
+    catalogue.Run(u"DELETE FROM MUSICA WHERE ID = 1"_qs);
+    QCOMPARE(found(asked), QStringList(u"2"_qs));
+    connection.Execute(u"UPDATE MUSICA SET REFERENCIA = 'Bia' WHERE ID = 2"_qs);
+    QCOMPARE(found(asked), QStringList());
+    QCOMPARE(Asked(connection, u"ID"_qs, asked, u"BIA"_qs), QStringList(u"2"_qs));
+}
+
+/// While another program reads, a commit has to give up, and undoes the batch.
+void tst_same_song::whatIsUndoneIsForgotten()
+{
+    const TestCatalogue catalogue;
+    ::Connection connection;
+    connection.Open(catalogue.ConnectionString());
+    Insert(connection, u"Luz"_qs, u"Ana"_qs);
+    connection.CommitBatch();
+    const auto found = [&](const QString& title) {
+        return Asked(connection, u"ID"_qs, title, u"Ana"_qs);
+    };
+    QCOMPARE(found(u"Luz"_qs), QStringList(u"1"_qs));
+    connection.Execute(u"UPDATE MUSICA SET TITULO = 'Mar' WHERE ID = 1"_qs);
+    Insert(connection, u"Sol"_qs, u"Ana"_qs);
+    QCOMPARE(found(u"Mar"_qs), QStringList(u"1"_qs));
+    QCOMPARE(found(u"Sol"_qs), QStringList(u"2"_qs));
+    PlainSqlite reader(catalogue.Path());
+    reader.Run("BEGIN; SELECT count(*) FROM MUSICA");
+    QVERIFY(Failed([&] { connection.CommitBatch(); }).number != 0);
+    reader.Run("COMMIT");
+    QCOMPARE(found(u"Luz"_qs), QStringList(u"1"_qs));
+    QCOMPARE(found(u"Mar"_qs), QStringList());
+    QCOMPARE(found(u"Sol"_qs), QStringList());
 }
 
 void tst_same_song::whatAnotherProgramWroteIsSeen()

@@ -1,5 +1,7 @@
 #include "runtime/RuntimeError.h"
 #include "store/CatalogueSchema.h"
+#include "store/Failed.h"
+#include "store/RecordsetFields.h"
 #include "store/RecordsetRows.h"
 #include "store/SearchText.h"
 #include "store/dialect/Dialect.h"
@@ -31,15 +33,21 @@ private slots:
     void readsLyricsInSlices();
     void readsLyricsWhileNobodySearches();
     void answersTitlesWithoutRoomForLyrics();
+    void leavesLyricsToSqliteWhenTitlesTakeTheirRoom();
+    void leavesTheSameSongToSqliteWithoutRoom();
     void answersNothingWithoutRoom();
     void givesTheRoomOfManyChangesBack();
     void readsOnlyTheTextsOfShownSongsThatGo_data();
     void readsOnlyTheTextsOfShownSongsThatGo();
     void readsNoTextWhenItGoes();
     void aHeldFileIsWaitedForOnce();
+    void findsTheSameSongWithoutReading();
+    void readsAChangedSongAloneForTheSameSong();
 
 private:
     bool Answers(SongShelf& shelf, const SearchText& search = {});
+    static QStringList SameAs(SongShelf& shelf, QString title);
+    QStringList Titles() const;
     int Runs(const QString& beginning) const;
 
     static constexpr int Songs = 300;
@@ -88,6 +96,31 @@ bool tst_shelf::Answers(SongShelf& shelf, const SearchText& search)
     static const Schema schema = CatalogueSchema();
     const auto rows = shelf.Answer(*SongSearch::Recognise(ReadStatement(search.Sql(), schema)));
     return rows && Recordset(rows).RecordCount() == Songs;
+}
+
+/// @return the IDs of the songs of that title by Ana
+QStringList tst_shelf::SameAs(SongShelf& shelf, QString title)
+{
+    const QString sql = u"SELECT ID FROM MUSICA WHERE TITULO = '"_qs +
+                        title.replace(u'\'', u"''"_qs) + u"' AND REFERENCIA = 'Ana'";
+    const auto rows = shelf.Answer(*SameSong::Recognise(ReadStatement(sql, CatalogueSchema())));
+    QStringList ids;
+    for (const QStringList& song : AllFields(Recordset(rows)))
+        ids.append(song.at(0));
+    return ids;
+}
+
+/// @return the titles as a search for all songs shows them
+QStringList tst_shelf::Titles() const
+{
+    SongShelf shelf(m_database, *m_statements);
+    const Schema schema = CatalogueSchema();
+    const auto rows =
+        shelf.Answer(*SongSearch::Recognise(ReadStatement(SearchText{}.Sql(), schema)));
+    QStringList titles;
+    for (const QStringList& song : AllFields(Recordset(rows)))
+        titles.append(song.at(1));
+    return titles;
 }
 
 int tst_shelf::Runs(const QString& beginning) const
@@ -196,6 +229,37 @@ void tst_shelf::answersTitlesWithoutRoomForLyrics()
     QVERIFY(Answers(shelf));
 }
 
+/// The lyrics just fit, and go when the same search has the titles folded.
+void tst_shelf::leavesLyricsToSqliteWhenTitlesTakeTheirRoom()
+{
+    std::size_t room = 0;
+    {
+        SongShelf shelf(m_database, *m_statements);
+        QVERIFY(Answers(shelf, {.lyrics = u"a"_qs}));
+        room = shelf.Size();
+    }
+    SongShelf shelf(m_database, *m_statements, room);
+    QVERIFY(!Answers(shelf, {.title = u"a"_qs, .lyrics = u"a"_qs}));
+    QVERIFY(shelf.Size() <= room);
+    QVERIFY(!Answers(shelf, {.lyrics = u"a"_qs}));
+    QVERIFY(Answers(shelf));
+}
+
+void tst_shelf::leavesTheSameSongToSqliteWithoutRoom()
+{
+    std::size_t room = 0;
+    {
+        SongShelf shelf(m_database, *m_statements);
+        QVERIFY(Answers(shelf));
+        room = shelf.Size();
+    }
+    SongShelf shelf(m_database, *m_statements, room);
+    QVERIFY(Answers(shelf));
+    const QString sql = u"SELECT ID FROM MUSICA WHERE TITULO = 'A' AND REFERENCIA = 'Ana'"_qs;
+    QVERIFY(!shelf.Answer(*SameSong::Recognise(ReadStatement(sql, CatalogueSchema()))));
+    QVERIFY(shelf.Size() <= room);
+}
+
 void tst_shelf::answersNothingWithoutRoom()
 {
     constexpr std::size_t room = std::size_t{20} * 1024;
@@ -239,10 +303,21 @@ void tst_shelf::readsNoTextWhenItGoes()
     const Schema schema = CatalogueSchema();
     const auto shown =
         shelf->Answer(*SongSearch::Recognise(ReadStatement(SearchText{}.Sql(), schema)));
+    const QStringList titles = Titles();
     m_run.clear();
     shelf.reset();
     QCOMPARE(m_run, QStringList());
     QCOMPARE(shown->Count(), Songs);
+    // What was in memory stays; a text that nobody had read is gone, and says so.
+    Recordset rows(shown);
+    for (const QString& title : titles) {
+        QCOMPARE(rows.Fields(u"TITULO").ToText(), title);
+        rows.MoveNext();
+    }
+    QVERIFY(rows.Eof());
+    rows.MoveTo(0);
+    QCOMPARE(Failed([&] { rows.Fields(u"MUSICA"); }).number, int{RuntimeError::ObjectClosed});
+    QCOMPARE(m_run, QStringList());
 }
 
 void tst_shelf::aHeldFileIsWaitedForOnce()
@@ -269,6 +344,40 @@ void tst_shelf::givesTheRoomOfManyChangesBack()
             QVERIFY(Answers(shelf));
     }
     QVERIFY(shelf.Size() < 4 * size);
+}
+
+void tst_shelf::findsTheSameSongWithoutReading()
+{
+    SongShelf shelf(m_database, *m_statements);
+    QCOMPARE(SameAs(shelf, u"Nada"_qs), QStringList());
+    QCOMPARE(Runs(AllSongs), 1);
+    sqlite3_exec(m_database, "UPDATE MUSICA SET REFERENCIA = 'Ana'", nullptr, nullptr, nullptr);
+    QCOMPARE(SameAs(shelf, u"Nada"_qs), QStringList());
+    m_run.clear();
+    const QList<QStringList> songs =
+        PlainSqlite(m_catalogue.Path()).Rows(u"SELECT ID, TITULO FROM MUSICA"_qs);
+    for (const QStringList& song : songs)
+        QVERIFY(SameAs(shelf, song.at(1)).contains(song.at(0)));
+    // Whether anything has changed is all that is asked.
+    m_run.removeIf([](const QString& sql) { return !sql.contains(u"FROM"); });
+    QCOMPARE(m_run, QStringList());
+    sqlite3_exec(m_database, "UPDATE MUSICA SET REFERENCIA = NULL", nullptr, nullptr, nullptr);
+}
+
+void tst_shelf::readsAChangedSongAloneForTheSameSong()
+{
+    SongShelf shelf(m_database, *m_statements);
+    QCOMPARE(SameAs(shelf, u"Nada"_qs), QStringList());
+    for (const char* change : {"UPDATE MUSICA SET REFERENCIA = 'Ana' WHERE ID = 5",
+                               "INSERT INTO MUSICA (ID, TITULO) VALUES (1000, 'Nova')",
+                               "DELETE FROM MUSICA WHERE ID = 1000",
+                               "UPDATE MUSICA SET REFERENCIA = NULL WHERE ID = 5"}) {
+        sqlite3_exec(m_database, change, nullptr, nullptr, nullptr);
+        m_run.clear();
+        QCOMPARE(SameAs(shelf, u"Nada"_qs), QStringList());
+        QCOMPARE(Runs(OneSong), 1);
+        QCOMPARE(Runs(AllSongs), 0);
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_shelf)

@@ -226,15 +226,19 @@ void tst_shelf_changes::keepsAResultWhileItsSongsChange()
                                                      u""_qs, u"2"_qs, u"coração"_qs}));
 }
 
-/// Its texts were never read: closing does not wait for them.
+/// A text that changed was kept before it went; the others were never read, and closing does not
+/// wait for them.
 void tst_shelf_changes::keepsAResultThatOutlivesTheConnection()
 {
-    const Recordset before = m_connection->Execute(SearchText{}.Sql());
+    Recordset before = m_connection->Execute(SearchText{}.Sql());
     Change(u"UPDATE MUSICA SET MUSICA = 'novo' WHERE ID = 01"_qs);
     m_connection->Close();
     QCOMPARE(before.RecordCount(), 2);
     QCOMPARE(before.Fields(u"TITULO"), Value(u"Amor"_qs));
     QCOMPARE(Failed([&] { before.Fields(u"MUSICA"); }).number, int{RuntimeError::ObjectClosed});
+    before.MoveNext();
+    QCOMPARE(before.Fields(u"TITULO"), Value(u"Luz"_qs));
+    QCOMPARE(before.Fields(u"MUSICA"), Value(u"brilha"_qs));
 }
 
 void tst_shelf_changes::keepsTheTextsOfSongsThatAreDeleted()

@@ -217,6 +217,7 @@ private slots:
     void everyCodeHasItsKeys();
     void aKeysPlaceTellItsLetter_data();
     void aKeysPlaceTellItsLetter();
+    void thePlatformTellsThatAltGrIsHeld();
     void everyKeyOutsideEditMode_data();
     void everyKeyOutsideEditMode();
     void aLetterActsWithAltGr_data();
@@ -309,6 +310,28 @@ void tst_viewer_keys::aKeysPlaceTellItsLetter_data()
     // What a key types comes before its place: on a French keyboard A is where Q is here.
     add("A of a French keyboard", Qt::Key_A, 24, {}, 'A', 0);
     add("a place that is not told", Qt::Key_ssharp, 0, {}, 255, 0);
+    // Letters of other scripts are typed without AltGr, and their keys are the Latin ones.
+    add("Russian E", 0x0423, 26, {}, 'E', 0);
+    add("Shift and Russian E", 0x0423, 26, Qt::ShiftModifier, 'E', 1);
+    add("Russian S", 0x042B, 39, {}, 'S', 0);
+    add("Shift and Greek E", 0x0395, 26, Qt::ShiftModifier, 'E', 1);
+    add("Hebrew D", 0x05D2, 40, {}, 'D', 0);
+    add("Shift, AltGr and Russian E", 0x0423, 26, Qt::ShiftModifier | Qt::GroupSwitchModifier, 'E',
+        7);
+    // Where other layouts have signs or letters of their own, there is none of these letters.
+    add("apostrophe of a Dvorak keyboard", Qt::Key_Apostrophe, 24, {}, 255, 0);
+    add("semicolon of a Dvorak keyboard", Qt::Key_Semicolon, 52, {}, 255, 0);
+    add("Turkish G with a breve", 0x011E, 26, {}, 255, 0);
+    add("question mark of a French keyboard", Qt::Key_Question, 58, Qt::ShiftModifier, 255, 1);
+    // Held AltGr makes any sign of theirs a letter again.
+    add("AltGr held and a sign", Qt::Key_Bar, 39, Qt::GroupSwitchModifier, 'S', 6);
+    add("AltGr held and a letter", Qt::Key_E, 26, Qt::ShiftModifier | Qt::GroupSwitchModifier, 'E',
+        7);
+    add("euro", 0x20AC, 26, {}, 'E', 6);
+    add("AltGr+A of a Polish keyboard", 0x0104, 38, {}, 'A', 6);
+    add("Shift and AltGr+S", 0x1E9E, 39, Qt::ShiftModifier, 'S', 7);
+    add("a blank that does not break", Qt::Key_nobreakspace, 65, {}, 32, 0);
+    add("AltGr and Space", Qt::Key_nobreakspace, 65, Qt::GroupSwitchModifier, 32, 6);
 }
 
 void tst_viewer_keys::aKeysPlaceTellItsLetter()
@@ -321,6 +344,16 @@ void tst_viewer_keys::aKeysPlaceTellItsLetter()
     const CodigosTecla::Pressao read = CodigosTecla::Le_Tecla(press);
     QTEST(read.codigo, "code");
     QTEST(read.shift, "shift");
+}
+
+/// The bit that the platform sets while AltGr is held.
+void tst_viewer_keys::thePlatformTellsThatAltGrIsHeld()
+{
+    constexpr quint32 FifthModifier = 0x80;
+    const QKeyEvent held(QEvent::KeyPress, Qt::Key_Bar, Qt::ShiftModifier, 26, 0, FifthModifier);
+    const CodigosTecla::Pressao read = CodigosTecla::Le_Tecla(held);
+    QCOMPARE(read.codigo, int{'E'});
+    QCOMPARE(read.shift, 7);
 }
 
 void tst_viewer_keys::everyKeyOutsideEditMode_data()

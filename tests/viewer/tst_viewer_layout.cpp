@@ -53,6 +53,9 @@ private slots:
     void theHeaderEndsBeforeTheCountdown();
     void theSheetScrollsToItsEnd();
     void theSheetStaysWhereItIsRead();
+    void scrollingGoesOnInATallerForm();
+    void aTinyFormHasNoNegativeWidths_data();
+    void aTinyFormHasNoNegativeWidths();
 
 private:
     QRect Of(const char* name) const { return In(viewer, name)->geometry(); }
@@ -236,6 +239,44 @@ void tst_viewer_layout::theSheetStaysWhereItIsRead()
     QTest::keyClick(viewer.data(), Qt::Key_Down);
     QCOMPARE(bar->value(), 400);
     QTest::keyClick(viewer.data(), Qt::Key_Home);
+}
+
+/// At the end, where the form's getting taller takes the limit back.
+void tst_viewer_layout::scrollingGoesOnInATallerForm()
+{
+    QTest::keyClick(viewer.data(), Qt::Key_End);
+    viewer->Auto_Rolagem(true);
+    viewer->resize(viewer->size() + QSize(0, 100));
+    const QScrollBar* bar = Box(viewer, 2)->verticalScrollBar();
+    QCOMPARE(bar->value(), bar->maximum());
+    Tick(viewer, "TimerRolagem");
+    QVERIFY(In<QTimer>(viewer, "TimerRolagem")->isActive());
+    QTest::keyClick(viewer.data(), Qt::Key_Up);
+    QCOMPARE(bar->value(), bar->maximum() - 100);
+    QTest::keyClick(viewer.data(), Qt::Key_Home);
+}
+
+void tst_viewer_layout::aTinyFormHasNoNegativeWidths_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("a pixel") << QSize(1, 1);
+    QTest::newRow("a strip") << QSize(300, 1);
+    QTest::newRow("a column") << QSize(1, 300);
+}
+
+void tst_viewer_layout::aTinyFormHasNoNegativeWidths()
+{
+    QFETCH(QSize, size);
+    viewer->setMinimumSize(1, 1);
+    viewer->resize(size);
+    QCOMPARE(viewer->size(), size);
+    for (const char* name : {"lblTitulo", "lblTom", "lblReferencia", "lblTemas"}) {
+        const auto* label = In<QLabel>(viewer, name);
+        QVERIFY2(label->width() >= 0, name);
+        QVERIFY2(label->x() >= 0, name);
+        QVERIFY2(label->maximumWidth() >= 0, name);
+    }
+    viewer->grab();
 }
 
 QTEST_MAIN(tst_viewer_layout)

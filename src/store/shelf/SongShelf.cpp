@@ -69,10 +69,10 @@ std::size_t SongShelf::Size() const noexcept
 std::shared_ptr<const Recordset::Rows> SongShelf::Answer(const SongSearch& search)
 {
     const ReadSnapshot snapshot(m_database);
+    const bool onLyrics =
+        std::any_of(search.patterns.begin(), search.patterns.end(),
+                    [](const auto& pattern) { return pattern.field == Field::Text; });
     try {
-        const bool onLyrics =
-            std::any_of(search.patterns.begin(), search.patterns.end(),
-                        [](const auto& pattern) { return pattern.field == Field::Text; });
         if (!Refresh() || (onLyrics && !ReadLyrics(std::nullopt)))
             return nullptr;
     } catch (const RuntimeError&) {
@@ -88,6 +88,9 @@ std::shared_ptr<const Recordset::Rows> SongShelf::Answer(const SongSearch& searc
             ReadBases(pattern.field);
     }
     if (!StayInBounds())
+        return nullptr;
+    // What was folded just now may have taken the room of the lyrics.
+    if (onLyrics && m_lyricsState != Lyrics::All)
         return nullptr;
     ReadWhenIdle();
     return Show(search, Find(search));
@@ -115,6 +118,8 @@ std::shared_ptr<const Recordset::Rows> SongShelf::Answer(const SameSong& song)
         const SongRow* const row = m_songs.At(place);
         m_names.Put(place, row ? row->title : std::nullopt);
     }
+    if (!StayInBounds())
+        return nullptr;
     const std::string title = song.title.toStdString();
     const std::string reference = song.reference.toStdString();
     const auto equals = [](const SongRow::Text& text, const std::string& wanted) {
