@@ -147,6 +147,13 @@ void ListaMusicas::keyPressEvent(QKeyEvent* evento)
         if (!evento->isAutoRepeat())
             emit KeyDown(evento->key());
         return;
+    case Qt::Key_Home:
+        // Tab makes the first row of a list without a current one current, but selects nothing;
+        // the key would find itself there already and do nothing either.
+        if (evento->modifiers() == Qt::NoModifier && !selectionModel()->hasSelection() &&
+            currentIndex().isValid() && currentIndex().row() == 0)
+            MakeCurrent(currentIndex());
+        [[fallthrough]];
     default:
         ReportList::keyPressEvent(evento);
     }

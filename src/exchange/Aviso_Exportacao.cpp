@@ -12,7 +12,7 @@
 namespace {
 
 constexpr int No_Resumo = 6;
-constexpr int Em_Todas = 60;
+constexpr int Em_Todas = 30;           ///< as many as a message box has room for
 constexpr qsizetype Maior_Titulo = 60; ///< characters of a title that are shown
 
 ExchangeLoss Soma(const ExchangeLoss& uma, const ExchangeLoss& outra)

@@ -40,7 +40,7 @@ public:
     }
 
 private:
-    void Codifica(const QString& texto) { m_conteudo += CodePage::FromUnicode(texto); }
+    void Codifica(const QString& texto) { CodePage::AppendFromUnicode(m_conteudo, texto); }
 
     QByteArray m_conteudo;
     QString m_trecho;
@@ -53,7 +53,8 @@ bool Exporta_Musicas(const QString& lista, const Destino_Exportacao& destino,
 {
     const bool um_arquivo = !destino.arquivo.isEmpty();
     Documento todas;
-    Recordset linhas = Funcoes::Conexao.Execute(SQL_Musicas_Exportadas(lista));
+    Funcoes::SQL = SQL_Musicas_Exportadas(lista);
+    Recordset linhas = Funcoes::Conexao.Execute(Funcoes::SQL);
     const int total = linhas.RecordCount();
     if (total > 0 && !andamento(0, total))
         return false;

@@ -40,7 +40,8 @@ QString Id_Exportado(const Recordset& linha)
 
 QStringList Temas_Exportados(const QString& id)
 {
-    Recordset temas = Funcoes::Conexao.Execute(SQL_Temas_Exportados(id));
+    Funcoes::SQL = SQL_Temas_Exportados(id);
+    Recordset temas = Funcoes::Conexao.Execute(Funcoes::SQL);
     QStringList descricoes;
     for (; !temas.Eof(); temas.MoveNext())
         descricoes.append(temas.Fields(0).ToText());

@@ -10,6 +10,8 @@
 #include "exchange/Exporta_Musicas.h"
 #include "exchange/SQL_Exportacao.h"
 #include "exchange/ServicosExportacao.h"
+#include "runtime/RuntimeError.h"
+#include "store/Connection.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -17,6 +19,9 @@
 #include <QHeaderView>
 #include <QPointer>
 #include <QTextDocument>
+
+#include <optional>
+#include <utility>
 
 namespace {
 
@@ -33,26 +38,21 @@ QString Dica_Literal(const QString& texto)
 
 } // namespace
 
-/// The form while songs are written: the bar in view, nothing to press.
+/// The form while songs are written: the bar in view and with the focus, nothing to press.
 class frmExportar::Escrita
 {
 public:
     explicit Escrita(frmExportar& form)
         : m_form(&form)
-        , m_foco(form.focusWidget())
     {
         form.m_escrevendo = true;
-        Habilita(false);
     }
     ~Escrita()
     {
         if (!m_form)
             return;
+        Termina();
         m_form->m_escrevendo = false;
-        m_form->ui->ProgressBar->hide();
-        Habilita(true);
-        if (m_foco)
-            m_foco->setFocus();
     }
     Escrita(const Escrita&) = delete;
     Escrita& operator=(const Escrita&) = delete;
@@ -65,16 +65,38 @@ public:
         m_form->ui->ProgressBar->setValue(posicao);
         if (posicao > 0 && posicao < total && m_desde.elapsed() < EntreEventosMs)
             return true;
+        m_retrato.reset();
         QCoreApplication::processEvents();
+        if (!m_form)
+            return false;
+        if (posicao == total)
+            Termina();
+        else
+            m_retrato.emplace(Funcoes::Conexao);
         m_desde.restart();
-        return !m_form.isNull();
+        return true;
     }
 
 private:
     void Comeca(int total)
     {
-        m_form->ui->ProgressBar->setRange(0, total);
-        m_form->ui->ProgressBar->show();
+        QProgressBar& barra = *m_form->ui->ProgressBar;
+        m_foco = m_form->focusWidget();
+        barra.setRange(0, total);
+        barra.show();
+        barra.setFocus(); // else it goes on to the list when its control is disabled
+        Habilita(false);
+        m_comecou = true;
+    }
+
+    void Termina()
+    {
+        if (!std::exchange(m_comecou, false))
+            return;
+        Habilita(true);
+        if (m_foco)
+            m_foco->setFocus();
+        m_form->ui->ProgressBar->hide();
     }
 
     void Habilita(bool sim)
@@ -89,6 +111,10 @@ private:
     QPointer<frmExportar> m_form;
     QPointer<QWidget> m_foco;
     QElapsedTimer m_desde;
+    /// Each song's themes are a query of their own, and locking the catalogue would cost more than
+    /// it. Never held while events run: other programs wait no longer than between two pictures.
+    std::optional<Connection::Snapshot> m_retrato;
+    bool m_comecou = false;
 };
 
 frmExportar::frmExportar(ServicosExportacao& principal, QWidget* parent)
@@ -109,6 +135,7 @@ frmExportar::frmExportar(ServicosExportacao& principal, QWidget* parent)
     ui->ProgressBar->hide();
     ConnectHandler(ui->cmdExportar, &QPushButton::clicked, this, &Form::cmdExportar_Click);
     ConnectHandler(ui->cmdCancelar, &QPushButton::clicked, this, &Form::cmdCancelar_Click);
+    ConnectHandler(ui->lblAviso, &ClickableLabel::clicked, this, &Form::lblAviso_Click);
     ConnectHandler(ui->lstExportar, &ListaMusicas::KeyDown, this, &Form::lstExportar_KeyDown);
     new HeldKeys(*this, HeldKeys::Enter);
 }
@@ -120,7 +147,8 @@ frmExportar::~frmExportar() = default;
 bool frmExportar::Inicializa(QString MusicasExportar)
 {
     const QPointer<frmExportar> viva(this);
-    m_principal.Preenche_Musicas(SQL_Musicas_Marcadas(MusicasExportar), *ui->lstExportar);
+    Funcoes::SQL = SQL_Musicas_Marcadas(MusicasExportar);
+    m_principal.Preenche_Musicas(Funcoes::SQL, *ui->lstExportar);
     if (!viva)
         return false;
     ui->lblTitulo->setText(u"A(s) " % QString::number(ui->lstExportar->ListCount()) %
@@ -132,10 +160,22 @@ bool frmExportar::Inicializa(QString MusicasExportar)
 
 void frmExportar::Mostra_Aviso()
 {
-    const Aviso_Exportacao aviso = Aviso_Exportacao::De(Lista_Exportar);
+    Aviso_Exportacao aviso;
+    try {
+        aviso = Aviso_Exportacao::De(Lista_Exportar);
+    } catch (const RuntimeError&) {
+        // The form opens without a word: a store that fails tells so when it exports.
+    }
+    m_aviso = aviso.todas;
     ui->lblAviso->setText(aviso.resumo);
-    ui->lblAviso->setToolTip(Dica_Literal(aviso.todas));
+    ui->lblAviso->setToolTip(Dica_Literal(m_aviso));
+    ui->lblAviso->setAccessibleDescription(m_aviso);
     ui->lblAviso->setVisible(!aviso.resumo.isEmpty());
+}
+
+void frmExportar::lblAviso_Click()
+{
+    Funcoes::Mostra_Mensagem(this, m_aviso, Icone::Exclamacao);
 }
 
 void frmExportar::ShowModal()

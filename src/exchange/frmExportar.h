@@ -22,8 +22,8 @@ public:
     frmExportar(ServicosExportacao& principal, QWidget* parent);
     ~frmExportar() override;
 
-    /// Lists the songs and tells which of them a file cannot hold as they are. Lets events run.
-    /// Reads MUSICA, TEMA and TEMA_MUSICA.
+    /// Lists the songs and tells which of them a file cannot hold as they are, unless the store
+    /// fails to say. Lets events run. Reads MUSICA, TEMA and TEMA_MUSICA.
     /// @param MusicasExportar  MUSICA.ID each, with a comma behind it
     /// @return false when the form was closed meanwhile; it may be gone then
     /// @throws RuntimeError of the store
@@ -43,6 +43,7 @@ private:
     void cmdExportar_Click();
     void cmdCancelar_Click();
     void lstExportar_KeyDown(int tecla);
+    void lblAviso_Click();
     Destino_Exportacao Escolhe_Destino();
     bool Exporta(const Destino_Exportacao& destino);
     void Mostra_Aviso();
@@ -50,5 +51,6 @@ private:
     std::unique_ptr<Ui::frmExportar> ui;
     ServicosExportacao& m_principal;
     QString Lista_Exportar;
+    QString m_aviso; ///< with all the titles that it names
     bool m_escrevendo = false;
 };

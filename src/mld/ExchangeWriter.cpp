@@ -1,6 +1,8 @@
 #include "mld/ExchangeWriter.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 
 namespace {
 
@@ -10,6 +12,48 @@ constexpr QStringView BreakMark = u"[br]";
 
 enum class Breaks { Kept, Marked };
 
+/// Characters that are looked at in one go: nearly all of a library's many megabytes are such that
+/// nothing has to be done about them.
+class Four
+{
+public:
+    static constexpr std::ptrdiff_t Units = 4;
+
+    /// @param units  Units of them
+    explicit Four(const QChar* units) { std::memcpy(&m_bits, units, sizeof m_bits); }
+
+    /// @return whether all are below U+0200
+    bool AreLow() const { return (m_bits & Each(0xFE00)) == 0; }
+
+    /// @return whether one is "<", ">" or a line feed
+    bool HaveSpecial() const
+    {
+        const std::uint64_t brackets = (m_bits & Each(0xFFFD)) ^ Each(u'<'); // differ in one bit
+        return HasZero(brackets) || HasZero(m_bits ^ Each(u'\n'));
+    }
+
+private:
+    static constexpr std::uint64_t Each(std::uint64_t unit) { return unit * 0x0001'0001'0001'0001; }
+    static bool HasZero(std::uint64_t units)
+    {
+        return ((units - Each(1)) & ~units & Each(0x8000)) != 0;
+    }
+
+    std::uint64_t m_bits = 0;
+};
+
+bool AreBelow(char16_t limit, QStringView text)
+{
+    const QChar* in = text.begin();
+    while (in != text.end()) {
+        if (text.end() - in >= Four::Units && Four(in).AreLow())
+            in += Four::Units;
+        else if (*in++ >= QChar(limit))
+            return false;
+    }
+    return true;
+}
+
 /// Appends text without "<" and ">". A line break that holds one of them counts all the same. In
 /// one pass: a library has many megabytes of lyrics.
 void AppendClean(QString& document, const QString& text, Breaks breaks)
@@ -18,7 +62,15 @@ void AppendClean(QString& document, const QString& text, Breaks breaks)
     document.resize(at + 2 * text.size()); // a break of two characters becomes a mark of four
     QChar* const begin = document.data() + at;
     QChar* out = begin;
-    for (const QChar unit : text) {
+    const QChar* in = text.constData();
+    const QChar* const end = in + text.size();
+    while (in != end) {
+        if (end - in >= Four::Units && !Four(in).HaveSpecial()) {
+            out = std::copy_n(in, Four::Units, out);
+            in += Four::Units;
+            continue;
+        }
+        const QChar unit = *in++;
         if (unit == u'<' || unit == u'>')
             continue;
         if (unit == u'\n' && breaks == Breaks::Marked && out != begin && out[-1] == u'\r')
@@ -76,9 +128,8 @@ QString ExchangeWriter::Tail()
 QString ExchangeWriter::Composed(const QString& field)
 {
     // What lies below the first mark is composed already, and nearly every text is.
-    constexpr char16_t FirstMark = 0x0300;
-    const bool isComposed = std::all_of(field.begin(), field.end(),
-                                        [](QChar unit) { return unit.unicode() < FirstMark; });
+    constexpr char16_t FirstMark = 0x0300; // above what Four calls low
+    const bool isComposed = AreBelow(FirstMark, field);
     return isComposed ? field : field.normalized(QString::NormalizationForm_C);
 }
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <cstring>
 #include <iterator>
 #include <optional>
 
@@ -19,6 +21,17 @@ constexpr std::array<char16_t, LastOwn - FirstOwn + 1> Own{
 bool IsLatin(char16_t unit)
 {
     return unit < FirstOwn || (unit > LastOwn && unit <= 0xFF);
+}
+
+constexpr std::ptrdiff_t Together = 8; ///< characters that are looked at in one go
+
+/// @param units  Together of them
+bool AreAscii(const char16_t* units)
+{
+    std::array<std::uint64_t, 2> bits{};
+    static_assert(sizeof bits == Together * sizeof(char16_t));
+    std::memcpy(bits.data(), units, sizeof bits);
+    return ((bits[0] | bits[1]) & 0xFF80'FF80'FF80'FF80) == 0;
 }
 
 std::optional<char> ToByte(char16_t unit)
@@ -46,20 +59,32 @@ QString CodePage::ToUnicode(QByteArrayView bytes)
 
 QByteArray CodePage::FromUnicode(QStringView text)
 {
-    QByteArray bytes(text.size(), Qt::Uninitialized);
-    char* out = bytes.data();
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const char16_t unit = text[i].unicode();
-        if (IsLatin(unit)) { // nearly all of a text of many megabytes
-            *out++ = static_cast<char>(unit);
+    QByteArray bytes;
+    AppendFromUnicode(bytes, text);
+    return bytes;
+}
+
+void CodePage::AppendFromUnicode(QByteArray& bytes, QStringView text)
+{
+    const qsizetype before = bytes.size();
+    bytes.resize(before + text.size());
+    char* out = bytes.data() + before;
+    const char16_t* in = text.utf16();
+    const char16_t* const end = in + text.size();
+    while (in != end) {
+        if (end - in >= Together && AreAscii(in)) { // nearly all of a text of many megabytes
+            std::transform(in, in + Together, out,
+                           [](char16_t unit) { return static_cast<char>(unit); });
+            in += Together;
+            out += Together;
             continue;
         }
-        *out++ = ToByte(unit).value_or('?');
-        if (QChar::isHighSurrogate(unit) && i + 1 < text.size() && text[i + 1].isLowSurrogate())
-            ++i;
+        const char16_t unit = *in++;
+        *out++ = IsLatin(unit) ? static_cast<char>(unit) : ToByte(unit).value_or('?');
+        if (QChar::isHighSurrogate(unit) && in != end && QChar::isLowSurrogate(*in))
+            ++in;
     }
     bytes.truncate(out - bytes.constData());
-    return bytes;
 }
 
 bool CodePage::Holds(QStringView text)

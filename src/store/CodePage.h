@@ -15,6 +15,9 @@ QString ToUnicode(QByteArrayView bytes);
 /// that takes two UTF-16 units. Combining signs are not composed: that is the caller's choice.
 QByteArray FromUnicode(QStringView text);
 
+/// Appends FromUnicode(text) to bytes.
+void AppendFromUnicode(QByteArray& bytes, QStringView text);
+
 /// @return true when FromUnicode keeps every character of text.
 bool Holds(QStringView text);
 

@@ -31,6 +31,7 @@ private slots:
     void a_second_press_while_the_form_is_filled_does_nothing();
     void the_main_form_closed_while_the_form_is_filled();
     void a_failing_store_tells_and_shows_no_form();
+    void a_failing_notice_leaves_the_form_as_it_is();
 };
 
 void tst_exportar::without_a_marked_song_it_says_so_data()
@@ -143,7 +144,15 @@ void tst_exportar::statements_are_handed_in_as_given()
     Carrega_Exportar();
     Marca({11, 14});
     m_escolhas->chosen = {Caminho(u"a.mld"_qs)};
-    QVERIFY(No_Formulario([this](QDialog& form) {
+    QStringList shared;
+    Funcoes::Conexao.SetStatementHook([&](const QString& sql) {
+        m_comandos.append(sql);
+        if (Funcoes::SQL == sql)
+            shared.append(sql);
+    });
+    QVERIFY(No_Formulario([&](QDialog& form) {
+        QCOMPARE(shared, m_comandos.first(1));
+        shared.clear();
         QCOMPARE(
             m_comandos.value(0),
             u"SELECT DISTINCT MUSICA.ID, MUSICA.TITULO, MUSICA.REFERENCIA, MUSICA.TOM, "
@@ -162,6 +171,8 @@ void tst_exportar::statements_are_handed_in_as_given()
                           "TEMA_MUSICA.ID_TEMA WHERE ID_MUSICA = 012"_qs,
                           u"SELECT DESCRICAO FROM TEMA INNER JOIN TEMA_MUSICA ON TEMA.ID = "
                           "TEMA_MUSICA.ID_TEMA WHERE ID_MUSICA = 015"_qs}));
+    QCOMPARE(shared, m_comandos);
+    Funcoes::Conexao.SetStatementHook({});
 }
 
 void tst_exportar::the_single_file_is_asked_for()
@@ -380,11 +391,30 @@ void tst_exportar::a_failing_store_tells_and_shows_no_form()
     Musica(u"Luz"_qs);
     Carrega_Exportar();
     Marca({0});
-    m_catalogo->Run(u"ALTER TABLE MUSICA RENAME COLUMN MUSICA2 TO OUTRA"_qs);
+    m_catalogo->Run(u"ALTER TABLE MUSICA RENAME COLUMN REFERENCIA TO OUTRA"_qs);
     QVERIFY(!No_Formulario([](QDialog&) {}));
     QCOMPARE(m_caixas->boxes.size(), 1);
     QCOMPARE(m_caixas->boxes[0].icon, Icone::Critico);
     QVERIFY(!m_form->findChild<QDialog*>(u"frmExportar"_qs));
+}
+
+void tst_exportar::a_failing_notice_leaves_the_form_as_it_is()
+{
+    Musica(u"Luz ♪"_qs);
+    Carrega_Exportar();
+    Marca({0});
+    // The list does not show it, the notice and the file do.
+    m_catalogo->Run(u"ALTER TABLE MUSICA RENAME COLUMN MUSICA2 TO OUTRA"_qs);
+    m_escolhas->chosen = {Caminho(u"a.mld"_qs)};
+    QVERIFY(No_Formulario([this](QDialog& form) {
+        QVERIFY(!No<QWidget>(form, "lblAviso")->isVisible());
+        QVERIFY(m_caixas->boxes.isEmpty());
+        Aperta(form, "cmdExportar");
+        QVERIFY(form.isVisible());
+    }));
+    QCOMPARE(m_caixas->boxes.size(), 1);
+    QCOMPARE(m_caixas->boxes[0].icon, Icone::Critico);
+    QCOMPARE(Arquivos(), QStringList());
 }
 
 QTEST_MAIN(tst_exportar)

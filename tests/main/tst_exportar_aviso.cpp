@@ -13,6 +13,8 @@ private slots:
     void songs_that_may_make_the_file_unreadable_are_named();
     void a_theme_concerns_all_songs_that_have_it();
     void many_songs_are_counted();
+    void all_titles_are_told_to_the_keyboard_and_to_a_screen_reader_data();
+    void all_titles_are_told_to_the_keyboard_and_to_a_screen_reader();
     void what_it_says_is_plain_text();
     void what_it_says_happens();
 
@@ -113,7 +115,43 @@ void tst_exportar_aviso::many_songs_are_counted()
     QString dica;
     const QString aviso = Aviso(&dica);
     QVERIFY2(aviso.endsWith(u"“Canto ♪ 05”, “Canto ♪ 06” e mais 64."), qPrintable(aviso));
-    QVERIFY2(dica.endsWith(u"“Canto ♪ 60” e mais 10."), qPrintable(dica));
+    QVERIFY2(dica.endsWith(u"“Canto ♪ 30” e mais 40."), qPrintable(dica));
+}
+
+void tst_exportar_aviso::all_titles_are_told_to_the_keyboard_and_to_a_screen_reader_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::newRow("Enter") << int(Qt::Key_Return);
+    QTest::newRow("space") << int(Qt::Key_Space);
+    QTest::newRow("click") << 0;
+}
+
+void tst_exportar_aviso::all_titles_are_told_to_the_keyboard_and_to_a_screen_reader()
+{
+    QFETCH(int, key);
+    for (int i = 1; i <= 20; ++i)
+        Musica(u"Canto ♪ %1"_qs.arg(i, 2, 10, QChar(u'0')));
+    Carrega_Exportar();
+    m_lista->selectAll();
+    QVERIFY(No_Formulario([&](QDialog& form) {
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        auto* aviso = No<QLabel>(form, "lblAviso");
+        QVERIFY(aviso->accessibleDescription().endsWith(u"“Canto ♪ 20”."));
+        if (key == 0) {
+            QTest::mouseClick(aviso, Qt::LeftButton);
+        } else {
+            QTRY_VERIFY(No<QWidget>(form, "cmdExportar")->hasFocus());
+            for (int i = 0; i < 3; ++i) // over the other button and the list
+                QTest::keyClick(form.focusWidget(), Qt::Key_Tab);
+            QVERIFY(aviso->hasFocus());
+            QTest::keyClick(aviso, static_cast<Qt::Key>(key));
+        }
+        QVERIFY(form.isVisible());
+        QCOMPARE(m_caixas->boxes.size(), 1);
+        QCOMPARE(m_caixas->boxes[0].icon, Icone::Exclamacao);
+        QCOMPARE(m_caixas->boxes[0].text, aviso->accessibleDescription());
+    }));
+    QCOMPARE(Arquivos(), QStringList());
 }
 
 void tst_exportar_aviso::what_it_says_is_plain_text()

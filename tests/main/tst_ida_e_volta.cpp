@@ -100,7 +100,8 @@ QString Letters(const QString& field)
 {
     QString kept;
     for (const char32_t code : field.normalized(QString::NormalizationForm_C).toUcs4()) {
-        const QString letter = QString::fromUcs4(&code, 1);
+        // QString::fromUcs4 would take a U+FEFF for a byte order mark and drop it.
+        const QString letter = QStringView(QChar::fromUcs4(code)).toString();
         kept += CodePage::Holds(letter) ? letter : u"?"_qs;
     }
     return kept;

@@ -51,6 +51,7 @@ private slots:
     void a_document_is_the_same_byte_for_byte();
     void a_missing_text_gets_its_default_and_an_empty_one_stays_empty();
     void each_field_is_composed_for_itself();
+    void signs_are_seen_wherever_they_stand();
     void a_file_is_named_after_the_title_data();
     void a_file_is_named_after_the_title();
 };
@@ -115,6 +116,32 @@ void tst_exchange_writer::each_field_is_composed_for_itself()
     QVERIFY(written.contains("<titulo>?</titulo>"));
     QVERIFY(written.contains("<tom>e</tom>"));
     QVERIFY(written.contains("<variacao>?</variacao>"));
+}
+
+void tst_exchange_writer::signs_are_seen_wherever_they_stand()
+{
+    constexpr int Longest = 14;
+    const auto written = [](const QString& lyrics) {
+        ExchangeSong song;
+        song.letra1 = lyrics;
+        QString document;
+        ExchangeWriter::Append(document, song);
+        const QString before = u"<letra1>"_qs;
+        const qsizetype from = document.indexOf(before) + before.size();
+        return document.mid(from, document.indexOf(u"</letra1>"_qs) - from);
+    };
+    for (int length = 0; length <= Longest; ++length) {
+        for (int at = 0; at <= length; ++at) {
+            const QString head(at, u'=');
+            const QString tail(length - at, u'\u00ff');
+            QCOMPARE(written(head + u'<' + tail), head + tail);
+            QCOMPARE(written(head + u'>' + tail), head + tail);
+            QCOMPARE(written(head + u'\n' + tail), head + u'\n' + tail);
+            QCOMPARE(written(head + u"\r\n"_qs + tail), head + u"[br]"_qs + tail);
+            QCOMPARE(written(head + u"a\u0303"_qs + tail), head + u"ã"_qs + tail);
+            QCOMPARE(written(head + u'\u013c' + tail), head + u'\u013c' + tail);
+        }
+    }
 }
 
 void tst_exchange_writer::a_file_is_named_after_the_title_data()

@@ -13,6 +13,8 @@ private slots:
     void characters();
     void whatHasNoPlaceBecomesAQuestionMark_data();
     void whatHasNoPlaceBecomesAQuestionMark();
+    void charactersAreConvertedWhereverTheyStand();
+    void textIsAppended();
 };
 
 void tst_CodePage::everyByteSurvivesTheWayToTextAndBack()
@@ -91,6 +93,31 @@ void tst_CodePage::whatHasNoPlaceBecomesAQuestionMark()
     QFETCH(QByteArray, bytes);
     QVERIFY(!CodePage::Holds(text));
     QCOMPARE(CodePage::FromUnicode(text), bytes);
+}
+
+void tst_CodePage::charactersAreConvertedWhereverTheyStand()
+{
+    constexpr int Longest = 20;
+    const QList<QPair<QString, QByteArray>> signs{
+        {u"é"_qs, "\xE9"}, {u"€"_qs, "\x80"}, {u"♪"_qs, "?"}, {u"\u4141"_qs, "?"}, {u"🎸"_qs, "?"}};
+    for (int length = 0; length <= Longest; ++length) {
+        for (int at = 0; at <= length; ++at) {
+            for (const auto& [sign, byte] : signs) {
+                const QString text = QString(at, u'a') + sign + QString(length - at, u'~');
+                const QByteArray bytes = QByteArray(at, 'a') + byte + QByteArray(length - at, '~');
+                QCOMPARE(CodePage::FromUnicode(text), bytes);
+            }
+        }
+    }
+}
+
+void tst_CodePage::textIsAppended()
+{
+    QByteArray bytes("\x81 before ");
+    CodePage::AppendFromUnicode(bytes, u"a música 🎸 longa");
+    CodePage::AppendFromUnicode(bytes, u"");
+    CodePage::AppendFromUnicode(bytes, u"!");
+    QCOMPARE(bytes, QByteArray("\x81 before a m\xFAsica ? longa!"));
 }
 
 QTEST_APPLESS_MAIN(tst_CodePage)
