@@ -50,6 +50,24 @@ QMessageBox::Icon IconOf(Icone icon)
     return QMessageBox::NoIcon;
 }
 
+/// What a box shows of a text: its beginning and its end, where the question stands. No text that
+/// anybody means to be read is as long; the buttons of a longer one would be off every screen.
+QString Shown(const QString& text)
+{
+    constexpr qsizetype First = 1400; // characters
+    constexpr qsizetype Last = 400;
+    constexpr qsizetype FirstLines = 20;
+    constexpr qsizetype LastLines = 5;
+    const QString gap = u' ' % QChar(0x2026) % u' ';
+    QString shown = text;
+    if (text.size() > First + Last)
+        shown = text.first(First) + gap + text.last(Last);
+    const QStringList lines = shown.split(u'\n');
+    if (lines.size() > FirstLines + LastLines)
+        shown = (lines.first(FirstLines) + QStringList(gap) + lines.last(LastLines)).join(u'\n');
+    return shown;
+}
+
 /// @param corner  of a box, on the screen
 /// @return how wide the box may be there, in pixels
 int RoomAt(const QPoint& corner)
@@ -128,7 +146,7 @@ private:
         box->setTextFormat(Qt::PlainText);
         box->setIcon(IconOf(icon));
         box->setWindowTitle(title);
-        box->setText(text);
+        box->setText(Shown(text));
         return box;
     }
 };

@@ -13,7 +13,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QHash>
 
 #include <memory>
 
@@ -25,8 +24,6 @@ using Funcoes::SQL;
 /// Songs that are committed together: few enough for little to be lost, many enough for the disk to
 /// be waited for seldom.
 constexpr int Porcao = 1000;
-/// Songs between two looks at the events that wait.
-constexpr int Passo = 50;
 /// The part of the work that reading is.
 constexpr double Leitura = 0.3;
 
@@ -81,12 +78,8 @@ private:
     ServicosImportacao& m_principal;
     QPointer<QWidget> m_dono;
     std::unique_ptr<Andamento_Importacao> m_andamento;
-    bool m_desistiu = false;
     std::int16_t m_contador = 0;
     int m_naPorcao = 0;
-    /// TEMA.ID by the description as it was asked for. True while the batch is open: nobody else
-    /// can write then.
-    QHash<QString, QString> m_temas;
 };
 
 void Importacao::Importa(const QString& caminho)
@@ -101,7 +94,7 @@ void Importacao::Importa(const QString& caminho)
     }
     m_andamento = std::make_unique<Andamento_Importacao>(Dono());
     const std::optional<ExchangeSongs> musicas = Le(caminho);
-    if (!Vale() || m_desistiu)
+    if (!Vale())
         return;
     if (!musicas) {
         m_andamento.reset();
@@ -124,8 +117,8 @@ std::optional<ExchangeSongs> Importacao::Le(const QString& caminho)
     return ExchangeReader::Read(arquivo, [&](qint64 lido) {
         // A file that grows while it is read has no end to wait for.
         const double parte = std::min(static_cast<double>(lido) / tamanho, 1.0);
-        m_desistiu = !m_andamento->Avanca(parte * Leitura);
-        return !m_desistiu && Vale();
+        m_andamento->Avanca(parte * Leitura);
+        return Vale();
     });
 }
 
@@ -133,16 +126,13 @@ std::optional<ExchangeSongs> Importacao::Le(const QString& caminho)
 bool Importacao::Importa(const ExchangeSongs& musicas)
 {
     const qsizetype total = musicas.Count();
-    for (qsizetype i = 0; i < total && !m_desistiu; ++i) {
+    for (qsizetype i = 0; i < total; ++i) {
         if (!Importa(musicas.At(i)))
             return false;
         if (++m_naPorcao >= Porcao)
             Grava();
-        if ((i + 1) % Passo != 0)
-            continue;
         const double parte = static_cast<double>(i + 1) / static_cast<double>(total);
-        m_desistiu = !m_andamento->Avanca(Leitura + parte * (1 - Leitura));
-        m_temas.clear(); // whatever ran may have changed them
+        m_andamento->Avanca(Leitura + parte * (1 - Leitura));
         if (!Vale())
             return false;
     }
@@ -182,9 +172,10 @@ bool Importacao::Pergunta(const Musica_Preparada& musica)
 {
     const QString texto = u"A música '" % musica.titulo %
                           u"' já encontra-se no Banco de Dados. Deseja importar assim mesmo?";
-    const bool sim = Funcoes::Pergunta(Dono(), texto); // commits first
-    m_naPorcao = 0;
-    m_temas.clear();
+    m_andamento->Suspende();
+    m_naPorcao = 0; // the question commits first
+    const bool sim = Funcoes::Pergunta(Dono(), texto);
+    m_andamento->Suspende(); // the time that the question took does not count
     return sim;
 }
 
@@ -196,31 +187,19 @@ QString Importacao::Temas(const ExchangeSong& musica)
         temas.append(Id_Tema(Prepara_Texto(tema)));
     if (!temas.isEmpty())
         return temas.join(u',');
-    const QString semTema = QStringLiteral("Sem Tema");
     // One more "Sem Tema" where there is one already, on purpose; and where there is none, it has
     // to be made for the song to be found.
-    if (!m_temas.contains(semTema)) {
-        Recordset existente = Executa(SQL_Tema_Igual(semTema));
-        if (!existente.Eof())
-            m_temas.insert(semTema, existente.Fields(u"ID").ToText());
-        existente.Close();
-    }
-    const QString id = Insere_Tema(semTema, OrdemSemTema);
-    if (!m_temas.contains(semTema))
-        m_temas.insert(semTema, id);
-    return id;
+    const QString semTema = QStringLiteral("Sem Tema");
+    Executa(SQL_Tema_Igual(semTema)).Close();
+    return Insere_Tema(semTema, OrdemSemTema);
 }
 
 QString Importacao::Id_Tema(const QString& descricao)
 {
-    if (const auto conhecido = m_temas.constFind(descricao); conhecido != m_temas.cend())
-        return *conhecido;
     Recordset iguais = Executa(SQL_Tema_Igual(descricao));
     const QString id = iguais.Eof() ? QString() : iguais.Fields(u"ID").ToText();
     iguais.Close();
-    const QString tema = id.isEmpty() ? Insere_Tema(descricao, OrdemTema) : id;
-    m_temas.insert(descricao, tema);
-    return tema;
+    return id.isEmpty() ? Insere_Tema(descricao, OrdemTema) : id;
 }
 
 QString Importacao::Insere_Tema(const QString& descricao, int ordem)
@@ -233,7 +212,6 @@ void Importacao::Grava()
 {
     Conexao.CommitBatch();
     m_naPorcao = 0;
-    m_temas.clear();
 }
 
 void Importacao::Conclui(const ExchangeSongs& musicas)

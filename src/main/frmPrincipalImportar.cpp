@@ -8,6 +8,7 @@
 #include "exchange/Importa_Musicas.h"
 
 #include <QScopeGuard>
+#include <QTimer>
 
 void frmPrincipal::mnuImportar_Click()
 {
@@ -28,9 +29,15 @@ void frmPrincipal::Importa_Musicas(const QString& caminho)
         return;
     const QPointer<frmPrincipal> vivo(this);
     m_importando = true;
-    const auto termina = qScopeGuard([&vivo] {
-        if (vivo)
-            vivo->m_importando = false;
+    // A search that waits does not run between the songs of one portion.
+    const bool espera = Timer1->isActive();
+    Timer1->stop();
+    const auto termina = qScopeGuard([&vivo, espera] {
+        if (!vivo)
+            return;
+        vivo->m_importando = false;
+        if (espera && vivo->m_conectado)
+            vivo->Reinicia_Timer1();
     });
     Funcoes::Importa_Musicas(caminho, *this, *this);
 }

@@ -40,6 +40,8 @@ class tst_dialogs : public QObject
 private slots:
     void a_message_has_title_icon_and_plain_text_data();
     void a_message_has_title_icon_and_plain_text();
+    void a_text_beyond_every_screen_is_cut_data();
+    void a_text_beyond_every_screen_is_cut();
     void a_question_is_answered_data();
     void a_question_is_answered();
     void a_held_key_answers_nothing_data();
@@ -81,6 +83,36 @@ void tst_dialogs::a_message_has_title_icon_and_plain_text()
     });
     Funcoes::Mostra_Mensagem(nullptr, u"<b>Olá</b>"_s, icon);
     QVERIFY(seen);
+}
+
+void tst_dialogs::a_text_beyond_every_screen_is_cut_data()
+{
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<bool>("isWhole");
+    QTest::newRow("a long title") << u"Amor "_qs.repeated(200) << true;
+    QTest::newRow("five million letters") << u"Amor "_qs.repeated(1'000'000) << false;
+    QTest::newRow("without a blank") << u"x"_qs.repeated(1'000'000) << false;
+    QTest::newRow("a thousand lines") << u"a\r\n"_qs.repeated(1000) << false;
+}
+
+void tst_dialogs::a_text_beyond_every_screen_is_cut()
+{
+    QFETCH(QString, title);
+    QFETCH(bool, isWhole);
+    const QString text = u"A música '"_qs + title + u"' já existe. Deseja importar?";
+    QString shown;
+    int height = 0;
+    QTimer::singleShot(0, this, [&] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        shown = box->text();
+        height = box->sizeHint().height();
+        box->button(QMessageBox::No)->click();
+    });
+    QVERIFY(!Funcoes::Pergunta(nullptr, text));
+    QCOMPARE(shown == text, isWhole);
+    QVERIFY(shown.startsWith(u"A música '"_qs + title.first(20)));
+    QVERIFY(shown.endsWith(u"' já existe. Deseja importar?"));
+    QVERIFY2(height < 768, qPrintable(QString::number(height)));
 }
 
 void tst_dialogs::a_question_is_answered_data()

@@ -14,6 +14,7 @@ private slots:
     void thePickerIsAskedAsGivenAndCancellingDoesNothing();
     void aFileIsImportedWithItsThemesAndShown();
     void theStatementsAreTheGivenOnesInTheirOrder();
+    void everySongAsksForItsThemesItself();
     void whatIsNoExchangeFileIsRefused_data();
     void whatIsNoExchangeFileIsRefused();
     void theExtensionInCapitalsIsAccepted();
@@ -78,6 +79,18 @@ void tst_importar::theStatementsAreTheGivenOnesInTheirOrder()
         u"SELECT * FROM TEMA ORDER BY TEMA.ORDEM, TEMA.DESCRICAO"_qs};
     QCOMPARE(m_comandos.mid(0, esperados.size()), esperados);
     QVERIFY(m_comandos.value(esperados.size()).startsWith(u"SELECT DISTINCT MUSICA.ID"));
+}
+
+void tst_importar::everySongAsksForItsThemesItself()
+{
+    Carrega_Importar();
+    Importa(Arquivo(Musica_Xml(u"Luz"_qs, Tema_Xml(u"Louvor"_qs)) +
+                    Musica_Xml(u"Mar"_qs, Tema_Xml(u"Louvor"_qs) + Tema_Xml(u"Louvor"_qs)) +
+                    Musica_Xml(u"Paz"_qs, QString()) + Musica_Xml(u"Sol"_qs, QString())));
+    const auto vezes = [this](const QString& sql) { return m_comandos.count(sql); };
+    QCOMPARE(vezes(u"SELECT ID FROM TEMA WHERE DESCRICAO = 'Louvor'"_qs), 3);
+    QCOMPARE(vezes(u"SELECT ID FROM TEMA WHERE DESCRICAO = 'Sem Tema'"_qs), 2);
+    QCOMPARE(vezes(u"INSERT INTO TEMA (DESCRICAO, ORDEM, COR) VALUES ('Sem Tema', 3, '')"_qs), 2);
 }
 
 void tst_importar::whatIsNoExchangeFileIsRefused_data()

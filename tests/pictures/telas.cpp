@@ -3,6 +3,8 @@
 // Works on copies in a folder of its own. Real forms, driven by real events; where the platform is
 // a virtual screen, what is saved is what that screen shows.
 
+#include "TelasImportacao.h"
+
 #include "app/Main.h"
 #include "app/frmSplash.h"
 #include "pictures/TelasCadastro.h"
@@ -127,5 +129,6 @@ int main(int argc, char* argv[])
     }
     ShowDelivered(pictures, copy);
     ShowMany(pictures);
+    ShowImport([&pictures](const QString& name) { pictures.Save(name); });
     return 0;
 }

@@ -2,46 +2,36 @@
 
 #include "store/text/Collation.h"
 
-#include <functional>
-#include <numeric>
-#include <optional>
-#include <string>
-
-namespace {
-
-/// @return a number that equal titles share; nothing for one that only ICU can compare
-std::optional<std::size_t> HashOf(std::string_view title)
-{
-    std::string letters;
-    if (!Collation::Shared().AppendLetters(letters, title))
-        return std::nullopt;
-    return std::hash<std::string>()(letters);
-}
-
-} // namespace
+#include <algorithm>
 
 void SongNames::Put(SongTable::Place place, const SongRow::Text& title)
 {
-    if (place == m_places)
-        ++m_places;
-    if (!title)
+    if (place == Places())
+        m_hashes.emplace_back();
+    Hash& known = m_hashes[place];
+    const Hash hash = title ? Hash(Collation::Shared().HashOf(*title)) : std::nullopt;
+    if (hash == known)
         return;
-    if (const auto hash = HashOf(*title))
-        m_byLetters.emplace(*hash, place);
-    else
-        m_others.push_back(place);
+    if (known)
+        Forget(*known, place);
+    if (hash)
+        m_places.emplace(*hash, place);
+    known = hash;
+}
+
+void SongNames::Forget(std::size_t hash, SongTable::Place place)
+{
+    const auto [from, to] = m_places.equal_range(hash);
+    const auto entry =
+        std::find_if(from, to, [place](const auto& known) { return known.second == place; });
+    if (entry != to)
+        m_places.erase(entry);
 }
 
 std::vector<SongTable::Place> SongNames::Candidates(std::string_view title) const
 {
-    const auto hash = HashOf(title);
-    if (!hash) {
-        std::vector<SongTable::Place> all(m_places);
-        std::iota(all.begin(), all.end(), SongTable::Place{0});
-        return all;
-    }
-    std::vector<SongTable::Place> places = m_others;
-    const auto [from, to] = m_byLetters.equal_range(*hash);
+    std::vector<SongTable::Place> places;
+    const auto [from, to] = m_places.equal_range(Collation::Shared().HashOf(title));
     for (auto entry = from; entry != to; ++entry)
         places.push_back(entry->second);
     return places;
@@ -50,5 +40,5 @@ std::vector<SongTable::Place> SongNames::Candidates(std::string_view title) cons
 std::size_t SongNames::Size() const noexcept
 {
     constexpr std::size_t Node = 4 * sizeof(void*);
-    return m_byLetters.size() * Node + m_others.size() * sizeof(SongTable::Place);
+    return m_places.size() * Node + m_hashes.size() * sizeof(Hash);
 }

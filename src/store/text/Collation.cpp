@@ -7,8 +7,10 @@
 #include <QString>
 
 #include <unicode/ucol.h>
+#include <unicode/uiter.h>
 
 #include <algorithm>
+#include <functional>
 #include <vector>
 
 namespace {
@@ -138,4 +140,18 @@ int Collation::CompareInIcu(std::string_view a, std::string_view b) const
     UErrorCode status = U_ZERO_ERROR;
     return ucol_strcollUTF8(m_collator, a.data(), static_cast<int32_t>(a.size()), b.data(),
                             static_cast<int32_t>(b.size()), &status);
+}
+
+std::size_t Collation::HashOf(std::string_view text) const
+{
+    constexpr int32_t KeySize = 256;
+    UCharIterator letters;
+    uiter_setUTF8(&letters, text.data(), static_cast<int32_t>(text.size()));
+    uint32_t state[2] = {};
+    uint8_t key[KeySize];
+    UErrorCode status = U_ZERO_ERROR;
+    const int32_t size = ucol_nextSortKeyPart(m_collator, &letters, state, key, KeySize, &status);
+    Require(status);
+    return std::hash<std::string_view>()(
+        {reinterpret_cast<const char*>(key), static_cast<std::size_t>(size)});
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -28,6 +29,11 @@ public:
     /// may still tell the texts apart.
     /// @return false for a text whose order only ICU knows; out is then of no use
     bool AppendLetters(std::string& out, std::string_view text) const;
+
+    /// @return a number that texts share which Compare finds equal; of long texts only the
+    /// beginning
+    ///         counts. @throws RuntimeError StoreFailure
+    std::size_t HashOf(std::string_view text) const;
 
     /// @return the one that the whole program shares. @throws RuntimeError StoreFailure
     static const Collation& Shared();
