@@ -38,7 +38,7 @@ QString SectionName(const QString& code)
                                                 {u'm', u"Interl\u00FAdio"_qs},
                                                 {u'o', u"Outra parte"_qs}};
     static const QRegularExpression form(QStringLiteral("^([A-Za-z])(\\d{0,3}[a-z]?)$"));
-    const QString trimmed = code.trimmed();
+    QString trimmed = code.trimmed();
     const auto match = form.match(trimmed);
     if (!match.hasMatch())
         return trimmed;

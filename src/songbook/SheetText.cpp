@@ -28,7 +28,7 @@ QList<MarkedPiece> CutAtMarks(QStringView chords, const QString& lyric)
 QString SheetText::Chord(const MarkedPiece& piece, int line, Remarks& remarks,
                          QStringList& beside) const
 {
-    const QString mark = piece.mark.trimmed();
+    QString mark = piece.mark.trimmed();
     if (mark.isEmpty())
         return {};
     if (!piece.exact) {

@@ -136,7 +136,7 @@ QString SongDraft::WithCapo(const QString& text) const
     if (m_capo.isEmpty())
         return text;
     const QString said = CapoHeading() + m_capo;
-    const QString heading = AsHeading(said);
+    QString heading = AsHeading(said);
     if (text.isEmpty())
         return heading;
     return heading + u"\r\n" + text;
