@@ -29,7 +29,7 @@ Outcome Run(const QString& program, const QStringList& arguments, const QByteArr
     process.start(program, arguments);
     process.write(input);
     process.closeWriteChannel();
-    if (!process.waitForFinished(60'000) || process.exitStatus() != QProcess::NormalExit)
+    if (!process.waitForFinished(300'000) || process.exitStatus() != QProcess::NormalExit)
         return {};
     const QByteArray raw = process.readAllStandardOutput();
     return {process.exitCode(), QString::fromUtf8(raw),
