@@ -19,12 +19,21 @@ private:
     void DeleteThem();
     void ImportThem();
     void ImportThemAgain();
-    void Answer(const QString& window, const QStringList& keys) const
+    /// One box follows another of the same title: keys for the next would meet the one that is
+    /// about to close.
+    void Answer(const QString& window, const QStringList& keys)
     {
-        QVERIFY2(!m_screen.WaitForFocus(window).isEmpty(), qPrintable(window));
+        QString active;
+        const auto isNext = [&] {
+            active = m_screen.WaitForFocus(window);
+            return active.isEmpty() || active != m_answered;
+        };
+        QVERIFY2(QTest::qWaitFor(isNext, VirtualScreen::Patience) && !active.isEmpty(),
+                 qPrintable(window));
+        m_answered = active;
         m_screen.Press(keys);
     }
-    void ChooseFile(const QString& picker) const
+    void ChooseFile(const QString& picker)
     {
         Answer(picker, {u"ctrl+a"_qs});
         m_screen.Type(m_program.Path(u"three.mld"_qs));
@@ -45,6 +54,7 @@ private:
     const QString Form = u"^Melodario v\\.1\\.0\\.0$"_qs;
     const QString Box = u"^Melodario$"_qs;
     VirtualScreen m_screen;
+    QString m_answered; ///< the window that was answered last
     Installation m_program;
 };
 
