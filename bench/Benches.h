@@ -15,4 +15,5 @@ void BenchScroll(const Scale& scale, ResultTable& table);
 void BenchSongList(const Scale& scale, ResultTable& table);
 void BenchSetlist(const Scale& scale, ResultTable& table);
 void BenchExport(const Scale& scale, ResultTable& table);
+void BenchImport(const Scale& scale, ResultTable& table);
 void BenchStart(const Scale& scale, ResultTable& table);

@@ -18,7 +18,7 @@ struct Bench
     void (*run)(const Scale&, ResultTable&);
 };
 
-constexpr std::array<Bench, 11> Benches{{
+constexpr std::array<Bench, 12> Benches{{
     {u"fill", BenchFill},
     {u"search", BenchSearch},
     {u"typing", BenchTyping},
@@ -29,6 +29,7 @@ constexpr std::array<Bench, 11> Benches{{
     {u"songlist", BenchSongList},
     {u"setlist", BenchSetlist},
     {u"export", BenchExport},
+    {u"import", BenchImport},
     {u"start", BenchStart},
 }};
 
@@ -70,7 +71,7 @@ int main(int argc, char* argv[])
     }
     if (table.IsEmpty()) {
         out << "Names: fill search typing suggestions chords viewer scroll songlist setlist "
-               "export start\n";
+               "export import start\n";
         return 1;
     }
     out << table.ToText();
