@@ -13,6 +13,7 @@ ExchangeSong Musica_Exportada(const Recordset& linha);
 QString Id_Exportado(const Recordset& linha);
 
 /// @param id  MUSICA.ID in decimal
-/// @return the descriptions of the song's themes in the order of their IDs, a theme linked twice twice; NULL is ""
+/// @return the descriptions of the song's themes in the order of their IDs, a theme linked twice
+/// twice; NULL is ""
 /// @throws RuntimeError of the store
 QStringList Temas_Exportados(const QString& id);

@@ -1,5 +1,6 @@
 #include "store/Connection.h"
 #include "store/Failed.h"
+#include "store/shelf/SongNames.h"
 #include "support/GeneratedSongs.h"
 #include "support/PlainSqlite.h"
 #include "support/TestCatalogue.h"
@@ -14,6 +15,8 @@ class tst_same_song : public QObject
 private slots:
     void memoryAgreesWithSqlite();
     void randomLettersOfManyScripts();
+    void fewSongsAreCandidates();
+    void aSongThatChangesTakesNoMoreRoom();
     void changesAreSeenAtOnce();
     void aSongIsFoundUnderItsNewName_data();
     void aSongIsFoundUnderItsNewName();
@@ -155,6 +158,36 @@ void tst_same_song::randomLettersOfManyScripts()
             Quoted(round % 3 == 0 ? u"Калинка"_qs : any()), QString::number(1 + round % 40)));
     }
     QVERIFY(found > 100);
+}
+
+void tst_same_song::fewSongsAreCandidates()
+{
+    SongNames names;
+    const auto title = [](int number) { return u"Калинка %1 – Nº ’"_qs.arg(number).toStdString(); };
+    for (int i = 0; i < 1000; ++i)
+        names.Put(static_cast<SongTable::Place>(i), title(i));
+    names.Put(1000, std::nullopt);
+    QCOMPARE(names.Places(), SongTable::Place{1001});
+    for (int i = 0; i < 1000; ++i)
+        QCOMPARE(names.Candidates(title(i)),
+                 std::vector<SongTable::Place>{static_cast<SongTable::Place>(i)});
+    QVERIFY(names.Candidates(title(1000)).empty());
+}
+
+void tst_same_song::aSongThatChangesTakesNoMoreRoom()
+{
+    SongNames names;
+    names.Put(0, "Luz");
+    const std::size_t size = names.Size();
+    for (int i = 0; i < 100; ++i) {
+        names.Put(0, "Mar");
+        names.Put(0, "Mar");
+        names.Put(0, "Луна");
+    }
+    QCOMPARE(names.Size(), size);
+    QVERIFY(names.Candidates("Luz").empty());
+    QVERIFY(names.Candidates("Mar").empty());
+    QCOMPARE(names.Candidates("Луна").size(), std::size_t{1});
 }
 
 void tst_same_song::changesAreSeenAtOnce()
