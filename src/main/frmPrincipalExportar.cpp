@@ -32,8 +32,15 @@ void frmPrincipal::mnuExportar_Click()
     m_exportar = new frmExportar(*this, this);
     const QPointer<frmExportar> form = m_exportar;
     const auto descarga = qScopeGuard([&form] { delete form; });
-    if (form->Inicializa(lista))
-        form->ShowModal();
+    if (!form->Inicializa(lista))
+        return;
+    const QPointer<frmPrincipal> vivo(this);
+    form->ShowModal();
+    delete form;
+    // The message and the form go at one time. A window manager that hands the keyboard from the
+    // one to the other may be late and leave nobody with it.
+    if (vivo && vivo->isVisible())
+        vivo->activateWindow();
 }
 
 void frmPrincipal::Preenche_Musicas(QString sql, ListaMusicas& lista)

@@ -114,6 +114,15 @@ bool VirtualScreen::IsVisible(const QString& title) const
     return !Windows(title).isEmpty();
 }
 
+QString VirtualScreen::Report() const
+{
+    QString report;
+    for (const QString& window : Windows(u"."_qs))
+        report += window + u' ' + Xdotool({u"getwindowname"_qs, window}) + u'\n';
+    return report + u"active "_qs + Xdotool({u"getactivewindow"_qs}) + u", keys go to "_qs +
+           Xdotool({u"getwindowfocus"_qs, u"-f"_qs});
+}
+
 QString VirtualScreen::WaitForWindow(const QString& title) const
 {
     return WaitFor([&] { return Windows(title).value(0); });

@@ -31,6 +31,11 @@ public:
 
     bool IsVisible(const QString& title) const;
 
+    /// @return the titles of all visible windows and which of them has the keyboard, for the text
+    /// of
+    ///         a failure
+    QString Report() const;
+
     /// Gives the screen a keyboard ("br"), for programs that are started then. @return success
     bool UseKeyboard(const QString& layout) const;
 

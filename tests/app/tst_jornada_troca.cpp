@@ -29,9 +29,13 @@ private:
             return active.isEmpty() || active != m_answered;
         };
         QVERIFY2(QTest::qWaitFor(isNext, VirtualScreen::Patience) && !active.isEmpty(),
-                 qPrintable(window));
+                 qPrintable(window + u'\n' + m_screen.Report()));
         m_answered = active;
         m_screen.Press(keys);
+    }
+    void WaitForForm()
+    {
+        QVERIFY2(!m_screen.WaitForFocus(Form).isEmpty(), qPrintable(m_screen.Report()));
     }
     void ChooseFile(const QString& picker)
     {
@@ -73,7 +77,7 @@ void tst_JornadaTroca::Prepare()
              " (4, 1)");
     m_program.Start(m_screen.Environment());
     Answer(Box, {u"Return"_qs}); // the splash
-    QVERIFY(!m_screen.WaitForFocus(Form).isEmpty());
+    WaitForForm();
 }
 
 void tst_JornadaTroca::ExportThree()
@@ -96,7 +100,7 @@ void tst_JornadaTroca::ExportThree()
     QVERIFY(file.endsWith("\r\n</musicas>"));
     QCOMPARE(Titles(), u"Amor d'agua|Bem|Canção|Dia"_qs);
     m_screen.Press({u"Return"_qs});
-    QVERIFY(!m_screen.WaitForFocus(Form).isEmpty());
+    WaitForForm();
 }
 
 void tst_JornadaTroca::DeleteThem()
@@ -131,7 +135,7 @@ void tst_JornadaTroca::ImportThem()
                                  {u"6"_qs, u"Festa"_qs},
                                  {u"7"_qs, u"Festa"_qs}}));
     m_screen.Press({u"Return"_qs});
-    QVERIFY(!m_screen.WaitForFocus(Form).isEmpty());
+    WaitForForm();
 }
 
 void tst_JornadaTroca::ImportThemAgain()
@@ -144,7 +148,7 @@ void tst_JornadaTroca::ImportThemAgain()
     Answer(Box, {u"alt+n"_qs});  // no
     // How many came in is told, and it is one.
     Answer(Box, {u"Return"_qs});
-    QVERIFY(!m_screen.WaitForFocus(Form).isEmpty());
+    WaitForForm();
     QCOMPARE(Titles(), u"Dia|Amor d'agua|Bem|Canção|Amor d'agua (Importação)"_qs);
     QCOMPARE(Rows(u"SELECT DESCRICAO FROM TEMA ORDER BY ID"_qs),
              QList<QStringList>({{u"Louvor"_qs}, {u"Festa"_qs}}));
