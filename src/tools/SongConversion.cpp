@@ -90,7 +90,7 @@ void SongConversion::Convert(const QString& path, const QByteArray& bytes)
     m_losses += lostInReading || lostInWriting ? 1 : 0;
 }
 
-bool SongConversion::Tell(const QString& path, const QList<Songbook::Remark>& remarks)
+bool SongConversion::Tell(const QString& path, const QList<Songbook::Remark>& remarks) const
 {
     bool lost = false;
     for (const Songbook::Remark& remark : remarks) {

@@ -43,7 +43,7 @@ public:
 private:
     void ReadFile(const QString& path);
     void Convert(const QString& path, const QByteArray& bytes);
-    bool Tell(const QString& path, const QList<Songbook::Remark>& remarks);
+    bool Tell(const QString& path, const QList<Songbook::Remark>& remarks) const;
 
     Listener m_listener;
     bool m_tellNotes;
