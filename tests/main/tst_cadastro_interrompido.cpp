@@ -14,7 +14,7 @@ class tst_cadastro_interrompido : public QObject
 private slots:
     void everyBoundaryLeavesTheOldOrTheNewState_data();
     void everyBoundaryLeavesTheOldOrTheNewState();
-    void cleanupTestCase();
+    void cleanupTestCase() const;
 
 private:
     int m_mortes = 0;
@@ -66,7 +66,7 @@ void tst_cadastro_interrompido::everyBoundaryLeavesTheOldOrTheNewState()
     m_mortes += static_cast<int>(estados.size()) - 1;
 }
 
-void tst_cadastro_interrompido::cleanupTestCase()
+void tst_cadastro_interrompido::cleanupTestCase() const
 {
     qInfo("%d kills", m_mortes);
     QVERIFY(m_mortes >= 200);

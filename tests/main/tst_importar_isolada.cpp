@@ -25,7 +25,7 @@ public:
     Vigia_Arquivo& operator=(const Vigia_Arquivo&) = delete;
 
     /// @return whether anybody opened it since the last question
-    bool Foi_Aberto()
+    bool Foi_Aberto() const
     {
         char eventos[4096];
         return ::read(m_vigia, eventos, sizeof eventos) > 0;
@@ -65,7 +65,7 @@ public:
     }
 
     /// @return whether anybody came since the last question
-    bool Veio_Alguem()
+    bool Veio_Alguem() const
     {
         const int cliente = ::accept(m_porta, nullptr, nullptr);
         if (cliente >= 0)
