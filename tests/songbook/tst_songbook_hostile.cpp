@@ -66,7 +66,7 @@ void tst_songbook_hostile::refusedWithItsReason_data()
     QTest::newRow("an empty file") << QByteArray() << u"o arquivo está vazio"_qs;
     QTest::newRow("blanks only") << QByteArray(" \r\n\t") << u"o arquivo está vazio"_qs;
     QTest::newRow("a hundred megabytes of text")
-        << QByteArray(100 * 1024 * 1024, 'a') << u"o arquivo é grande demais para uma música"_qs;
+        << QByteArray(qsizetype{100} * 1024 * 1024, 'a') << u"o arquivo é grande demais para uma música"_qs;
     QTest::newRow("a program") << QByteArray("\x7f"
                                              "ELF\0\0\1",
                                              7)
