@@ -69,7 +69,7 @@ QStringList Interruption::StatesAfterKills(const QString& program, const QString
 
 QString Interruption::WhatIsNotWhole(const QString& before, const QStringList& states, int atLeast)
 {
-    const QString after = states.last();
+    const QString& after = states.last();
     const qsizetype kills = states.size() - 1;
     const qsizetype first = states.indexOf(after);
     if (kills < atLeast)

@@ -14,7 +14,7 @@ class EditingBench : public SongListBench
 {
 public:
     /// @return a viewer whose window is active; empty when that did not happen
-    static QPointer<frmVisualizar> Active(QPointer<frmVisualizar> viewer)
+    static QPointer<frmVisualizar> Active(const QPointer<frmVisualizar>& viewer)
     {
         viewer->activateWindow();
         return QTest::qWaitForWindowActive(viewer.data()) ? viewer : nullptr;

@@ -254,7 +254,7 @@ void tst_viewer_keys::initTestCase()
 
 QPointer<frmVisualizar> tst_viewer_keys::Prepared() const
 {
-    const auto viewer = bench->OpenList(setlist);
+    auto viewer = bench->OpenList(setlist);
     QTest::keyClick(viewer.data(), Qt::Key_P);
     QTest::keyClick(viewer.data(), Qt::Key_S);
     for (int i = 0; i < 3; ++i)
