@@ -65,8 +65,8 @@ void tst_songbook_hostile::refusedWithItsReason_data()
     const QString malformed = u"o XML não está bem formado"_qs;
     QTest::newRow("an empty file") << QByteArray() << u"o arquivo está vazio"_qs;
     QTest::newRow("blanks only") << QByteArray(" \r\n\t") << u"o arquivo está vazio"_qs;
-    QTest::newRow("a hundred megabytes of text")
-        << QByteArray(qsizetype{100} * 1024 * 1024, 'a') << u"o arquivo é grande demais para uma música"_qs;
+    QTest::newRow("a hundred megabytes of text") << QByteArray(qsizetype{100} * 1024 * 1024, 'a')
+                                                 << u"o arquivo é grande demais para uma música"_qs;
     QTest::newRow("a program") << QByteArray("\x7f"
                                              "ELF\0\0\1",
                                              7)
