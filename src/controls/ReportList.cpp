@@ -6,7 +6,6 @@
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QTextDocument>
 #include <QToolTip>
 
 namespace {
@@ -31,14 +30,6 @@ protected:
         option->state &= ~QStyle::State_HasFocus; // it is the row that has it, see drawRow
     }
 };
-
-/// @return text such that a tool tip shows it as it is, also where it looks like markup.
-QString Literal(const QString& text)
-{
-    if (!Qt::mightBeRichText(text))
-        return text;
-    return u"<p style='white-space:pre-wrap'>" % text.toHtmlEscaped() % u"</p>";
-}
 
 } // namespace
 
@@ -100,7 +91,8 @@ bool ReportList::viewportEvent(QEvent* event)
     if (text.isEmpty())
         QToolTip::hideText();
     else
-        QToolTip::showText(help->globalPos(), Literal(text), viewport(), visualRect(index));
+        QToolTip::showText(help->globalPos(), LongTexts::Literal(text), viewport(),
+                           visualRect(index));
     return true;
 }
 

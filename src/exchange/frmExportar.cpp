@@ -6,6 +6,7 @@
 #include "controls/FileDialogs.h"
 #include "controls/Handler.h"
 #include "controls/HeldKeys.h"
+#include "controls/LongTexts.h"
 #include "exchange/Aviso_Exportacao.h"
 #include "exchange/Exporta_Musicas.h"
 #include "exchange/SQL_Exportacao.h"
@@ -18,7 +19,6 @@
 #include <QElapsedTimer>
 #include <QHeaderView>
 #include <QPointer>
-#include <QTextDocument>
 
 #include <optional>
 #include <utility>
@@ -27,14 +27,6 @@ namespace {
 
 /// Pictures follow each other so closely that the bar seems to move, and cost little.
 constexpr qint64 EntreEventosMs = 40;
-
-/// @return text such that a tool tip shows it as it is, also where a title looks like markup.
-QString Dica_Literal(const QString& texto)
-{
-    if (!Qt::mightBeRichText(texto))
-        return texto;
-    return u"<p style='white-space:pre-wrap'>" % texto.toHtmlEscaped() % u"</p>";
-}
 
 } // namespace
 
@@ -168,7 +160,7 @@ void frmExportar::Mostra_Aviso()
     }
     m_aviso = aviso.todas;
     ui->lblAviso->setText(aviso.resumo);
-    ui->lblAviso->setToolTip(Dica_Literal(m_aviso));
+    ui->lblAviso->setToolTip(LongTexts::Literal(m_aviso));
     ui->lblAviso->setAccessibleDescription(m_aviso);
     ui->lblAviso->setVisible(!aviso.resumo.isEmpty());
 }

@@ -12,6 +12,8 @@
 
 void frmPrincipal::mnuImportar_Click()
 {
+    if (m_importando)
+        return; // a file that is picked now would be dropped without a word
     const QString extensao = QStringLiteral("mld");
     Pedido_Arquivo pedido;
     pedido.especie = Pedido_Arquivo::Abrir;
