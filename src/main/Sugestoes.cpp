@@ -52,6 +52,9 @@ void Posiciona(ListBox& lista, const QWidget& caixa)
 void Mostra(ListBox& lista, const QWidget& caixa)
 {
     Posiciona(lista, caixa);
+    // Nothing comes between while the list is shown: at a further letter it lies where it has to.
+    if (!lista.isHidden())
+        return;
     lista.show();
     lista.raise();
     // The keyboard floats over everything: its keys are to be reached while the list grows.

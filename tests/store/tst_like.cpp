@@ -56,6 +56,7 @@ private slots:
     void matches();
     void agreesWithItsPlainMeaning();
     void decidesByBasesAsByText();
+    void decidesByTheStartAsByText();
     void answersManySigns();
     void longPartsAgreeWithTheirPlainMeaning();
     void answersLongParts_data();
@@ -200,6 +201,28 @@ void tst_like::decidesByBasesAsByText()
         if (like.Matches(text) != like.Matches(text, Fold::Bases(text)))
             QFAIL(Said(text, pattern).c_str());
     }
+}
+
+void tst_like::decidesByTheStartAsByText()
+{
+    const std::vector<std::string> pieces = {"a", "á", "b", "ç", "[]", "_", "%", "[ab]", "가"};
+    QRandomGenerator random(8);
+    int starts = 0;
+    int matched = 0;
+    for (int i = 0; i < 40000; ++i) {
+        const std::string text = Random(random, {"a", "á", "b", "c", "가"}, 5);
+        const std::string pattern = Random(random, pieces, 3) + "%";
+        const Like like(pattern);
+        if (!like.IsStart())
+            continue;
+        ++starts;
+        const bool matches = like.Matches(text);
+        const bool begins = Fold::Bases(text).starts_with(like.Needle().Needle());
+        matched += matches ? 1 : 0;
+        if (like.IsDecidedByStart() ? matches != begins : matches && !begins)
+            QFAIL(Said(text, pattern).c_str());
+    }
+    QVERIFY2(starts > 5000 && matched > 1000, qPrintable(u"%1 %2"_qs.arg(starts).arg(matched)));
 }
 
 void tst_like::answersManySigns()

@@ -203,15 +203,73 @@ QStringList Around(const QString& sign)
                        u"e"_qs + sign + u"c"_qs};
 }
 
+/// @param typed  between the quotes of a literal
+QString TitleSuggestions(const QString& typed)
+{
+    return u"SELECT ID, TITULO & ' - ' & REFERENCIA FROM MUSICA WHERE TITULO LIKE '"_qs + typed +
+           u"%' ORDER BY TITULO & ' - ' & REFERENCIA";
+}
+
+QString ReferenceSuggestions(const QString& typed)
+{
+    return u"SELECT DISTINCT 1, REFERENCIA FROM MUSICA WHERE REFERENCIA LIKE '"_qs + typed +
+           u"%' ORDER BY REFERENCIA";
+}
+
 /// What is suggested while a title or a reference is being typed.
 QString Suggestion(Chance& chance)
 {
     const QString typed = chance.OneIn(6) ? QString() : chance.Pattern();
-    if (chance.OneIn(2))
-        return u"SELECT ID, TITULO & ' - ' & REFERENCIA FROM MUSICA WHERE TITULO LIKE '"_qs +
-               typed + u"%' ORDER BY TITULO & ' - ' & REFERENCIA";
-    return u"SELECT DISTINCT 1, REFERENCIA FROM MUSICA WHERE REFERENCIA LIKE '"_qs + typed +
-           u"%' ORDER BY REFERENCIA";
+    return chance.OneIn(2) ? TitleSuggestions(typed) : ReferenceSuggestions(typed);
+}
+
+/// Titles, and in the opposite order references, that begin alike and are not the same.
+const QStringList& Beginnings()
+{
+    static const QStringList texts{u"Amor"_qs,
+                                   u"amora"_qs,
+                                   u"AMAR"_qs,
+                                   u"a"_qs,
+                                   u"Á"_qs,
+                                   u"água"_qs,
+                                   u"A\u0301gua viva"_qs,
+                                   u"àgua"_qs,
+                                   u"Agua"_qs,
+                                   u"a\u0301\u0302"_qs,
+                                   u"bamba"_qs,
+                                   u"Luz"_qs,
+                                   u"luz da lua"_qs,
+                                   u"D'água"_qs,
+                                   u"d'Agua"_qs,
+                                   u"Dagua"_qs,
+                                   u"'a'"_qs,
+                                   u"50% de amor"_qs,
+                                   u"%a"_qs,
+                                   u"_a"_qs,
+                                   u"a_b"_qs,
+                                   u"a%b"_qs,
+                                   u"[a]"_qs,
+                                   u"[a"_qs,
+                                   u"]a"_qs,
+                                   u"! a"_qs,
+                                   u"*a"_qs,
+                                   u"  a"_qs,
+                                   u"Ça"_qs,
+                                   u"c\u0327a"_qs,
+                                   u"ca"_qs,
+                                   u"\u0301a"_qs,
+                                   u"Æa"_qs,
+                                   u"ﬁm"_qs,
+                                   u"fim"_qs,
+                                   u"straße"_qs,
+                                   u"STRASSE"_qs,
+                                   u"Привет"_qs,
+                                   u"한국"_qs,
+                                   u"\u1112\u1161\u11ab"_qs,
+                                   u"😀a"_qs,
+                                   u"\u0001a"_qs,
+                                   u""_qs};
+    return texts;
 }
 
 } // namespace
@@ -229,6 +287,8 @@ private slots:
     void suggestsTheRowsOfTheLiteralStatement();
     void takesEverySignAsTheLiteralStatementDoes_data();
     void takesEverySignAsTheLiteralStatementDoes();
+    void suggestsWhatBeginsAsTheLiteralStatementDoes_data();
+    void suggestsWhatBeginsAsTheLiteralStatementDoes();
 
 private:
     static void Compare(unsigned seed, const std::function<QString(Chance&)>& statement);
@@ -297,6 +357,106 @@ void tst_search_equality::takesEverySignAsTheLiteralStatementDoes()
         }
     }
     QVERIFY(found > 0);
+}
+
+void tst_search_equality::suggestsWhatBeginsAsTheLiteralStatementDoes_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<bool>("isFound");
+    const auto row = [](const char* name, const QString& typed, bool isFound = true) {
+        QTest::newRow(name) << typed << isFound;
+    };
+    row("one letter of many texts", u"a"_qs);
+    row("one capital of many texts", u"A"_qs);
+    row("one letter of few texts", u"l"_qs);
+    row("one letter that stands only inside", u"g"_qs, false);
+    row("one letter of no text", u"x"_qs, false);
+    row("all texts", u"%"_qs);
+    row("a word", u"amor"_qs);
+    row("a whole text", u"luz da lua"_qs);
+    row("more than any text", u"luz da lua cheia"_qs, false);
+    row("an accent", u"á"_qs);
+    row("an accent as a capital", u"Á"_qs);
+    row("an accent as a mark of its own", u"a\u0301"_qs);
+    row("another accent", u"à"_qs);
+    row("an accent that no text has", u"ã"_qs, false);
+    row("an accent inside", u"águ"_qs);
+    row("no accent where texts have one", u"agua"_qs);
+    row("two accents on one letter", u"a\u0301\u0302"_qs);
+    row("an accent without a letter", u"\u0301"_qs);
+    row("a cedilla", u"ç"_qs);
+    row("a letter that may have a cedilla", u"c"_qs);
+    row("an apostrophe inside", u"d'"_qs);
+    row("an apostrophe and an accent", u"d'á"_qs);
+    row("an apostrophe first", u"'"_qs);
+    row("any character", u"_"_qs);
+    row("any character and a letter", u"_a"_qs);
+    row("a letter and any character", u"a_"_qs);
+    row("any run and a letter", u"%a"_qs);
+    row("a letter, any run and a letter", u"a%b"_qs);
+    row("two of any run", u"a%%"_qs);
+    row("a set", u"[al]"_qs);
+    row("a set with an accent", u"[áç]"_qs);
+    row("a range", u"[a-d]"_qs);
+    row("outside a set", u"[!a]"_qs);
+    row("a letter and a set", u"a[mg]"_qs);
+    row("an empty set", u"[]"_qs);
+    row("a letter and an empty set", u"a[]"_qs);
+    row("a sign of a set", u"[%]"_qs);
+    row("a bracket of a set", u"[[]"_qs);
+    row("an open bracket", u"["_qs);
+    row("a closed bracket", u"]"_qs);
+    row("an exclamation mark", u"!"_qs);
+    row("an asterisk", u"*"_qs);
+    row("blanks", u"  "_qs);
+    row("two letters in one", u"æ"_qs);
+    row("a ligature", u"ﬁ"_qs);
+    row("what a ligature stands for", u"fi"_qs);
+    row("a sharp s", u"straß"_qs);
+    row("Cyrillic", u"п"_qs);
+    row("a syllable", u"한"_qs);
+    row("the first sound of a syllable", u"\u1112"_qs, false);
+    row("a sign of two units", u"😀"_qs);
+    row("a control character", u"\u0001"_qs);
+}
+
+/// Also after a song was taken out, changed and added.
+void tst_search_equality::suggestsWhatBeginsAsTheLiteralStatementDoes()
+{
+    QFETCH(QString, typed);
+    QFETCH(bool, isFound);
+    const TestCatalogue catalogue;
+    const QString insertion = u"INSERT INTO MUSICA (TITULO, REFERENCIA, MUSICA, CATEGORIA) "
+                              "VALUES ("_qs;
+    QString filling = insertion + u"'amor', NULL, '', 1);" + insertion + u"NULL, 'amor', '', 1);";
+    const QStringList& texts = Beginnings();
+    for (qsizetype i = 0; i < texts.size(); ++i)
+        filling += insertion + Quoted(texts[i]) + u", " + Quoted(texts[texts.size() - 1 - i]) +
+                   u", '', 1);" + insertion + Quoted(texts[i]) + u", " + Quoted(texts[i]) +
+                   u", '', 1);";
+    catalogue.Run(filling);
+    Connection connection;
+    connection.Open(catalogue.ConnectionString());
+    const LiteralCatalogue literal(catalogue.Path());
+    const Schema schema = CatalogueSchema();
+    QString inText = typed;
+    inText.replace(u'\'', u"''"_qs);
+    const QStringList statements{TitleSuggestions(inText), ReferenceSuggestions(inText)};
+    const QStringList changes{QString(), u"DELETE FROM MUSICA WHERE ID = 3"_qs,
+                              u"UPDATE MUSICA SET TITULO = 'x', REFERENCIA = 'g' WHERE ID = 5"_qs,
+                              insertion + u"'axé', 'axé', '', 1)"};
+    for (const QString& change : changes) {
+        if (!change.isEmpty())
+            connection.Execute(change);
+        connection.CommitBatch();
+        for (const QString& sql : statements) {
+            QVERIFY(SongSearch::Recognise(ReadStatement(sql, schema)));
+            const QList<QStringList> expected = literal.Rows(sql);
+            QCOMPARE(AllFields(connection.Execute(sql)), expected);
+            if (change.isEmpty())
+                QCOMPARE(!expected.isEmpty(), isFound);
+        }
+    }
 }
 
 void tst_search_equality::Compare(unsigned seed, const std::function<QString(Chance&)>& statement)

@@ -49,6 +49,14 @@ void SongBases::Keep(std::vector<char>& marks, const ByteSearch& needle) const
     marks.swap(kept);
 }
 
+void SongBases::KeepStarts(std::vector<char>& marks, std::string_view start) const
+{
+    for (std::size_t place = 0; place < marks.size(); ++place) {
+        if (marks[place] != 0 && !At(static_cast<SongTable::Place>(place)).starts_with(start))
+            marks[place] = 0;
+    }
+}
+
 std::size_t SongBases::Size() const noexcept
 {
     return m_text.size() + m_entries.size() * sizeof(Entry) + m_starts.size() * sizeof(Start);

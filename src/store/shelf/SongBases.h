@@ -30,6 +30,11 @@ public:
     /// @param marks  one for each place
     void Keep(std::vector<char>& marks, const ByteSearch& needle) const;
 
+    /// Takes away the marks of the songs whose text does not begin so.
+    /// @param marks  one for each place
+    /// @param start  bases, at least one
+    void KeepStarts(std::vector<char>& marks, std::string_view start) const;
+
     /// @return bytes taken, about.
     std::size_t Size() const noexcept;
 

@@ -165,8 +165,12 @@ std::vector<char> SongShelf::Candidates(const SongSearch& search)
 void SongShelf::KeepMatches(std::vector<char>& marks, const SongBases& bases, const Like& like,
                             SongRow::Text SongRow::*text) const
 {
-    bases.Keep(marks, like.Needle());
-    if (like.IsDecidedByNeedle())
+    // One letter is found in nearly every text: where it has to stand first it is not searched for.
+    if (like.IsStart())
+        bases.KeepStarts(marks, like.Needle().Needle());
+    else
+        bases.Keep(marks, like.Needle());
+    if (like.IsDecidedByNeedle() || like.IsDecidedByStart())
         return;
     // The songs themselves are looked at only where the bases do not decide.
     const auto matches = [&](SongTable::Place place) {

@@ -153,6 +153,9 @@ void Like::ChooseNeedle()
         m_parts.back().empty() &&
         (m_parts.size() == 2 || std::all_of(m_parts[1].begin(), m_parts[1].end(), isPlain));
     m_needle = std::move(longest);
+    m_isStart = m_parts.size() == 2 && !m_parts.front().empty() && m_parts.back().empty() &&
+                std::all_of(m_parts.front().begin(), m_parts.front().end(),
+                            [](const Item& item) { return item.kind == Item::Exact; });
 }
 
 /// Recognises `%letters%`, with accents or without. A long one is left to FindPart, which never

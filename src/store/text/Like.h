@@ -41,6 +41,12 @@ public:
     /// @return true when every text that contains the needle matches.
     bool IsDecidedByNeedle() const noexcept { return m_needleDecides; }
 
+    /// @return true for `letters%`: what matches begins with the needle.
+    bool IsStart() const noexcept { return m_isStart; }
+
+    /// @return true when every text that begins with the needle matches.
+    bool IsDecidedByStart() const noexcept { return m_isStart && m_isPlain; }
+
     /// @return true when MatchesBases tells all: no accent is asked for.
     bool IsDecidedByBases() const noexcept { return m_needleDecides || m_isPlain; }
 
@@ -104,6 +110,7 @@ private:
     std::vector<Range> m_ranges;
     ByteSearch m_needle{{}};      ///< bases that every match contains
     bool m_needleDecides = false; ///< every text that contains them matches
+    bool m_isStart = false;       ///< the pattern is `letters%`, with accents or without
     bool m_isPlain = false;       ///< no accent is asked for, and no part is long
     std::vector<Run> m_runs;      ///< of each part, where it is plain
     bool m_isRun = false;         ///< the pattern is `%letters%`: the needle and these accents
