@@ -11,6 +11,16 @@ if(NOT CMAKE_CXX_COMPILER_LAUNCHER)
     endif()
 endif()
 
+# A hundred tests are linked with GCC, each in a sixth of the time that GCC's own linker takes. The
+# folder is where GCC looks for the name without a version.
+if(CMAKE_BUILD_TYPE STREQUAL "Debug" AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    find_program(MELODARIO_LLD ld.lld PATHS /usr/lib/llvm-14/bin NO_DEFAULT_PATH)
+    if(MELODARIO_LLD)
+        cmake_path(GET MELODARIO_LLD PARENT_PATH folder)
+        add_link_options("-B${folder}" -fuse-ld=lld)
+    endif()
+endif()
+
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)

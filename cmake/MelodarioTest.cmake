@@ -1,10 +1,22 @@
-# melodario_test(name SOURCES file... LINKS target... [GUI] [TIMEOUT seconds])
+# melodario_fixtures(name SOURCES file... LINKS target...)
+# What the tests of a folder share, compiled once for all of them: moc's output for its headers takes
+# as long as a test.
+function(melodario_fixtures name)
+    cmake_parse_arguments(F "" "" "SOURCES;LINKS" ${ARGN})
+    add_library(${name} STATIC ${F_SOURCES})
+    target_link_libraries(${name} PUBLIC ${F_LINKS} Qt6::Test PRIVATE melodario_flags)
+    target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+    target_compile_definitions(${name} PRIVATE MELODARIO_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+endfunction()
+
+# melodario_test(name SOURCES file... LINKS target... [FIXTURES name] [GUI] [TIMEOUT seconds])
 # One executable per test source. Every test runs on the offscreen platform with a screen wide
-# enough for the main form, one scale, one font resolution and one time zone.
+# enough for the main form, one scale, one font resolution and one time zone. FIXTURES are those of
+# the same folder.
 set(MELODARIO_TEST_SCREEN "${PROJECT_SOURCE_DIR}/tests/support/1366.json")
 
 function(melodario_test name)
-    cmake_parse_arguments(T "GUI" "TIMEOUT" "SOURCES;LINKS;DEFINITIONS" ${ARGN})
+    cmake_parse_arguments(T "GUI" "TIMEOUT;FIXTURES" "SOURCES;LINKS;DEFINITIONS" ${ARGN})
     if(NOT T_SOURCES)
         set(T_SOURCES ${name}.cpp)
     endif()
@@ -13,6 +25,9 @@ function(melodario_test name)
     target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
     target_compile_definitions(${name} PRIVATE
         MELODARIO_SOURCE_DIR="${PROJECT_SOURCE_DIR}" ${T_DEFINITIONS})
+    if(T_FIXTURES)
+        target_link_libraries(${name} PRIVATE ${T_FIXTURES})
+    endif()
     add_test(NAME ${name} COMMAND ${name})
     set(env "QT_QPA_PLATFORM=offscreen:configfile=${MELODARIO_TEST_SCREEN}" LC_ALL=C.UTF-8 TZ=UTC
             QT_SCALE_FACTOR=1 QT_FONT_DPI=96)
@@ -21,7 +36,8 @@ function(melodario_test name)
         set_tests_properties(${name} PROPERTIES LABELS gui)
     endif()
     if(T_TIMEOUT)
-        set_tests_properties(${name} PROPERTIES TIMEOUT ${T_TIMEOUT})
+        # What may take long begins first, so that nothing runs alone at the end.
+        set_tests_properties(${name} PROPERTIES TIMEOUT ${T_TIMEOUT} COST ${T_TIMEOUT})
     endif()
 endfunction()
 
