@@ -37,7 +37,8 @@ private:
 
 namespace {
 
-constexpr int Musicas = 1200; // a portion is committed after a thousand
+constexpr int Repetida = 100; // asked about: what came before it is committed first
+constexpr int Musicas = 1200; // a portion is committed a thousand songs later
 constexpr int Mortes = 10;    // of each row
 constexpr int PacienciaMs = 120000;
 
@@ -47,11 +48,12 @@ QString Arquivo(const QTemporaryDir& pasta)
     QString texto = u"<m>"_qs;
     for (int i = 0; i < Musicas; ++i) {
         const GeneratedSong musica = gerador.Next();
-        texto +=
+        const QString elemento =
             u"<s><titulo>%1 %2</titulo><referencia>Ana</referencia><letra1>%3</letra1><letra2>"
             "fim</letra2><tom>C</tom><variacao/><categoria>1</categoria><temas><d>A</d><d>Tema "
             "%4</d></temas></s>"_qs.arg(musica.title, QString::number(i),
                                         musica.text.toHtmlEscaped(), QString::number(i % 40));
+        texto += i + 1 == Repetida ? QString(elemento + elemento) : elemento;
     }
     QFile arquivo(pasta.filePath(u"a.mld"_qs));
     if (!arquivo.open(QIODevice::WriteOnly))
