@@ -4,6 +4,7 @@
 
 #include <QElapsedTimer>
 #include <QFile>
+#include <QMap>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
@@ -29,8 +30,8 @@ private:
     const QTemporaryDir m_pasta;
     const TestCatalogue m_modelo;
     const QString m_copia = m_pasta.filePath(u"Melodario.mdb"_qs);
-    QString m_arquivo;
-    int m_duracao = 0; ///< of a whole import, in ms
+    QMap<int, QString> m_arquivos; ///< by the number of songs
+    QMap<int, int> m_duracoes;     ///< of whole imports, in ms
     int m_mortes = 0;
     int m_pelaMetade = 0;
 };
@@ -38,15 +39,16 @@ private:
 namespace {
 
 constexpr int Repetida = 100; // asked about: what came before it is committed first
-constexpr int Musicas = 1200; // a portion is committed a thousand songs later
-constexpr int Mortes = 10;    // of each row
+constexpr int Poucas = 300;
+constexpr int Muitas = 1200; // a portion is committed a thousand songs after the question
+constexpr int Mortes = 10;   // of each row
 constexpr int PacienciaMs = 120000;
 
-QString Arquivo(const QTemporaryDir& pasta)
+QString Arquivo(const QTemporaryDir& pasta, int musicas)
 {
     SongGenerator gerador(7);
     QString texto = u"<m>"_qs;
-    for (int i = 0; i < Musicas; ++i) {
+    for (int i = 0; i < musicas; ++i) {
         const GeneratedSong musica = gerador.Next();
         const QString elemento =
             u"<s><titulo>%1 %2</titulo><referencia>Ana</referencia><letra1>%3</letra1><letra2>"
@@ -55,7 +57,7 @@ QString Arquivo(const QTemporaryDir& pasta)
                                         musica.text.toHtmlEscaped(), QString::number(i % 40));
         texto += i + 1 == Repetida ? QString(elemento + elemento) : elemento;
     }
-    QFile arquivo(pasta.filePath(u"a.mld"_qs));
+    QFile arquivo(pasta.filePath(QString::number(musicas) + u".mld"));
     if (!arquivo.open(QIODevice::WriteOnly))
         qFatal("no exchange file");
     arquivo.write((texto + u"</m>").toUtf8());
@@ -111,38 +113,46 @@ int Inteiras(const QString& catalogo)
 
 void tst_importacao_interrompida::initTestCase()
 {
-    m_arquivo = Arquivo(m_pasta);
-    QVERIFY(Renova());
-    QVERIFY(!Importa(m_copia, m_arquivo, -1, &m_duracao));
-    QCOMPARE(Inteiras(m_copia), Musicas);
+    for (const int musicas : {Poucas, Muitas}) {
+        m_arquivos[musicas] = Arquivo(m_pasta, musicas);
+        QVERIFY(Renova());
+        QVERIFY(!Importa(m_copia, m_arquivos[musicas], -1, &m_duracoes[musicas]));
+        QCOMPARE(Inteiras(m_copia), musicas);
+    }
 }
 
 void tst_importacao_interrompida::killsLeaveWholeSongs_data()
 {
     QTest::addColumn<quint64>("semente");
-    for (quint64 semente = 11; semente < 21; ++semente)
-        QTest::addRow("seed %d", static_cast<int>(semente)) << semente;
+    QTest::addColumn<int>("musicas");
+    for (int semente = 11; semente < 21; ++semente) {
+        // Every fifth import is long enough for a portion.
+        const int musicas = semente % 5 == 0 ? Muitas : Poucas;
+        QTest::addRow("seed %d, %d songs", semente, musicas) << quint64(semente) << musicas;
+    }
 }
 
 void tst_importacao_interrompida::killsLeaveWholeSongs()
 {
     QFETCH(quint64, semente);
+    QFETCH(int, musicas);
+    const QString arquivo = m_arquivos[musicas];
     SongGenerator acaso(semente);
     int mortes = 0;
     for (int vez = 0; mortes < Mortes && vez < 3 * Mortes; ++vez) {
         QVERIFY(Renova());
-        if (!Importa(m_copia, m_arquivo, acaso.Below(std::max(m_duracao, 2))))
+        if (!Importa(m_copia, arquivo, acaso.Below(std::max(m_duracoes[musicas], 2))))
             continue;
         ++mortes;
         const int inteiras = Inteiras(m_copia);
         QVERIFY(inteiras >= 0);
-        m_pelaMetade += inteiras > 0 && inteiras < Musicas ? 1 : 0;
+        m_pelaMetade += inteiras > 0 && inteiras < musicas ? 1 : 0;
     }
     m_mortes += mortes;
     QCOMPARE(mortes, Mortes);
     // What the last kill left is completed by a second import.
-    QVERIFY(!Importa(m_copia, m_arquivo, -1));
-    QCOMPARE(Inteiras(m_copia), Musicas);
+    QVERIFY(!Importa(m_copia, arquivo, -1));
+    QCOMPARE(Inteiras(m_copia), musicas);
 }
 
 void tst_importacao_interrompida::cleanupTestCase() const
