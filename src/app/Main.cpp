@@ -3,9 +3,11 @@
 #include "app/frmSplash.h"
 #include "artwork/Artwork.h"
 #include "controls/Appearance.h"
+#include "controls/ProgramFonts.h"
 #include "main/Conecta_Banco.h"
 #include "main/frmPrincipal.h"
 #include "runtime/Version.h"
+#include "store/Arquivo.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -28,6 +30,7 @@ void Funcoes::Prepara(QApplication& programa)
     if (traducao->load(QStringLiteral("qtbase_pt_BR"),
                        QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(traducao);
+    ProgramFonts::Load(Funcoes::Pasta_Programa() % u"/fontes");
     Appearance::Apply(programa);
     QApplication::setWindowIcon(QIcon(Artwork::Path(QStringLiteral("melodario"))));
 }

@@ -3,6 +3,7 @@
 #include "ui_frmSplash.h"
 
 #include "artwork/Artwork.h"
+#include "artwork/VectorPicture.h"
 #include "controls/Appearance.h"
 #include "controls/Handler.h"
 #include "runtime/Version.h"
@@ -11,7 +12,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
-#include <QSvgRenderer>
 #include <QTimer>
 
 #include <utility>
@@ -71,7 +71,8 @@ void frmSplash::Mostra_Logotipo()
     QPixmap imagem(ui->imgLogo->minimumSize() * escala);
     imagem.fill(Qt::transparent);
     QPainter pintor(&imagem);
-    QSvgRenderer(Artwork::Path(QStringLiteral("logo"))).render(&pintor);
+    VectorPicture(Artwork::Path(QStringLiteral("logo")))
+        .Render(pintor, QRectF(imagem.rect()), Qt::IgnoreAspectRatio);
     pintor.end();
     imagem.setDevicePixelRatio(escala);
     ui->imgLogo->setPixmap(imagem);
@@ -122,10 +123,10 @@ void frmSplash::paintEvent(QPaintEvent* /*evento*/)
 {
     QPainter pintor(this);
     pintor.fillRect(rect(), Appearance::Surface);
-    QSvgRenderer arte(Artwork::Path(QStringLiteral("splash")));
+    const VectorPicture arte(Artwork::Path(QStringLiteral("splash")));
     const QSizeF tamanho =
-        QSizeF(arte.defaultSize()).scaled(width(), height(), Qt::KeepAspectRatio);
-    arte.render(&pintor, QRectF(QPointF(), tamanho));
+        QSizeF(arte.DefaultSize()).scaled(width(), height(), Qt::KeepAspectRatio);
+    arte.Render(pintor, QRectF(QPointF(), tamanho));
     pintor.setPen(Appearance::Border);
     pintor.drawRect(rect().adjusted(0, 0, -1, -1));
 }

@@ -27,8 +27,7 @@ void ImageButton::setImage(const QString& path)
     if (m_image == path)
         return;
     m_image = path;
-    m_svg.load(path);
-    m_svg.setAspectRatioMode(Qt::KeepAspectRatio); // loading forgets it
+    m_picture = VectorPicture(path);
     m_drawn = QPixmap();
     updateGeometry();
     update();
@@ -53,7 +52,7 @@ void ImageButton::setKeyboardReachable(bool reachable)
 
 QSize ImageButton::sizeHint() const
 {
-    return m_svg.isValid() ? m_svg.defaultSize() : QSize(16, 16);
+    return m_picture.IsValid() ? m_picture.DefaultSize() : QSize(16, 16);
 }
 
 void ImageButton::Restyle()
@@ -96,7 +95,7 @@ QPixmap ImageButton::Draw(bool available)
     whole.setDevicePixelRatio(scale);
     whole.fill(Qt::transparent);
     QPainter painter(&whole);
-    m_svg.render(&painter, QRectF(rect()));
+    m_picture.Render(painter, QRectF(rect()));
     if (available)
         return whole;
 

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "artwork/VectorPicture.h"
+
 #include <QAbstractButton>
 #include <QPixmap>
-#include <QSvgRenderer>
 
-/// An SVG image that reacts to clicks: no frame, no focus unless asked for, sharp at every scale.
+/// An image that reacts to clicks: no frame, no focus unless asked for, sharp at every scale.
 /// Give it an accessible name or a tool tip; the tool tip serves as the name when there is none.
 class ImageButton : public QAbstractButton
 {
@@ -17,7 +18,7 @@ public:
     explicit ImageButton(QWidget* parent = nullptr);
 
     QString image() const { return m_image; }
-    /// @param path  an SVG file, usually a resource; the image keeps its proportions
+    /// @param path  the picture's file, from Artwork::Path; the image keeps its proportions
     void setImage(const QString& path);
 
     bool inert() const { return m_inert; }
@@ -44,7 +45,7 @@ private:
     QPixmap Draw(bool available);
 
     QString m_image;
-    QSvgRenderer m_svg;
+    VectorPicture m_picture;
     QPixmap m_drawn; ///< the image at the present size, scale and state
     bool m_drawnAvailable = true;
     bool m_inert = false;

@@ -1,5 +1,6 @@
-// Draws a picture at one size: melodario-icone PICTURE.svg SIZE ICON.png
-// Part of the build, so that icons in eight sizes need not lie in the repository.
+// Draws a picture as PNG: melodario-icone PICTURE.svg SIZE FILE
+// SIZE is the pixels of a square, or a multiple of the picture's own size, "2x". Part of the build,
+// so that icons in eight sizes need not lie in the repository.
 
 #include <QFile>
 #include <QImage>
@@ -16,18 +17,27 @@ int Fail(const QString& words)
     return 1;
 }
 
+QSize Size(QByteArray asked, QSize own)
+{
+    if (asked.endsWith('x')) {
+        asked.chop(1);
+        return own * asked.toInt();
+    }
+    return {asked.toInt(), asked.toInt()};
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
 {
     if (argc != 4)
-        return Fail(QStringLiteral("melodario-icone PICTURE.svg SIZE ICON.png"));
+        return Fail(QStringLiteral("melodario-icone PICTURE.svg SIZE FILE"));
     const QString picture = QFile::decodeName(argv[1]);
-    const int size = QByteArray(argv[2]).toInt();
     QSvgRenderer renderer(picture);
-    if (!renderer.isValid() || size <= 0)
+    const QSize size = Size(argv[2], renderer.defaultSize());
+    if (!renderer.isValid() || size.isEmpty())
         return Fail(u"no picture to draw: " + picture);
-    QImage icon(size, size, QImage::Format_ARGB32_Premultiplied);
+    QImage icon(size, QImage::Format_ARGB32_Premultiplied);
     icon.fill(Qt::transparent);
     QPainter painter(&icon);
     renderer.render(&painter);

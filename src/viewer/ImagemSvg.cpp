@@ -5,17 +5,16 @@
 ImagemSvg::ImagemSvg(QWidget* parent)
     : QWidget(parent)
 {
-    m_svg.setAspectRatioMode(Qt::IgnoreAspectRatio);
 }
 
 void ImagemSvg::Mostra_Imagem(const QString& caminho)
 {
-    m_svg.load(caminho);
+    m_imagem = VectorPicture(caminho);
     update();
 }
 
 void ImagemSvg::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    m_svg.render(&painter, QRectF(rect()));
+    m_imagem.Render(painter, QRectF(rect()), Qt::IgnoreAspectRatio);
 }

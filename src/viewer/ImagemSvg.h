@@ -1,9 +1,10 @@
 #pragma once
 
-#include <QSvgRenderer>
+#include "artwork/VectorPicture.h"
+
 #include <QWidget>
 
-/// An SVG picture that fills its widget, stretched when the widget has other proportions: a piece
+/// A picture that fills its widget, stretched when the widget has other proportions: a piece
 /// of the frame around the sheet, or what stands in the place of a hidden button. It reacts to
 /// nothing.
 class ImagemSvg : public QWidget
@@ -13,12 +14,12 @@ class ImagemSvg : public QWidget
 public:
     explicit ImagemSvg(QWidget* parent = nullptr);
 
-    /// @param caminho  an SVG file, usually a resource
+    /// @param caminho  the picture's file, from Artwork::Path
     void Mostra_Imagem(const QString& caminho);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QSvgRenderer m_svg;
+    VectorPicture m_imagem;
 };
