@@ -35,6 +35,10 @@ frmSplash::frmSplash(QWidget& principal, std::function<void()> carrega)
     setFixedSize(size());
     Timer1->setObjectName(QStringLiteral("Timer1"));
     Timer1->setTimerType(Qt::PreciseTimer); // a coarse one may come a twentieth too early
+    // Its ground is a picture of its own, light under every look.
+    QPalette papel = palette();
+    papel.setColor(QPalette::WindowText, Appearance::Text);
+    setPalette(papel);
     QPalette apagado = palette();
     apagado.setColor(QPalette::WindowText, Appearance::MutedText);
     for (QLabel* rotulo : {ui->lblVersion, ui->lblCompanyProduct, ui->lblWarning})

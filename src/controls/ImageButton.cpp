@@ -1,5 +1,7 @@
 #include "controls/ImageButton.h"
 
+#include "controls/Appearance.h"
+
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOptionFocusRect>
@@ -27,7 +29,7 @@ void ImageButton::setImage(const QString& path)
     if (m_image == path)
         return;
     m_image = path;
-    m_svg.load(path);
+    m_svg.load(Appearance::Drawing(path));
     m_svg.setAspectRatioMode(Qt::KeepAspectRatio); // loading forgets it
     m_drawn = QPixmap();
     updateGeometry();

@@ -44,7 +44,10 @@ PainelCadastro::PainelCadastro(QWidget* parent)
     lblMostraMusica = {ui->lblMostraMusica_0, ui->lblMostraMusica_1};
     txtCadLetra = {ui->txtCadLetra_0, ui->txtCadLetra_1};
     ui->lblCadDica->setForegroundRole(QPalette::PlaceholderText);
-    ui->lblCadMusica->setForegroundRole(QPalette::Base); // on the dark ground of the tabs
+    // The sheet is paper and its tabs lie on a dark ground, under every look.
+    QPalette abas = ui->lblCadMusica->palette();
+    abas.setColor(QPalette::WindowText, Qt::white);
+    ui->lblCadMusica->setPalette(abas);
     ui->lstCadTema->setMode(ListBox::CheckBoxes);
     // The size of every sheet that comes: what is typed into a new song has it, too.
     for (RichTextBox* caixa : txtCadLetra)

@@ -1,6 +1,7 @@
 #include "main/TecladoVirtual.h"
 
 #include "artwork/Artwork.h"
+#include "controls/Appearance.h"
 #include "controls/ClickableLabel.h"
 #include "controls/Handler.h"
 #include "controls/ImageButton.h"
@@ -167,6 +168,11 @@ TecladoVirtual::TecladoVirtual(QWidget* parent)
     , pctTeclas(new QWidget(this))
     , imgFecharTeclado(new ImageButton(this))
 {
+    if (Appearance::IsDark()) {
+        QPalette claras = palette(); // the keys' given ground is light
+        claras.setColor(QPalette::ButtonText, Appearance::Text);
+        setPalette(claras);
+    }
     setStyleSheet(QString::fromLatin1(Aparencia));
     setCursor(Qt::ArrowCursor);
     pctTeclas->setObjectName(QStringLiteral("pctTeclas"));

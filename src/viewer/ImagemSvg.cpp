@@ -1,5 +1,7 @@
 #include "viewer/ImagemSvg.h"
 
+#include "controls/Appearance.h"
+
 #include <QPainter>
 
 ImagemSvg::ImagemSvg(QWidget* parent)
@@ -10,7 +12,7 @@ ImagemSvg::ImagemSvg(QWidget* parent)
 
 void ImagemSvg::Mostra_Imagem(const QString& caminho)
 {
-    m_svg.load(caminho);
+    m_svg.load(Appearance::Drawing(caminho));
     update();
 }
 

@@ -26,8 +26,10 @@ class Pictures : public QObject
 {
 public:
     /// @param folder  exists
-    explicit Pictures(QString folder)
+    /// @param kind  stands in the files' names behind the screen's size
+    explicit Pictures(QString folder, QString kind = {})
         : m_folder(std::move(folder))
+        , m_kind(std::move(kind))
     {
     }
 
@@ -36,6 +38,7 @@ public:
 
 private:
     QString m_folder;
+    QString m_kind;
 };
 
 /// The main form on a catalogue of our choice instead of the one that config.ini names.

@@ -1,5 +1,6 @@
-// Makes a picture of every screen: telas DELIVERED_CATALOGUE PICTURE_FOLDER [visualizador]
-// With the third word, of the viewer only: it has to fit on screens that the main form is not for.
+// Makes a picture of every screen: telas DELIVERED_CATALOGUE PICTURE_FOLDER [visualizador] [escuro]
+// With "visualizador" of the viewer only: it has to fit on screens that the main form is not for.
+// With "escuro" as on a dark desktop.
 // Works on copies in a folder of its own. Real forms, driven by real events; where the platform is
 // a virtual screen, what is saved is what that screen shows.
 
@@ -25,6 +26,7 @@ using namespace Telas;
 namespace {
 
 constexpr int ManySongs = 20000;
+constexpr QRgb DarkDesktop = 0xff2d2d2d;
 
 void ShowDelivered(Pictures& pictures, const QString& catalogue)
 {
@@ -107,12 +109,16 @@ int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
     const QStringList words = QApplication::arguments();
-    const bool viewer = words.value(3) == u"visualizador";
-    if (words.size() != (viewer ? 4 : 3)) {
-        QTextStream(stderr) << "telas DELIVERED_CATALOGUE PICTURE_FOLDER [visualizador]"
+    QStringList options = words.mid(3);
+    const bool viewer = options.removeOne(u"visualizador"_qs);
+    const bool dark = options.removeOne(u"escuro"_qs);
+    if (words.size() < 3 || !options.isEmpty()) {
+        QTextStream(stderr) << "telas DELIVERED_CATALOGUE PICTURE_FOLDER [visualizador] [escuro]"
                             << Qt::endl;
         return 2;
     }
+    if (dark)
+        QApplication::setPalette(QPalette(QColor(DarkDesktop)));
     QApplication::setQuitOnLastWindowClosed(false);
     Funcoes::Prepara(application);
 
@@ -122,7 +128,7 @@ int main(int argc, char* argv[])
         QTextStream(stderr) << "no such catalogue, or no place for the pictures" << Qt::endl;
         return 2;
     }
-    Pictures pictures(words.at(2));
+    Pictures pictures(words.at(2), dark ? u"-escuro"_qs : QString());
     if (viewer) {
         ShowViewerAlone(pictures, copy);
         return 0;
