@@ -36,13 +36,14 @@ frmSplash::frmSplash(QWidget& principal, std::function<void()> carrega)
     Timer1->setObjectName(QStringLiteral("Timer1"));
     Timer1->setTimerType(Qt::PreciseTimer); // a coarse one may come a twentieth too early
     // Its ground is a picture of its own, light under every look.
-    QPalette papel = palette();
-    papel.setColor(QPalette::WindowText, Appearance::Text);
-    setPalette(papel);
-    QPalette apagado = palette();
-    apagado.setColor(QPalette::WindowText, Appearance::MutedText);
+    const auto pinta = [](QLabel* rotulo, QColor cor) {
+        QPalette palette = rotulo->palette();
+        palette.setColor(QPalette::WindowText, cor);
+        rotulo->setPalette(palette);
+    };
+    pinta(ui->lblProductName, Appearance::Text);
     for (QLabel* rotulo : {ui->lblVersion, ui->lblCompanyProduct, ui->lblWarning})
-        rotulo->setPalette(apagado);
+        pinta(rotulo, Appearance::MutedText);
     ConnectUnattended(Timer1, &QTimer::timeout, this, &frmSplash::Timer1_Timer);
     Mostra_Logotipo();
 }

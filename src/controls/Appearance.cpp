@@ -62,7 +62,7 @@ const Scheme& Dark()
 {
     static const Scheme scheme{
         QColor(97, 171, 255), QColor(143, 196, 255), QColor(230, 234, 239), QColor(165, 174, 185),
-        QColor(27, 31, 36),   QColor(36, 41, 48),    QColor(60, 68, 78),    QColor(95, 105, 118),
+        QColor(27, 31, 36),   QColor(36, 41, 48),    QColor(70, 79, 91),    QColor(95, 105, 118),
         QColor(38, 70, 108),  QColor(44, 62, 84),    QColor(46, 54, 64),    QColor(54, 62, 72),
         QColor(43, 49, 57),   QColor(88, 98, 110),   QColor(118, 128, 140), u"check-dark"};
     return scheme;

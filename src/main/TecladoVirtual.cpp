@@ -168,12 +168,10 @@ TecladoVirtual::TecladoVirtual(QWidget* parent)
     , pctTeclas(new QWidget(this))
     , imgFecharTeclado(new ImageButton(this))
 {
-    if (Appearance::IsDark()) {
-        QPalette claras = palette(); // the keys' given ground is light
-        claras.setColor(QPalette::ButtonText, Appearance::Text);
-        setPalette(claras);
-    }
-    setStyleSheet(QString::fromLatin1(Aparencia));
+    QString aparencia = QString::fromLatin1(Aparencia);
+    if (Appearance::IsDark()) // the keys' given ground is light
+        aparencia.replace(u"palette(button-text)"_qs, Appearance::Text.name());
+    setStyleSheet(aparencia);
     setCursor(Qt::ArrowCursor);
     pctTeclas->setObjectName(QStringLiteral("pctTeclas"));
     pctTeclas->setGeometry(Borda, Borda + LadoFechar, Twips::ToPixels(LarguraTeclas),
