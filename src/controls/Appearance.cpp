@@ -144,8 +144,6 @@ public:
     explicit DrawingEngine(QByteArray drawing)
         : m_drawing(std::move(drawing))
     {
-        m_svg.load(m_drawing);
-        m_svg.setAspectRatioMode(Qt::KeepAspectRatio);
     }
 
     QIconEngine* clone() const override { return new DrawingEngine(m_drawing); }
@@ -154,6 +152,10 @@ public:
                QIcon::State /*state*/) override
     {
         constexpr qreal Unavailable = 0.35;
+        if (!m_svg.isValid()) { // not before it is seen: the start does not wait for it
+            m_svg.load(m_drawing);
+            m_svg.setAspectRatioMode(Qt::KeepAspectRatio);
+        }
         painter->save();
         if (mode == QIcon::Disabled)
             painter->setOpacity(Unavailable);

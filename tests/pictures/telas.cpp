@@ -43,6 +43,7 @@ void ShowDelivered(Pictures& pictures, const QString& catalogue)
     Type(form, QStringLiteral("pei"));
     pictures.Save(QStringLiteral("principal-tres-letras"));
     ShowKeyboard(pictures, form);
+    SaveBox(pictures, QStringLiteral("sobre"), [&form] { form.mnuSobre_Click(); });
     Type(form, QString());
     ShowExport(pictures, form);
     ShowViewers(pictures, {1, 2, 3});
