@@ -19,7 +19,8 @@ constexpr QColor Quiet(228, 232, 237);
 constexpr QColor Header(240, 242, 245);
 constexpr QColor StrongBorder(158, 168, 179);
 constexpr QColor Scroll(190, 198, 207);
-constexpr QColor Disabled(125, 134, 145);
+constexpr QColor Disabled(98, 107, 118);
+constexpr QColor FocusOnAccent(6, 16, 28); // what shows on the accent as the accent on white
 
 QString FirstInstalled(std::initializer_list<QString> families, QFontDatabase::SystemFont otherwise)
 {
@@ -57,8 +58,9 @@ QPalette LightPalette()
 QString StyleSheet()
 {
     using namespace Appearance;
-    static constexpr std::array<std::pair<const char16_t*, QColor>, 15> colours{{
+    static constexpr std::array<std::pair<const char16_t*, QColor>, 16> colours{{
         {u"@quietSelection", QuietSelection}, // longer words before their own beginnings
+        {u"@focusOnAccent", FocusOnAccent},
         {u"@accentDark", AccentDark},
         {u"@accent", Accent},
         {u"@text", Text},

@@ -1,10 +1,14 @@
 #include "viewer/ImagemSvg.h"
 
+#include "controls/AccessibleControls.h"
+
+#include <QAccessible>
 #include <QPainter>
 
 ImagemSvg::ImagemSvg(QWidget* parent)
     : QWidget(parent)
 {
+    QAccessible::installFactory(MakeAccessible<ImagemSvg, AccessibleDecoration>);
     m_svg.setAspectRatioMode(Qt::IgnoreAspectRatio);
 }
 

@@ -7,7 +7,7 @@
 /// Contrast as the accessibility guidelines measure it: 1 for equal colours, 21 for black on white.
 namespace Contraste {
 
-constexpr double Texto = 4.5;  ///< what a text needs against its ground
+constexpr double Texto = 4.5;   ///< what a text needs against its ground
 constexpr double Simbolo = 3.0; ///< what a mark needs against what is there without it
 
 double Entre(const QColor& a, const QColor& b);

@@ -135,6 +135,8 @@ QString DefeitoDePapel(const QWidget& controle, QAccessibleInterface& acessivel)
     const auto papel = acessivel.role();
     if (!certos.isEmpty() && !certos.contains(papel))
         return u"has the wrong role %1"_qs.arg(papel);
+    if (controle.isWindow() && EMoldura(papel))
+        return u"is no window to a screen reader"_qs;
     if (certos.isEmpty() && controle.focusPolicy() != Qt::NoFocus && !controle.isWindow() &&
         EMoldura(papel))
         return u"takes the focus and is no control to a screen reader"_qs;
@@ -155,13 +157,14 @@ QList<QPair<QString, QRect>> TextosDe(const QWidget& controle)
         opcao.initFrom(botao);
         opcao.text = botao->text();
         if (qobject_cast<const QCheckBox*>(botao))
-            return {{botao->text(),
-                     botao->style()->subElementRect(QStyle::SE_CheckBoxContents, &opcao, botao)
-                         .intersected(dentro)}};
+            return {{botao->text(), botao->style()
+                                        ->subElementRect(QStyle::SE_CheckBoxContents, &opcao, botao)
+                                        .intersected(dentro)}};
         if (qobject_cast<const QRadioButton*>(botao))
-            return {{botao->text(),
-                     botao->style()->subElementRect(QStyle::SE_RadioButtonContents, &opcao, botao)
-                         .intersected(dentro)}};
+            return {
+                {botao->text(), botao->style()
+                                    ->subElementRect(QStyle::SE_RadioButtonContents, &opcao, botao)
+                                    .intersected(dentro)}};
         if (qobject_cast<const QToolButton*>(botao))
             return {{botao->text(), dentro.adjusted(0, dentro.height() * 2 / 3, 0, 0)}};
         return {{botao->text(), dentro}};
@@ -198,8 +201,8 @@ QList<QPair<QString, QRect>> TextosDe(const QWidget& controle)
                                  cabecalho->sectionSize(i), cabecalho->height())
                                .adjusted(Borda, Borda, -Borda, -Borda)});
     } else if (const auto* vista = qobject_cast<const QAbstractItemView*>(&controle)) {
-        const int colunas = qobject_cast<const QTreeView*>(vista) ? vista->model()->columnCount()
-                                                                  : 1;
+        const int colunas =
+            qobject_cast<const QTreeView*>(vista) ? vista->model()->columnCount() : 1;
         for (int linha = 0; linha < std::min(vista->model()->rowCount(), MaisLinhas); ++linha) {
             for (int coluna = 0; coluna < colunas; ++coluna) {
                 const QModelIndex indice = vista->model()->index(linha, coluna);
@@ -209,8 +212,8 @@ QList<QPair<QString, QRect>> TextosDe(const QWidget& controle)
                 lugar = lugar.intersected(vista->viewport()->rect());
                 lugar.translate(vista->viewport()->pos());
                 if (!indice.data().toString().trimmed().isEmpty() && lugar.height() > 8)
-                    textos.append({indice.data().toString(),
-                                   lugar.adjusted(Borda, Borda, -Borda, -Borda)});
+                    textos.append(
+                        {indice.data().toString(), lugar.adjusted(Borda, Borda, -Borda, -Borda)});
             }
         }
     }
@@ -220,8 +223,7 @@ QList<QPair<QString, QRect>> TextosDe(const QWidget& controle)
 /// The last key touched on the on-screen keyboard: white on grey, as it has always been.
 bool TemCorDada(const QWidget& controle)
 {
-    return controle.objectName().startsWith(u"lblTecla_") &&
-           controle.property("realcada").toBool();
+    return controle.objectName().startsWith(u"lblTecla_") && controle.property("realcada").toBool();
 }
 
 bool TabAlcanca(const QWidget& controle)
@@ -278,6 +280,13 @@ QStringList Regras::Rotulos(QWidget& janela)
     QStringList defeitos;
     const auto visiveis = Visiveis(janela);
     for (QWidget* controle : visiveis) {
+        // A combo box is called what is chosen in it: what it is for has to be said besides.
+        if (qobject_cast<QComboBox*>(controle) && !EDoSistema(janela)) {
+            auto* acessivel = QAccessible::queryAccessibleInterface(controle);
+            if (acessivel->relations(QAccessible::Label).isEmpty() &&
+                acessivel->text(QAccessible::Description).isEmpty())
+                defeitos.append(Nome(controle) + u" is a field without a label"_qs);
+        }
         auto* rotulo = qobject_cast<QLabel*>(controle);
         if (!rotulo || !rotulo->text().endsWith(u':') || EDoSistema(janela))
             continue;
@@ -332,9 +341,9 @@ QStringList Regras::Contrastes(QWidget& janela)
             const QRect onde = lugar.translated(canto).intersected(visivel);
             const double contraste = Contraste::Maior(imagem, onde);
             if (onde.height() > 8 && onde.width() > 8 && contraste < Contraste::Texto)
-                defeitos.append(Nome(controle) + u": the text \"%1\" has a contrast of %2"_qs
-                                                     .arg(texto.left(40))
-                                                     .arg(contraste, 0, 'f', 2));
+                defeitos.append(Nome(controle) +
+                                u": the text \"%1\" has a contrast of %2"_qs.arg(texto.left(40))
+                                    .arg(contraste, 0, 'f', 2));
         }
     }
     return defeitos;

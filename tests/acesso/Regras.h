@@ -6,7 +6,8 @@
 class QWidget;
 
 /// What every screen has to be for somebody who hears it or does not see it well. Each rule names
-/// the controls of a shown window that break it, with what is wrong; an empty list is a good window.
+/// the controls of a shown window that break it, with what is wrong; an empty list is a good
+/// window.
 namespace Regras {
 
 /// Whatever is no mere frame around other things has a name for a screen reader.

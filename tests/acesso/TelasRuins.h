@@ -3,6 +3,7 @@
 #include "controls/ImageButton.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -35,6 +36,14 @@ inline void RotuloSemCampo(QWidget& janela)
     auto* campo = new QLineEdit(&janela);
     campo->setAccessibleName(u"Título"_qs);
     campo->setGeometry(90, 20, 100, 30);
+}
+
+inline void CampoSemRotulo(QWidget& janela)
+{
+    auto* combo = new QComboBox(&janela);
+    combo->addItem(u"Louvor"_qs);
+    combo->setAccessibleName(u"Tema"_qs); // which the item's text hides
+    combo->setGeometry(20, 20, 100, 30);
 }
 
 /// The lower button comes first.

@@ -42,8 +42,8 @@ public:
         }
     }
 
-    QSet<QString> vistos;   ///< the controls that have had the focus
-    QStringList relatorio;  ///< each defect once, with the first screen that shows it
+    QSet<QString> vistos;  ///< the controls that have had the focus
+    QStringList relatorio; ///< each defect once, with the first screen that shows it
     int telas = 0;
 
 private:
@@ -114,6 +114,8 @@ void tst_acesso::a_rule_finds_what_breaks_it_data()
     row("a control that is a frame", Regras::Papeis, TelasRuins::SemPapel, u"no control"_qs);
     row("a label without a field", Regras::Rotulos, TelasRuins::RotuloSemCampo,
         u"label without a field"_qs);
+    row("a field without a label", Regras::Rotulos, TelasRuins::CampoSemRotulo,
+        u"field without a label"_qs);
     row("the lower one first", Regras::Ordem, TelasRuins::OrdemErrada, u"stands before"_qs);
     row("a grey text", Regras::Contrastes, TelasRuins::TextoApagado, u"contrast of"_qs);
     row("a dark sheet", Regras::Folhas, TelasRuins::FolhaEscura, u"is a sheet on"_qs);
@@ -155,7 +157,9 @@ void tst_acesso::every_screen_keeps_the_rules()
     Fiscal fiscal;
     ShowDelivered(fiscal, catalogue);
     ShowImport([&fiscal](const QString& name) { fiscal.Save(name); });
-    QVERIFY2(fiscal.relatorio.isEmpty(), qPrintable(u'\n' + fiscal.relatorio.join(u'\n')));
+    for (const QString& defeito : fiscal.relatorio)
+        qWarning("%s", qUtf8Printable(defeito));
+    QCOMPARE(fiscal.relatorio.size(), 0);
     QVERIFY2(fiscal.telas > 60, qPrintable(QString::number(fiscal.telas)));
 }
 
