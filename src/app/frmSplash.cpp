@@ -3,6 +3,7 @@
 #include "ui_frmSplash.h"
 
 #include "artwork/Artwork.h"
+#include "controls/AccessibleControls.h"
 #include "controls/Appearance.h"
 #include "controls/Handler.h"
 #include "runtime/Version.h"
@@ -29,6 +30,7 @@ frmSplash::frmSplash(QWidget& principal, std::function<void()> carrega)
     , m_carrega(std::move(carrega))
     , Timer1(new QTimer(this))
 {
+    QAccessible::installFactory(MakeAccessible<frmSplash, AccessibleForm>);
     ui->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
     setFocusPolicy(Qt::StrongFocus);

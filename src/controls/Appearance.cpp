@@ -53,7 +53,7 @@ const Scheme& Light()
                                QColor(228, 232, 237),
                                QColor(240, 242, 245),
                                QColor(190, 198, 207),
-                               QColor(125, 134, 145),
+                               QColor(98, 107, 118),
                                u"check"};
     return scheme;
 }
@@ -67,6 +67,9 @@ const Scheme& Dark()
         QColor(43, 49, 57),   QColor(88, 98, 110),   QColor(118, 128, 140), u"check-dark"};
     return scheme;
 }
+
+constexpr QColor FocusOnAccent(6, 16,
+                               28); // what shows on either accent as the accent on its ground
 
 bool s_dark = false;
 
@@ -110,8 +113,9 @@ QPalette PaletteOf(const Scheme& scheme)
 
 QString StyleSheet(const Scheme& scheme)
 {
-    const std::array<std::pair<const char16_t*, QColor>, 15> colours{{
+    const std::array<std::pair<const char16_t*, QColor>, 16> colours{{
         {u"@quietSelection", scheme.quietSelection}, // longer words before their own beginnings
+        {u"@focusOnAccent", FocusOnAccent},
         {u"@accentDark", scheme.accentDark},
         {u"@accent", scheme.accent},
         {u"@text", scheme.text},

@@ -25,6 +25,7 @@ constexpr QColor OutraVersao(192, 192, 192);
 
 void Pinta(ClickableLabel& aba, const QColor& cor)
 {
+    aba.setProperty("escolhida", cor == VersaoMostrada); // what the colour says, said to who hears
     // Under the pointer a label would take the accent's colour, which is too dark for that ground.
     // The palette comes last: a new style sheet brings back an older one.
     aba.setStyleSheet(
@@ -104,6 +105,7 @@ void PainelCadastro::lblMostraMusica_Click(int indice)
     const auto mostrada = static_cast<std::size_t>(indice);
     txtCadLetra[mostrada]->show();
     Pinta(*lblMostraMusica[mostrada], VersaoMostrada);
+    ui->lblCadMusica->setBuddy(txtCadLetra[mostrada]);
 }
 
 void PainelCadastro::cmdCadLimpar_Click()

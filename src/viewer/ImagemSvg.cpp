@@ -1,12 +1,15 @@
 #include "viewer/ImagemSvg.h"
 
+#include "controls/AccessibleControls.h"
 #include "controls/Appearance.h"
 
+#include <QAccessible>
 #include <QPainter>
 
 ImagemSvg::ImagemSvg(QWidget* parent)
     : QWidget(parent)
 {
+    QAccessible::installFactory(MakeAccessible<ImagemSvg, AccessibleDecoration>);
     m_svg.setAspectRatioMode(Qt::IgnoreAspectRatio);
 }
 

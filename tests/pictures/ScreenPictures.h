@@ -19,8 +19,9 @@ class frmVisualizar;
 /// What the pictures of every screen are taken with.
 namespace Telas {
 
-inline constexpr int PaintMs = 400;   ///< a window manager maps, paints and raises within this
-inline constexpr int SearchMs = 1200; ///< the clock of the search and the search itself
+// Whoever shows no windows to a window manager may wait less.
+inline int PaintMs = 400;   ///< a window manager maps, paints and raises within this
+inline int SearchMs = 1200; ///< the clock of the search and the search itself
 
 class Pictures : public QObject
 {
@@ -33,8 +34,9 @@ public:
     {
     }
 
-    /// Saves what the screen shows once it is painted. @param name  of the file, without its end
-    void Save(const QString& name);
+    /// Saves what the screen shows once it is painted. A test looks at the screen here instead.
+    /// @param name  of the file, without its end
+    virtual void Save(const QString& name);
 
 private:
     QString m_folder;
