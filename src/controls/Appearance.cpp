@@ -33,6 +33,7 @@ struct Scheme
     QColor header;
     QColor scroll;
     QColor disabled;
+    QColor progress;       ///< the accent, as strong as the text on the bar allows
     const char16_t* check; ///< the picture in a checked box
 };
 
@@ -54,17 +55,19 @@ const Scheme& Light()
                                QColor(240, 242, 245),
                                QColor(190, 198, 207),
                                QColor(98, 107, 118),
+                               QColor(107, 170, 232),
                                u"check"};
     return scheme;
 }
 
 const Scheme& Dark()
 {
-    static const Scheme scheme{
-        QColor(97, 171, 255), QColor(143, 196, 255), QColor(230, 234, 239), QColor(165, 174, 185),
-        QColor(27, 31, 36),   QColor(36, 41, 48),    QColor(70, 79, 91),    QColor(95, 105, 118),
-        QColor(38, 70, 108),  QColor(44, 62, 84),    QColor(46, 54, 64),    QColor(54, 62, 72),
-        QColor(43, 49, 57),   QColor(88, 98, 110),   QColor(118, 128, 140), u"check-dark"};
+    static const Scheme scheme{QColor(97, 171, 255),  QColor(143, 196, 255), QColor(230, 234, 239),
+                               QColor(165, 174, 185), QColor(27, 31, 36),    QColor(36, 41, 48),
+                               QColor(70, 79, 91),    QColor(95, 105, 118),  QColor(38, 70, 108),
+                               QColor(44, 62, 84),    QColor(46, 54, 64),    QColor(54, 62, 72),
+                               QColor(43, 49, 57),    QColor(88, 98, 110),   QColor(142, 151, 162),
+                               QColor(50, 100, 162),  u"check-dark"};
     return scheme;
 }
 
@@ -113,11 +116,12 @@ QPalette PaletteOf(const Scheme& scheme)
 
 QString StyleSheet(const Scheme& scheme)
 {
-    const std::array<std::pair<const char16_t*, QColor>, 16> colours{{
+    const std::array<std::pair<const char16_t*, QColor>, 17> colours{{
         {u"@quietSelection", scheme.quietSelection}, // longer words before their own beginnings
         {u"@focusOnAccent", FocusOnAccent},
         {u"@accentDark", scheme.accentDark},
         {u"@accent", scheme.accent},
+        {u"@progress", scheme.progress},
         {u"@text", scheme.text},
         {u"@muted", scheme.muted},
         {u"@window", scheme.window},
