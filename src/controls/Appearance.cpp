@@ -40,39 +40,54 @@ struct Scheme
 const Scheme& Light()
 {
     using namespace Appearance;
-    static const Scheme scheme{Accent,
-                               QColor(0, 82, 168),
-                               Text,
-                               MutedText,
-                               Window,
-                               Surface,
-                               Border,
-                               QColor(158, 168, 179),
-                               QColor(214, 232, 250),
-                               QColor(224, 235, 247),
-                               QColor(238, 244, 251),
-                               QColor(228, 232, 237),
-                               QColor(240, 242, 245),
-                               QColor(190, 198, 207),
-                               QColor(98, 107, 118),
-                               QColor(107, 170, 232),
-                               u"check"};
+    static const Scheme scheme{
+        .accent = Accent,
+        .accentDark = QColor(0, 82, 168),
+        .text = Text,
+        .muted = MutedText,
+        .window = Window,
+        .surface = Surface,
+        .border = Border,
+        .strongBorder = QColor(158, 168, 179),
+        .selection = QColor(214, 232, 250),
+        .quietSelection = QColor(224, 235, 247),
+        .hover = QColor(238, 244, 251),
+        .quiet = QColor(228, 232, 237),
+        .header = QColor(240, 242, 245),
+        .scroll = QColor(190, 198, 207),
+        .disabled = QColor(98, 107, 118),
+        .progress = QColor(107, 170, 232),
+        .check = u"check",
+    };
     return scheme;
 }
 
 const Scheme& Dark()
 {
-    static const Scheme scheme{QColor(97, 171, 255),  QColor(143, 196, 255), QColor(230, 234, 239),
-                               QColor(165, 174, 185), QColor(27, 31, 36),    QColor(36, 41, 48),
-                               QColor(70, 79, 91),    QColor(95, 105, 118),  QColor(38, 70, 108),
-                               QColor(44, 62, 84),    QColor(46, 54, 64),    QColor(54, 62, 72),
-                               QColor(43, 49, 57),    QColor(88, 98, 110),   QColor(142, 151, 162),
-                               QColor(50, 100, 162),  u"check-dark"};
+    static const Scheme scheme{
+        .accent = QColor(97, 171, 255),
+        .accentDark = QColor(143, 196, 255),
+        .text = QColor(230, 234, 239),
+        .muted = QColor(165, 174, 185),
+        .window = QColor(27, 31, 36),
+        .surface = QColor(36, 41, 48),
+        .border = QColor(70, 79, 91),
+        .strongBorder = QColor(95, 105, 118),
+        .selection = QColor(38, 70, 108),
+        .quietSelection = QColor(44, 62, 84),
+        .hover = QColor(46, 54, 64),
+        .quiet = QColor(54, 62, 72),
+        .header = QColor(43, 49, 57),
+        .scroll = QColor(88, 98, 110),
+        .disabled = QColor(142, 151, 162),
+        .progress = QColor(50, 100, 162),
+        .check = u"check-dark",
+    };
     return scheme;
 }
 
-constexpr QColor FocusOnAccent(6, 16,
-                               28); // what shows on either accent as the accent on its ground
+/// What shows on either accent as the accent does on its ground.
+constexpr QColor FocusOnAccent(6, 16, 28);
 
 bool s_dark = false;
 
