@@ -144,7 +144,7 @@ void tst_JornadaAcesso::SaveAndLeave()
 {
     Press(u"push button"_qs, u"Salvar"_qs);
     Await(u"label"_qs, u"Música Cadastrada com Sucesso!"_qs);
-    const PlainSqlite catalogue(m_program->Catalogue());
+    PlainSqlite catalogue(m_program->Catalogue());
     QCOMPARE(
         catalogue.Rows(u"SELECT TITULO, REFERENCIA, MUSICA, MUSICA2, TOM, CATEGORIA FROM "
                        "MUSICA WHERE ID = 3"_qs),
