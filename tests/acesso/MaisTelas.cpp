@@ -2,6 +2,7 @@
 
 #include "viewer/frmVisualizar.h"
 
+#include <QAbstractButton>
 #include <QMessageBox>
 
 namespace Telas {

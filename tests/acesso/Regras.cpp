@@ -222,10 +222,23 @@ QList<QPair<QString, QRect>> TextosDe(const QWidget& controle)
     return textos;
 }
 
-/// The last key touched on the on-screen keyboard: white on grey, as it has always been.
+/// The keys of the on-screen keyboard: dark on light grey, the last one touched white on grey, as
+/// they have always been.
 bool TemCorDada(const QWidget& controle)
 {
-    return controle.objectName().startsWith(u"lblTecla_") && controle.property("realcada").toBool();
+    return controle.objectName().startsWith(u"lblTecla_");
+}
+
+/// @param lugar  in the window's pixels
+/// @return whether something floats over it
+bool EstaCoberto(const QWidget& janela, const QWidget& controle, const QRect& lugar)
+{
+    for (const QPoint& ponto : {lugar.center(), lugar.topLeft(), lugar.bottomRight()}) {
+        const QWidget* emcima = janela.childAt(ponto);
+        if (emcima != &controle && !(emcima && controle.isAncestorOf(emcima)))
+            return true;
+    }
+    return false;
 }
 
 bool TabAlcanca(const QWidget& controle)
