@@ -1,6 +1,8 @@
 #include "controls/AccessibleControls.h"
 
+#include <QLabel>
 #include <QVariant>
+#include <QWidget>
 
 #include <utility>
 
@@ -20,6 +22,13 @@ QAccessible::State AccessiblePressable::state() const
         state.selected = chosen.toBool();
     }
     return state;
+}
+
+QString AccessiblePressable::text(QAccessible::Text kind) const
+{
+    const QString text = QAccessibleWidget::text(kind);
+    const auto* label = qobject_cast<const QLabel*>(widget());
+    return kind == QAccessible::Name && text.isEmpty() && label ? label->text() : text;
 }
 
 QStringList AccessiblePressable::actionNames() const

@@ -15,6 +15,8 @@ public:
 
     /// The tab that is in front, of those that have the property "escolhida" (bool), is selected.
     QAccessible::State state() const override;
+    /// The name is the one that was given, else what the label reads.
+    QString text(QAccessible::Text kind) const override;
     QStringList actionNames() const override;
     void doAction(const QString& name) override;
 

@@ -99,7 +99,7 @@ void ClickableLabel::paintEvent(QPaintEvent* event)
     if (!hasFocus())
         return;
     QPainter painter(this);
-    DrawFocusRing(painter, rect(), palette().color(foregroundRole()), 1);
+    FocusRing::Draw(painter, rect(), palette().color(foregroundRole()), 1);
 }
 
 void ClickableLabel::changeEvent(QEvent* event)

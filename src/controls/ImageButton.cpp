@@ -140,5 +140,5 @@ void ImageButton::paintEvent(QPaintEvent*)
     painter.drawPixmap(0, 0, m_drawn);
     painter.setOpacity(1.0);
     if (hasFocus())
-        DrawFocusRing(painter, rect(), palette().color(QPalette::Highlight), FocusWidth);
+        FocusRing::Draw(painter, rect(), palette().color(QPalette::Highlight), FocusWidth);
 }

@@ -128,7 +128,7 @@ std::optional<BarramentoAcesso::No> BarramentoAcesso::AchaEm(const No& raiz, con
         return std::nullopt;
     const QList<No> filhos = Filhos(raiz);
     for (const No& filho : filhos) {
-        if (const auto achado = AchaEm(filho, papel, nome, fundo + 1))
+        if (auto achado = AchaEm(filho, papel, nome, fundo + 1))
             return achado;
     }
     return std::nullopt;

@@ -6,6 +6,7 @@
 namespace {
 
 const QString OutroTeste = u"vistos por "_qs;
+const QString NaoProvocados = u"não provocados"_qs;
 
 /// @return what the text of a line matches
 QRegularExpression Padrao(const QString& texto)
@@ -79,7 +80,8 @@ QStringList ListaTextos::Confere(const QMap<QPair<QString, QString>, QString>& v
                          visto.value() + u')');
     }
     for (const Linha& linha : m_linhas) {
-        if (!mostradas.contains(linha.numero) && !linha.titulo.startsWith(OutroTeste))
+        if (!mostradas.contains(linha.numero) && !linha.titulo.startsWith(OutroTeste) &&
+            linha.titulo != NaoProvocados)
             erros.append(u"never shown: line %1, "_qs.arg(linha.numero) + linha.onde + u' ' +
                          Escrito(linha.texto));
     }

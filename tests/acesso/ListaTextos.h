@@ -12,6 +12,7 @@
 ///   [combinados]  texts that are settled, letter for letter
 ///   [nossos]      texts that nobody settled but us
 ///   [dados]       where only the catalogue's or the user's texts are shown
+///   [não provocados]  texts of failures that no test brings about in front of a user
 ///   [vistos por FILE]  texts that another test, this file under tests, holds in its own words
 class ListaTextos
 {

@@ -2,6 +2,7 @@
 
 #include "viewer/frmVisualizar.h"
 
+#include <QAbstractButton>
 #include <QMessageBox>
 
 namespace Telas {
@@ -40,7 +41,7 @@ void ShowSetlistMessages(Pictures& pictures, Principal& form)
             pictures.Save(u"lista-excluir"_qs);
             WhenBoxIsOpen(pictures,
                           [&](QDialog& box) { SaveAndClose(pictures, u"lista-excluida"_qs, box); });
-            qobject_cast<QMessageBox&>(question).button(QMessageBox::Yes)->click();
+            static_cast<QMessageBox&>(question).button(QMessageBox::Yes)->click();
         });
         Click(dialog, u"cmdExcluir"_qs);
     });

@@ -43,10 +43,11 @@ QString Nome(const QObject* objeto)
            (nome.isEmpty() ? u"(no name)"_qs : nome);
 }
 
-/// The toolkit's own file picker and its pieces: its look is ours, its build is not.
+/// The toolkit's own file picker and the list that a combo box rolls down: their look is ours,
+/// their build is not.
 bool EDoSistema(const QWidget& janela)
 {
-    return janela.inherits("QFileDialog");
+    return janela.inherits("QFileDialog") || janela.inherits("QComboBoxPrivateContainer");
 }
 
 void PercorreAcessiveis(QAccessibleInterface* raiz,
@@ -76,6 +77,7 @@ bool EMoldura(QAccessible::Role papel)
     switch (papel) {
     case QAccessible::Client:
     case QAccessible::ScrollBar:
+    case QAccessible::Grouping:
     case QAccessible::Separator:
     case QAccessible::Border:
     case QAccessible::Whitespace:
@@ -140,7 +142,7 @@ QString DefeitoDePapel(const QWidget& controle, QAccessibleInterface& acessivel)
     if (certos.isEmpty() && controle.focusPolicy() != Qt::NoFocus && !controle.isWindow() &&
         EMoldura(papel))
         return u"takes the focus and is no control to a screen reader"_qs;
-    if (SePressiona(controle) &&
+    if (SePressiona(controle) && controle.isEnabled() &&
         (!acessivel.actionInterface() || acessivel.actionInterface()->actionNames().isEmpty()))
         return u"cannot be pressed by a screen reader"_qs;
     return {};
@@ -220,10 +222,23 @@ QList<QPair<QString, QRect>> TextosDe(const QWidget& controle)
     return textos;
 }
 
-/// The last key touched on the on-screen keyboard: white on grey, as it has always been.
+/// The keys of the on-screen keyboard: dark on light grey, the last one touched white on grey, as
+/// they have always been.
 bool TemCorDada(const QWidget& controle)
 {
-    return controle.objectName().startsWith(u"lblTecla_") && controle.property("realcada").toBool();
+    return controle.objectName().startsWith(u"lblTecla_");
+}
+
+/// @param lugar  in the window's pixels
+/// @return whether something floats over it
+bool EstaCoberto(const QWidget& janela, const QWidget& controle, const QRect& lugar)
+{
+    for (const QPoint& ponto : {lugar.center(), lugar.topLeft(), lugar.bottomRight()}) {
+        const QWidget* emcima = janela.childAt(ponto);
+        if (emcima != &controle && !(emcima && controle.isAncestorOf(emcima)))
+            return true;
+    }
+    return false;
 }
 
 bool TabAlcanca(const QWidget& controle)
@@ -295,11 +310,11 @@ QStringList Regras::Rotulos(QWidget& janela)
             defeitos.append(Nome(rotulo) + u" is a label without a field"_qs);
             continue;
         }
-        const auto relacoes = QAccessible::queryAccessibleInterface(campo)->relations();
-        if (std::none_of(relacoes.begin(), relacoes.end(), [&](const auto& relacao) {
-                return relacao.second == QAccessible::Label && relacao.first->object() == rotulo;
+        const auto relacoes = QAccessible::queryAccessibleInterface(rotulo)->relations();
+        if (std::none_of(relacoes.begin(), relacoes.end(), [campo](const auto& relacao) {
+                return relacao.second == QAccessible::Labelled && relacao.first->object() == campo;
             }))
-            defeitos.append(Nome(campo) + u" does not know its label"_qs);
+            defeitos.append(Nome(rotulo) + u" does not say which field it belongs to"_qs);
     }
     return defeitos;
 }
@@ -340,7 +355,8 @@ QStringList Regras::Contrastes(QWidget& janela)
         for (const auto& [texto, lugar] : textos) {
             const QRect onde = lugar.translated(canto).intersected(visivel);
             const double contraste = Contraste::Maior(imagem, onde);
-            if (onde.height() > 8 && onde.width() > 8 && contraste < Contraste::Texto)
+            if (onde.height() > 8 && onde.width() > 8 && !EstaCoberto(janela, *controle, onde) &&
+                contraste < Contraste::Texto)
                 defeitos.append(Nome(controle) +
                                 u": the text \"%1\" has a contrast of %2"_qs.arg(texto.left(40))
                                     .arg(contraste, 0, 'f', 2));

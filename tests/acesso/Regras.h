@@ -23,7 +23,7 @@ QStringList Rotulos(QWidget& janela);
 QStringList Ordem(QWidget& janela);
 
 /// Texts stand out from their ground, the disabled ones included. Colours that belong to the
-/// program's look for good are left alone: those of the key touched last on the on-screen keyboard.
+/// program's look for good are left alone: those of the keys of the on-screen keyboard.
 QStringList Contrastes(QWidget& janela);
 
 /// A chord sheet is dark on white, or on the silver of a sheet that is being edited.

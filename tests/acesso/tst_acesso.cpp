@@ -1,6 +1,7 @@
 // Every screen, one after the other, under the rules for those who hear the program or do not see
 // it well: on a light desktop and on a dark one.
 
+#include "acesso/Contraste.h"
 #include "acesso/Regras.h"
 #include "acesso/TelasRuins.h"
 #include "app/Main.h"
@@ -9,6 +10,7 @@
 #include "pictures/TodasAsTelas.h"
 
 #include <QAccessible>
+#include <QMenuBar>
 #include <QSet>
 #include <QTemporaryDir>
 
@@ -91,6 +93,7 @@ private slots:
     void a_rule_finds_what_breaks_it();
     void every_screen_keeps_the_rules_data();
     void every_screen_keeps_the_rules();
+    void the_menu_bar_shows_where_the_keys_are();
 };
 
 using Regra = QStringList (*)(QWidget&);
@@ -127,7 +130,7 @@ void tst_acesso::a_rule_finds_what_breaks_it()
     QFETCH(Regra, rule);
     QFETCH(Tela, build);
     QFETCH(QString, finding);
-    QWidget janela;
+    QDialog janela;
     janela.setWindowTitle(u"Ruim"_qs);
     janela.resize(300, 200);
     build(janela);
@@ -161,6 +164,31 @@ void tst_acesso::every_screen_keeps_the_rules()
         qWarning("%s", qUtf8Printable(defeito));
     QCOMPARE(fiscal.relatorio.size(), 0);
     QVERIFY2(fiscal.telas > 60, qPrintable(QString::number(fiscal.telas)));
+}
+
+void tst_acesso::the_menu_bar_shows_where_the_keys_are()
+{
+    Funcoes::Prepara(*qApp);
+    const QTemporaryDir folder;
+    const QString catalogue = folder.filePath(u"Melodario.mdb"_qs);
+    QVERIFY(QFile::copy(QStringLiteral(MELODARIO_CATALOGUE), catalogue));
+    Principal form(catalogue);
+    form.Form_Load(QString());
+    form.show();
+    QVERIFY(QTest::qWaitForWindowActive(&form));
+    const auto look = [&form] {
+        return form.menuBar()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    };
+    QImage before = look();
+    for (const auto key : {Qt::Key_F10, Qt::Key_Right, Qt::Key_Right}) {
+        QTest::keyClick(QApplication::focusWidget(), key);
+        const QImage after = look();
+        QVERIFY(form.menuBar()->hasFocus());
+        QVERIFY2(Contraste::Marcados(before, after) > 80,
+                 qPrintable(QString::number(Contraste::Marcados(before, after))));
+        before = after;
+    }
+    form.close();
 }
 
 int main(int argc, char* argv[])
