@@ -22,35 +22,6 @@ void SaveExported(Pictures& pictures, const QString& name, QDialog& dialog)
                             [&](QMessageBox&) { pictures.Save(name); });
 }
 
-/// Exports a song and imports the file: the catalogue has it already.
-void ShowKnownSong(Pictures& pictures, Principal& form, const QString& file)
-{
-    auto* songs = form.findChild<QAbstractItemView*>(QStringLiteral("lstMusicas"));
-    songs->clearSelection();
-    songs->setCurrentIndex(songs->model()->index(4, 0));
-    const ChosenPlace place(file);
-    InExportForm(form, [](QDialog& dialog) {
-        WithWindow<QMessageBox>([&dialog] { Click(dialog, QStringLiteral("cmdExportar")); },
-                                [](QMessageBox&) {});
-    });
-    bool saved = false;
-    QTimer watch;
-    QObject::connect(&watch, &QTimer::timeout, &form, [&] {
-        const QPointer<QMessageBox> box =
-            qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        if (!box)
-            return;
-        watch.stop(); // events run while a picture is taken
-        if (!std::exchange(saved, true))
-            pictures.Save(QStringLiteral("importar-conhecida"));
-        if (box)
-            box->close();
-        watch.start(0);
-    });
-    watch.start(0);
-    form.mnuImportar_Click();
-}
-
 } // namespace
 
 void ShowExport(Pictures& pictures, Principal& form)
@@ -78,7 +49,6 @@ void ShowExport(Pictures& pictures, Principal& form)
         const ChosenPlace place(QStringLiteral("/proc/domingo.mld"));
         SaveExported(pictures, QStringLiteral("exportar-recusado"), dialog);
     });
-    ShowKnownSong(pictures, form, folder.filePath(QStringLiteral("luar.mld")));
 }
 
 void ShowExportNotice(Pictures& pictures, Principal& form, const QString& catalogue)
