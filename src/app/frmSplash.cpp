@@ -4,6 +4,7 @@
 
 #include "artwork/Artwork.h"
 #include "artwork/VectorPicture.h"
+#include "controls/AccessibleControls.h"
 #include "controls/Appearance.h"
 #include "controls/Handler.h"
 #include "runtime/Version.h"
@@ -29,16 +30,22 @@ frmSplash::frmSplash(QWidget& principal, std::function<void()> carrega)
     , m_carrega(std::move(carrega))
     , Timer1(new QTimer(this))
 {
+    QAccessible::installFactory(MakeAccessible<frmSplash, AccessibleForm>);
     ui->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
     setFocusPolicy(Qt::StrongFocus);
     setFixedSize(size());
     Timer1->setObjectName(QStringLiteral("Timer1"));
     Timer1->setTimerType(Qt::PreciseTimer); // a coarse one may come a twentieth too early
-    QPalette apagado = palette();
-    apagado.setColor(QPalette::WindowText, Appearance::MutedText);
+    // Its ground is a picture of its own, light under every look.
+    const auto pinta = [](QLabel* rotulo, QColor cor) {
+        QPalette palette = rotulo->palette();
+        palette.setColor(QPalette::WindowText, cor);
+        rotulo->setPalette(palette);
+    };
+    pinta(ui->lblProductName, Appearance::Text);
     for (QLabel* rotulo : {ui->lblVersion, ui->lblCompanyProduct, ui->lblWarning})
-        rotulo->setPalette(apagado);
+        pinta(rotulo, Appearance::MutedText);
     ConnectUnattended(Timer1, &QTimer::timeout, this, &frmSplash::Timer1_Timer);
     Mostra_Logotipo();
 }

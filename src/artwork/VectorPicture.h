@@ -1,12 +1,18 @@
 #pragma once
 
+#include <QColor>
+#include <QList>
 #include <QRectF>
 #include <QSize>
 
 #include <memory>
+#include <utility>
 
 class QPainter;
 class QString;
+
+/// Colours that a picture is made of, each with the one that stands in its place.
+using PictureColours = QList<std::pair<QColor, QColor>>;
 
 /// A picture from the resources that can be drawn at every size. Where Qt has its SVG module it is
 /// drawn from the SVG file; elsewhere the build has put bitmaps in several sizes in that file's
@@ -16,7 +22,8 @@ class VectorPicture
 public:
     VectorPicture();
     /// @param path  the picture's file, usually from Artwork::Path
-    explicit VectorPicture(const QString& path);
+    /// @param colours  none of the new ones may be among the old ones
+    explicit VectorPicture(const QString& path, const PictureColours& colours = {});
     ~VectorPicture();
     VectorPicture(VectorPicture&&) noexcept;
     VectorPicture& operator=(VectorPicture&&) noexcept;

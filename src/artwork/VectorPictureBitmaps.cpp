@@ -4,7 +4,10 @@
 #include <QImage>
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
+#include <cstdlib>
+#include <span>
 #include <vector>
 
 struct VectorPicture::Source
@@ -21,6 +24,31 @@ QString PathAt(const QString& path, int scale)
     return path.left(ending) % u'@' % QString::number(scale) % u'x' % path.mid(ending);
 }
 
+/// How far two colours lie apart, as the sum over red, green and blue of 0 to 255.
+int Distance(QRgb one, QRgb other)
+{
+    return std::abs(qRed(one) - qRed(other)) + std::abs(qGreen(one) - qGreen(other)) +
+           std::abs(qBlue(one) - qBlue(other));
+}
+
+/// Exchanges colours, at edges as well: what shows through is kept, and rounding is forgiven.
+QImage Recoloured(QImage image, const PictureColours& colours)
+{
+    constexpr int Rounding = 24;
+    image = std::move(image).convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < image.height(); ++y) {
+        auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (QRgb& pixel : std::span(line, static_cast<std::size_t>(image.width()))) {
+            const auto found = std::ranges::find_if(colours, [&](const auto& pair) {
+                return Distance(pixel, pair.first.rgb()) <= Rounding;
+            });
+            if (found != colours.end())
+                pixel = (found->second.rgb() & RGB_MASK) | (pixel & ~RGB_MASK);
+        }
+    }
+    return std::move(image).convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
 } // namespace
 
 VectorPicture::VectorPicture() = default;
@@ -28,7 +56,7 @@ VectorPicture::~VectorPicture() = default;
 VectorPicture::VectorPicture(VectorPicture&&) noexcept = default;
 VectorPicture& VectorPicture::operator=(VectorPicture&&) noexcept = default;
 
-VectorPicture::VectorPicture(const QString& path)
+VectorPicture::VectorPicture(const QString& path, const PictureColours& colours)
     : m_source(std::make_unique<Source>())
 {
     constexpr int LargestScale = 4;
@@ -37,6 +65,10 @@ VectorPicture::VectorPicture(const QString& path)
     for (int scale = 2; scale <= LargestScale; ++scale) {
         if (QImage larger; QFile::exists(PathAt(path, scale)) && larger.load(PathAt(path, scale)))
             m_source->images.push_back(std::move(larger));
+    }
+    if (!colours.isEmpty()) {
+        for (QImage& image : m_source->images)
+            image = Recoloured(std::move(image), colours);
     }
 }
 

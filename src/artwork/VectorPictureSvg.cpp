@@ -1,5 +1,6 @@
 #include "artwork/VectorPicture.h"
 
+#include <QFile>
 #include <QPainter>
 #include <QString>
 #include <QSvgRenderer>
@@ -14,10 +15,16 @@ VectorPicture::~VectorPicture() = default;
 VectorPicture::VectorPicture(VectorPicture&&) noexcept = default;
 VectorPicture& VectorPicture::operator=(VectorPicture&&) noexcept = default;
 
-VectorPicture::VectorPicture(const QString& path)
+VectorPicture::VectorPicture(const QString& path, const PictureColours& colours)
     : m_source(std::make_unique<Source>())
 {
-    m_source->svg.load(path);
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return;
+    QByteArray text = file.readAll();
+    for (const auto& [old, shown] : colours)
+        text.replace(old.name().toLatin1(), shown.name().toLatin1());
+    m_source->svg.load(text);
 }
 
 bool VectorPicture::IsValid() const

@@ -10,6 +10,7 @@ classes or texts; letters are paths. Run it after a change and commit what it wr
 import pathlib
 
 INK, ACCENT, INERT, PAPER = "#2b3440", "#0066cc", "#b9c0c8", "#ffffff"
+WARNING, FAILURE = "#c77700", "#c5362f"  # in message boxes alone
 HERE = pathlib.Path(__file__).resolve().parent
 
 
@@ -175,6 +176,23 @@ def main_form():
           ellipse(35, 35, 11, 11, ACCENT),
           line("M31.4 32.2A3.7 3.7 0 1 1 36.9 35.3C35.4 36.2 35 36.8 35 38", PAPER, 2.4),
           ellipse(35, 41.4, 1.5, 1.5, PAPER))
+    boxes()
+
+
+def boxes():
+    """What message boxes show: the accent where something is told or asked, the usual colours of
+    warnings where something is refused or fails."""
+    disc = ellipse(24, 24, 21, 21, ACCENT)
+    write("caixa/informacao", 48, 48, disc, ellipse(24, 14.5, 2.7, 2.7, PAPER),
+          line("M20.5 22H24.5V34M19.5 34H29.5", PAPER, 3.6))
+    write("caixa/pergunta", 48, 48, disc,
+          line("M17.4 18.8A6.8 6.8 0 1 1 27.6 24.6C24.8 26.3 24 27.4 24 29.6", PAPER, 3.8),
+          ellipse(24, 36, 2.6, 2.6, PAPER))
+    triangle = "M24 6.5L43.5 40.5H4.5Z"
+    write("caixa/exclamacao", 48, 48, solid(triangle, WARNING), line(triangle, WARNING, 5),
+          line("M24 18V28", PAPER, 4.2), ellipse(24, 35.4, 2.6, 2.6, PAPER))
+    write("caixa/critico", 48, 48, ellipse(24, 24, 21, 21, FAILURE),
+          cross(24, 24, 7.4, PAPER, 4.2))
 
 
 # ---------------------------------------------------------------- the program's mark

@@ -1,11 +1,17 @@
 #pragma once
 
+#include "artwork/VectorPicture.h"
+
+#include <QByteArray>
 #include <QColor>
 #include <QString>
 
 class QApplication;
+class QIcon;
 
 /// The program's one visual language: every form takes its fonts, colours and distances from here.
+/// It comes light and dark, as the desktop is. Forms read colours from their palette; what is
+/// always light (a song's white sheet, the splash) takes the constants below.
 namespace Appearance {
 
 // Distances in logical pixels.
@@ -15,6 +21,8 @@ constexpr int Margin = 16;      ///< the edge of a form or panel and its content
 
 /// The text size of forms in points.
 constexpr int TextPoints = 11;
+
+// Colours on a light ground.
 
 /// The one accent, also the colour of chords.
 constexpr QColor Accent(0, 102, 204);
@@ -33,8 +41,20 @@ QString TextFamily();
 ///         system's monospaced one
 QString MonospacedFamily();
 
-/// Gives the program its look. Light, whatever the desktop's palette is: the artwork and the blue
-/// of the chords are drawn for a light ground.
+/// Gives the program its look: dark where the application's palette, which is the desktop's at the
+/// start, has a dark ground, light otherwise.
 void Apply(QApplication& application);
+
+/// @return whether the look that was applied last is the dark one; false before the first
+bool IsDark();
+
+/// @param path  a drawing in the colours of a light ground
+/// @return the drawing in the colours of the look that was applied last; not valid without such a
+///         file
+VectorPicture Drawing(const QString& path);
+
+/// @param path  a drawing in the colours of a light ground
+/// @return an icon that draws it as Drawing gives it, sharp at every size and scale
+QIcon Icon(const QString& path);
 
 } // namespace Appearance

@@ -1,11 +1,29 @@
 #include "controls/ClickableLabel.h"
 
+#include "controls/AccessibleControls.h"
+#include "controls/FocusRing.h"
+
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QStyleOptionFocusRect>
-#include <QStylePainter>
+#include <QPainter>
 
 #include <utility>
+
+namespace {
+
+/// @return a button; a tab, when the label is one of several of which one is chosen
+QAccessibleInterface* Accessible(const QString& type, QObject* object)
+{
+    auto* label = qobject_cast<ClickableLabel*>(object);
+    if (!label || type != QLatin1String(ClickableLabel::staticMetaObject.className()))
+        return nullptr;
+    const bool isTab = label->property("escolhida").isValid();
+    return new AccessiblePressable(label, isTab ? QAccessible::PageTab : QAccessible::Button,
+                                   [label] { emit label->clicked(); });
+}
+
+} // namespace
 
 ClickableLabel::ClickableLabel(QWidget* parent)
     : ClickableLabel(QString(), parent)
@@ -15,6 +33,7 @@ ClickableLabel::ClickableLabel(QWidget* parent)
 ClickableLabel::ClickableLabel(const QString& text, QWidget* parent)
     : QLabel(text, parent)
 {
+    QAccessible::installFactory(Accessible); // once, however often it is called
     setTextFormat(Qt::PlainText);
     setCursor(Qt::PointingHandCursor);
     setAttribute(Qt::WA_Hover); // the style sheet marks it under the pointer
@@ -79,11 +98,8 @@ void ClickableLabel::paintEvent(QPaintEvent* event)
     QLabel::paintEvent(event);
     if (!hasFocus())
         return;
-    QStylePainter painter(this);
-    QStyleOptionFocusRect option;
-    option.initFrom(this);
-    option.state |= QStyle::State_KeyboardFocusChange; // Fusion draws the frame for keys only
-    painter.drawPrimitive(QStyle::PE_FrameFocusRect, option);
+    QPainter painter(this);
+    FocusRing::Draw(painter, rect(), palette().color(foregroundRole()), 1);
 }
 
 void ClickableLabel::changeEvent(QEvent* event)

@@ -1,9 +1,12 @@
 #include "controls/ImageButton.h"
 
+#include "controls/AccessibleControls.h"
+#include "controls/Appearance.h"
+#include "controls/FocusRing.h"
+
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QStyleOptionFocusRect>
-#include <QStylePainter>
 
 namespace {
 
@@ -11,12 +14,21 @@ constexpr int UnavailableAlpha = 90; // of 255
 constexpr qreal PressedOpacity = 0.65;
 constexpr int HoverAlpha = 28;     // of 255, the accent behind an image under the pointer
 constexpr qreal HoverRadius = 5.0; // pixels
+constexpr int FocusWidth = 2;      // pixels
+
+/// @return a picture for an inert image; nullptr for a button, which Qt knows
+QAccessibleInterface* Accessible(const QString&, QObject* object)
+{
+    auto* image = qobject_cast<ImageButton*>(object);
+    return image && image->inert() ? new AccessibleDecoration(image) : nullptr;
+}
 
 } // namespace
 
 ImageButton::ImageButton(QWidget* parent)
     : QAbstractButton(parent)
 {
+    QAccessible::installFactory(Accessible); // once, however often it is called
     setFocusPolicy(Qt::NoFocus);
     setAttribute(Qt::WA_Hover);
     Restyle();
@@ -27,7 +39,7 @@ void ImageButton::setImage(const QString& path)
     if (m_image == path)
         return;
     m_image = path;
-    m_picture = VectorPicture(path);
+    m_picture = Appearance::Drawing(path);
     m_drawn = QPixmap();
     updateGeometry();
     update();
@@ -114,7 +126,7 @@ void ImageButton::paintEvent(QPaintEvent*)
         m_drawnAvailable = available;
     }
 
-    QStylePainter painter(this);
+    QPainter painter(this);
     if (available && !m_inert && underMouse()) {
         QColor tint = palette().color(QPalette::Highlight);
         tint.setAlpha(HoverAlpha);
@@ -126,9 +138,6 @@ void ImageButton::paintEvent(QPaintEvent*)
     painter.setOpacity(available && isDown() ? PressedOpacity : 1.0);
     painter.drawPixmap(0, 0, m_drawn);
     painter.setOpacity(1.0);
-    if (hasFocus()) {
-        QStyleOptionFocusRect option;
-        option.initFrom(this);
-        painter.drawPrimitive(QStyle::PE_FrameFocusRect, option);
-    }
+    if (hasFocus())
+        FocusRing::Draw(painter, rect(), palette().color(QPalette::Highlight), FocusWidth);
 }

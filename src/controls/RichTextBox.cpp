@@ -36,6 +36,11 @@ QString InstalledFamily(const QString& name)
     return last.second;
 }
 
+/// The bars lie on the white sheet, also where other lists are dark.
+constexpr char LightBars[] = "QScrollBar::handle { background: #bec6cf; border-color: #ffffff; }"
+                             "QScrollBar::handle:hover, QScrollBar::handle:pressed {"
+                             " background: #5b6470; }";
+
 QPalette WhiteSheet(QPalette palette)
 {
     palette.setColor(QPalette::Base, Appearance::Surface);
@@ -97,6 +102,10 @@ RichTextBox::RichTextBox(QWidget* parent)
     setFrameShape(QFrame::NoFrame);
     setTabChangesFocus(true);
     setPalette(WhiteSheet(palette()));
+    if (Appearance::IsDark()) {
+        for (QScrollBar* bar : {verticalScrollBar(), horizontalScrollBar()})
+            bar->setStyleSheet(QString::fromLatin1(LightBars));
+    }
     document()->setDocumentMargin(Margin);
     document()->setDocumentLayout(new SheetLayout(document()));
     UseFont(Appearance::MonospacedFamily(), UsualSize);

@@ -1,7 +1,9 @@
 #include "main/FaixaAlfabeto.h"
 
+#include "controls/AccessibleControls.h"
 #include "controls/ClickableLabel.h"
 
+#include <QAccessible>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QStyle>
@@ -12,11 +14,20 @@ namespace {
 constexpr char Marcada[] = "marcada"; ///< the listed songs begin with it
 constexpr char Atual[] = "atual";     ///< the arrow keys are here
 
+/// @return the letter that the arrow keys are at, as the button that it is for the keyboard
+QAccessibleInterface* Acessivel(const QString&, QObject* objeto)
+{
+    auto* faixa = qobject_cast<FaixaAlfabeto*>(objeto);
+    return faixa ? new AccessiblePressable(faixa, QAccessible::Button, [faixa] { faixa->Clica(); })
+                 : nullptr;
+}
+
 } // namespace
 
 FaixaAlfabeto::FaixaAlfabeto(QWidget* parent)
     : QWidget(parent)
 {
+    QAccessible::installFactory(Acessivel); // once, however often it is called
     setFocusPolicy(Qt::TabFocus);
     setStyleSheet(QStringLiteral(
         "ClickableLabel { color: palette(highlight); padding: 3px 0px; border-radius: 4px;"
@@ -24,7 +35,9 @@ FaixaAlfabeto::FaixaAlfabeto(QWidget* parent)
         "ClickableLabel:hover { background: palette(midlight); }"
         "ClickableLabel[marcada=\"true\"] { background: palette(highlight);"
         " color: palette(highlighted-text); }"
-        "ClickableLabel[atual=\"true\"] { border-color: palette(highlight); }"));
+        "ClickableLabel[atual=\"true\"] { border: 2px solid palette(highlight); padding: 2px 0px; }"
+        "ClickableLabel[atual=\"true\"][marcada=\"true\"] {"
+        " border-color: palette(highlighted-text); }"));
     auto* fila = new QHBoxLayout(this);
     fila->setContentsMargins(0, 0, 0, 0);
     fila->setSpacing(2);
@@ -45,6 +58,11 @@ void FaixaAlfabeto::Marca(int indice)
 {
     for (int i = 0; i < Tudo; ++i)
         Realca(i, Marcada, i == indice);
+}
+
+void FaixaAlfabeto::Clica()
+{
+    emit Click(m_atual);
 }
 
 void FaixaAlfabeto::Realca(int indice, const char* propriedade, bool realca)
@@ -83,7 +101,7 @@ void FaixaAlfabeto::keyPressEvent(QKeyEvent* evento)
     case Qt::Key_Space:
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        emit Click(m_atual);
+        Clica();
         break;
     default:
         QWidget::keyPressEvent(evento);

@@ -21,6 +21,9 @@ public:
     /// @param indice  0 to 25; anything else marks none
     void Marca(int indice);
 
+    /// Clicks the letter that the arrow keys are at.
+    void Clica();
+
 signals:
     /// @param indice  0 to 25 for a letter, Tudo for all
     void Click(int indice);

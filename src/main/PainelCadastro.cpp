@@ -25,6 +25,7 @@ constexpr QColor OutraVersao(192, 192, 192);
 
 void Pinta(ClickableLabel& aba, const QColor& cor)
 {
+    aba.setProperty("escolhida", cor == VersaoMostrada); // what the colour says, said to who hears
     // Under the pointer a label would take the accent's colour, which is too dark for that ground.
     // The palette comes last: a new style sheet brings back an older one.
     aba.setStyleSheet(
@@ -44,7 +45,10 @@ PainelCadastro::PainelCadastro(QWidget* parent)
     lblMostraMusica = {ui->lblMostraMusica_0, ui->lblMostraMusica_1};
     txtCadLetra = {ui->txtCadLetra_0, ui->txtCadLetra_1};
     ui->lblCadDica->setForegroundRole(QPalette::PlaceholderText);
-    ui->lblCadMusica->setForegroundRole(QPalette::Base); // on the dark ground of the tabs
+    // The sheet is paper and its tabs lie on a dark ground, under every look.
+    QPalette abas = ui->lblCadMusica->palette();
+    abas.setColor(QPalette::WindowText, Qt::white);
+    ui->lblCadMusica->setPalette(abas);
     ui->lstCadTema->setMode(ListBox::CheckBoxes);
     // The size of every sheet that comes: what is typed into a new song has it, too.
     for (RichTextBox* caixa : txtCadLetra)
@@ -101,6 +105,7 @@ void PainelCadastro::lblMostraMusica_Click(int indice)
     const auto mostrada = static_cast<std::size_t>(indice);
     txtCadLetra[mostrada]->show();
     Pinta(*lblMostraMusica[mostrada], VersaoMostrada);
+    ui->lblCadMusica->setBuddy(txtCadLetra[mostrada]);
 }
 
 void PainelCadastro::cmdCadLimpar_Click()

@@ -23,6 +23,9 @@ PainelLista::PainelLista(QWidget* parent)
     ui->setupUi(this);
     ui->lblDica->setForegroundRole(QPalette::PlaceholderText);
     ui->lblMusicasEncontradas->setForegroundRole(QPalette::PlaceholderText);
+    // The boxes begin, and the two lists end, on one line.
+    ui->lblNome->setMinimumWidth(ui->lblMusicas->sizeHint().width());
+    ui->lblMusicasEncontradas->setMinimumHeight(ui->cmdSalvar->sizeHint().height());
     Marca_Identidade(QStringLiteral("0"));
     Marca_Modificada(false);
     Liga_Eventos();

@@ -1,6 +1,7 @@
 #include "main/TecladoVirtual.h"
 
 #include "artwork/Artwork.h"
+#include "controls/Appearance.h"
 #include "controls/ClickableLabel.h"
 #include "controls/Handler.h"
 #include "controls/ImageButton.h"
@@ -167,7 +168,10 @@ TecladoVirtual::TecladoVirtual(QWidget* parent)
     , pctTeclas(new QWidget(this))
     , imgFecharTeclado(new ImageButton(this))
 {
-    setStyleSheet(QString::fromLatin1(Aparencia));
+    QString aparencia = QString::fromLatin1(Aparencia);
+    if (Appearance::IsDark()) // the keys' given ground is light
+        aparencia.replace(u"palette(button-text)"_qs, Appearance::Text.name());
+    setStyleSheet(aparencia);
     setCursor(Qt::ArrowCursor);
     pctTeclas->setObjectName(QStringLiteral("pctTeclas"));
     pctTeclas->setGeometry(Borda, Borda + LadoFechar, Twips::ToPixels(LarguraTeclas),

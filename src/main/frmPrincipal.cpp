@@ -3,6 +3,7 @@
 #include "ui_frmPrincipal.h"
 
 #include "artwork/Artwork.h"
+#include "controls/Appearance.h"
 #include "controls/Dialogs.h"
 #include "controls/Handler.h"
 #include "controls/TextBox.h"
@@ -73,7 +74,7 @@ void frmPrincipal::Monta_Toolbar()
 {
     for (const Botao& botao : Botoes) {
         const QString chave = QString::fromUtf16(botao.chave);
-        auto* acao = new QAction(QIcon(Artwork::Path(u"toolbar/" % chave)),
+        auto* acao = new QAction(Appearance::Icon(Artwork::Path(u"toolbar/" % chave)),
                                  QString::fromUtf16(botao.texto), ui->Toolbar);
         acao->setData(chave);
         acao->setToolTip(QString::fromUtf16(botao.dica));

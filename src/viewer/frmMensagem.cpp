@@ -1,6 +1,5 @@
 #include "viewer/frmMensagem.h"
 
-#include "controls/Appearance.h"
 #include "controls/Resposta_Mensagem.h"
 #include "ui_frmMensagem.h"
 
@@ -44,9 +43,7 @@ void frmMensagem::Prepara_Dicas()
     // Hints come and go without the dialog changing its size.
     ui->lblObs->setMinimumWidth(largura);
     ui->lblObs->setFixedHeight(ui->lblObs->fontMetrics().lineSpacing());
-    QPalette palette = ui->lblObs->palette();
-    palette.setColor(QPalette::WindowText, Appearance::MutedText);
-    ui->lblObs->setPalette(palette);
+    ui->lblObs->setForegroundRole(QPalette::PlaceholderText);
 
     setMouseTracking(true);
     for (QWidget* controle : findChildren<QWidget*>())

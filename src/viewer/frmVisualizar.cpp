@@ -1,5 +1,6 @@
 #include "viewer/frmVisualizar.h"
 
+#include "controls/AccessibleControls.h"
 #include "controls/Handler.h"
 #include "ui_frmVisualizar.h"
 #include "viewer/TeclasEdicao.h"
@@ -30,6 +31,7 @@ frmVisualizar::frmVisualizar()
     , Teclas_Edicao(new TeclasEdicao(this))
 {
     setAttribute(Qt::WA_DeleteOnClose);
+    QAccessible::installFactory(MakeAccessible<frmVisualizar, AccessibleForm>);
     ui->setupUi(this);
     TimerRolagem->setProperty("Tag", QString::number(IntervaloRolagem));
     Prepara_Aparencia();

@@ -7,15 +7,17 @@
 #include "ui_frmVisualizar.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 
 namespace {
 
 constexpr int LarguraListaAberta = 480; // pixels
 
-void Pinta(QWidget* controle, QPalette::ColorRole papel, QColor cor)
+/// Gives a control's ground or text the colour of a role.
+void Pinta(QWidget* controle, QPalette::ColorRole papel, QPalette::ColorRole cor)
 {
     QPalette palette = controle->palette();
-    palette.setColor(papel, cor);
+    palette.setColor(papel, QApplication::palette().color(cor));
     controle->setPalette(palette);
 }
 
@@ -35,13 +37,13 @@ void frmVisualizar::Prepara_Aparencia()
     // Titles with their references are longer than the box: opened, the list takes more room.
     ui->cmbLista->view()->setMinimumWidth(LarguraListaAberta);
 
-    Pinta(this, QPalette::Window, Appearance::Window);
-    Pinta(ui->pctMusica, QPalette::Window, Appearance::Surface);
-    Pinta(ui->lblTitulo, QPalette::WindowText, Appearance::Text);
-    Pinta(ui->lblReferencia, QPalette::WindowText, Appearance::Text);
-    Pinta(ui->lblTemas, QPalette::WindowText, Appearance::MutedText);
-    Pinta(ui->lblCont, QPalette::WindowText, Appearance::MutedText);
+    // The sheet is paper, under every look.
+    QPalette folha = ui->pctMusica->palette();
+    folha.setColor(QPalette::Window, Appearance::Surface);
+    ui->pctMusica->setPalette(folha);
+    Pinta(ui->lblTemas, QPalette::WindowText, QPalette::PlaceholderText);
+    Pinta(ui->lblCont, QPalette::WindowText, QPalette::PlaceholderText);
     // The key in the colour of the chords.
-    Pinta(ui->lblTom, QPalette::WindowText, Appearance::Accent);
-    Pinta(ui->lblVersao, QPalette::WindowText, Appearance::Accent);
+    Pinta(ui->lblTom, QPalette::WindowText, QPalette::Link);
+    Pinta(ui->lblVersao, QPalette::WindowText, QPalette::Link);
 }

@@ -3,6 +3,7 @@
 #include "viewer/frmVisualizar.h"
 
 #include "controls/Dialogs.h"
+#include "controls/FocusRing.h"
 #include "controls/Handler.h"
 #include "ui_frmVisualizar.h"
 #include "viewer/TeclasEdicao.h"
@@ -40,6 +41,7 @@ void frmVisualizar::Liga_Edicao()
     for (RichTextBox* caixa : {ui->RichTextBox_1, ui->RichTextBox_2}) {
         ConnectHandler(caixa, &RichTextBox::GotFocus, this, &Form::RichTextBox_GotFocus);
         Teclas_Edicao->Vigia(caixa);
+        new FocusRing(*caixa); // owned by what the sheets lie on
     }
 
     QWidget* anterior = ui->RichTextBox_1;

@@ -84,6 +84,8 @@ private slots:
             names << u"frame/imgFundo"_qs + place;
         for (const auto& verb : {u"adicionar"_qs, u"remover"_qs, u"sobe"_qs, u"desce"_qs})
             names << u"lista/"_qs + verb;
+        for (const auto& icon : {u"informacao"_qs, u"pergunta"_qs, u"exclamacao"_qs, u"critico"_qs})
+            names << u"caixa/"_qs + icon;
         for (const auto& name : names)
             QTest::newRow(qPrintable(name)) << name;
     }
@@ -104,7 +106,7 @@ private slots:
                 QVERIFY2(Inked(Rendered(path, {size, size})) > size, qPrintable(path));
             ++pictures;
         }
-        QCOMPARE(pictures, 49);
+        QCOMPARE(pictures, 53);
     }
 
     void ButtonsLieWhollyInsideTheirPicture_data()

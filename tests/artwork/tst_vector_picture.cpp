@@ -52,6 +52,7 @@ private slots:
     void coloursStandWhereTheyBelong_data();
     void coloursStandWhereTheyBelong();
     void edgesAreSharpWhereTheScaleIsWhole();
+    void coloursAreExchanged();
 
 private:
     QString Path() const { return m_folder.filePath(u"half.svg"_qs); }
@@ -151,6 +152,19 @@ void tst_vector_picture::edgesAreSharpWhereTheScaleIsWhole()
         QCOMPARE(image.pixelColor(8 * scale - 1, 4), Left);
         QCOMPARE(image.pixelColor(8 * scale, 4), Right);
     }
+}
+
+void tst_vector_picture::coloursAreExchanged()
+{
+    const VectorPicture picture(Path(),
+                                {{Left, QColor(0xf0, 0xe0, 0xd0)}, {Right, QColor(Qt::white)}});
+    QImage image(32, 16, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    picture.Render(painter, QRectF(0, 0, 32, 16));
+    painter.end();
+    QCOMPARE(image.pixelColor(4, 4), QColor(0xf0, 0xe0, 0xd0));
+    QCOMPARE(image.pixelColor(28, 4), QColor(Qt::white));
 }
 
 QTEST_MAIN(tst_vector_picture)

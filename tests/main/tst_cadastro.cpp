@@ -36,6 +36,7 @@ private slots:
     void chordsAreShownAsASheet();
     void tabsSwitchTheVersion();
     void tabsHaveTheirColours();
+    void theButtonThatStoresHasTheAccentWhereverTheFocusIs();
     void tabsStandOnOneLineWithTheirLabel();
     void everyLoadingShowsVersionOne();
     void newSongAsksFirst();
@@ -308,6 +309,20 @@ void tst_cadastro::tabsSwitchTheVersion()
     QVERIFY(!Caixa(1)->isVisible());
     QCOMPARE(Caixa(0)->geometry(), lugar);
     QCOMPARE(m_comandos, QStringList());
+}
+
+void tst_cadastro::theButtonThatStoresHasTheAccentWhereverTheFocusIs()
+{
+    Carrega();
+    const auto fundo = [this](const char* botao) {
+        return Acha<QWidget>(botao)->grab().toImage().pixelColor(8, 16);
+    };
+    for (const char* foco : {"cmdCadSalvar", "cmdCadLimpar", "cmdCadSalvar", "txtCadTitulo"}) {
+        Acha<QWidget>(foco)->setFocus();
+        QCOMPARE(fundo("cmdCadSalvar"), Appearance::Accent);
+        for (const char* outro : {"cmdCadLimpar", "cmdCadIgualarSalvar", "cmdCadTema"})
+            QCOMPARE(fundo(outro), Appearance::Surface);
+    }
 }
 
 void tst_cadastro::tabsHaveTheirColours()

@@ -21,8 +21,11 @@ void Pictures::Save(const QString& name)
     QTest::qWait(PaintMs);
     const QScreen* screen = QApplication::primaryScreen();
     const QSize size = (QSizeF(screen->size()) * screen->devicePixelRatio()).toSize();
-    const QString file =
-        QStringLiteral("%1/%2-%3x%4.png").arg(m_folder, name).arg(size.width()).arg(size.height());
+    const QString file = QStringLiteral("%1/%2-%3x%4%5.png")
+                             .arg(m_folder, name)
+                             .arg(size.width())
+                             .arg(size.height())
+                             .arg(m_kind);
     const bool saved = QApplication::primaryScreen()->grabWindow(0).save(file);
     QTextStream(stdout) << (saved ? "  " : "  NOT SAVED ") << file << Qt::endl;
 }

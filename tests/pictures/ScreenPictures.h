@@ -19,23 +19,28 @@ class frmVisualizar;
 /// What the pictures of every screen are taken with.
 namespace Telas {
 
-inline constexpr int PaintMs = 400;   ///< a window manager maps, paints and raises within this
-inline constexpr int SearchMs = 1200; ///< the clock of the search and the search itself
+// Whoever shows no windows to a window manager may wait less.
+inline int PaintMs = 400;   ///< a window manager maps, paints and raises within this
+inline int SearchMs = 1200; ///< the clock of the search and the search itself
 
 class Pictures : public QObject
 {
 public:
     /// @param folder  exists
-    explicit Pictures(QString folder)
+    /// @param kind  stands in the files' names behind the screen's size
+    explicit Pictures(QString folder, QString kind = {})
         : m_folder(std::move(folder))
+        , m_kind(std::move(kind))
     {
     }
 
-    /// Saves what the screen shows once it is painted. @param name  of the file, without its end
-    void Save(const QString& name);
+    /// Saves what the screen shows once it is painted. A test looks at the screen here instead.
+    /// @param name  of the file, without its end
+    virtual void Save(const QString& name);
 
 private:
     QString m_folder;
+    QString m_kind;
 };
 
 /// The main form on a catalogue of our choice instead of the one that config.ini names.

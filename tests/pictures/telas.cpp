@@ -1,17 +1,16 @@
-// Makes a picture of every screen: telas DELIVERED_CATALOGUE PICTURE_FOLDER [visualizador]
-// With the third word, of the viewer only: it has to fit on screens that the main form is not for.
+// Makes a picture of every screen: telas DELIVERED_CATALOGUE PICTURE_FOLDER [visualizador] [escuro]
+// With "visualizador" of the viewer only: it has to fit on screens that the main form is not for.
+// With "escuro" as on a dark desktop.
 // Works on copies in a folder of its own. Real forms, driven by real events; where the platform is
 // a virtual screen, what is saved is what that screen shows.
 
 #include "TelasImportacao.h"
 
 #include "app/Main.h"
-#include "app/frmSplash.h"
 #include "pictures/TelasCadastro.h"
 #include "pictures/TelasExportacao.h"
-#include "pictures/TelasLista.h"
-#include "pictures/TelasTeclado.h"
 #include "pictures/TelasVisualizador.h"
+#include "pictures/TodasAsTelas.h"
 #include "support/GeneratedSongs.h"
 #include "support/TestCatalogue.h"
 #include "viewer/frmVisualizar.h"
@@ -25,34 +24,7 @@ using namespace Telas;
 namespace {
 
 constexpr int ManySongs = 20000;
-
-void ShowDelivered(Pictures& pictures, const QString& catalogue)
-{
-    Principal form(catalogue);
-    auto* splash = new frmSplash(form, [&form] { form.Form_Load(QString()); });
-    splash->Form_Load();
-    splash->show();
-    pictures.Save(QStringLiteral("abertura"));
-    splash->Inicializar();
-    QTest::qWait(SearchMs);
-    pictures.Save(QStringLiteral("principal"));
-    Type(form, QStringLiteral("zzz"));
-    pictures.Save(QStringLiteral("principal-vazio"));
-    Type(form, QStringLiteral("pei"));
-    pictures.Save(QStringLiteral("principal-tres-letras"));
-    ShowKeyboard(pictures, form);
-    Type(form, QString());
-    ShowExport(pictures, form);
-    ShowViewers(pictures, {1, 2, 3});
-    ShowEditing(pictures);
-    ShowEntry(pictures, form, catalogue);
-    ShowSetlist(pictures, catalogue);
-    form.mnuPesquisa_Click();
-    ShowExportNotice(pictures, form, catalogue);
-    ShowSetlists(pictures, form);
-    ShowLongHeader(pictures, catalogue);
-    form.close();
-}
+constexpr QRgb DarkDesktop = 0xff2d2d2d;
 
 void ShowViewerAlone(Pictures& pictures, const QString& catalogue)
 {
@@ -107,12 +79,16 @@ int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
     const QStringList words = QApplication::arguments();
-    const bool viewer = words.value(3) == u"visualizador";
-    if (words.size() != (viewer ? 4 : 3)) {
-        QTextStream(stderr) << "telas DELIVERED_CATALOGUE PICTURE_FOLDER [visualizador]"
+    QStringList options = words.mid(3);
+    const bool viewer = options.removeOne(u"visualizador"_qs);
+    const bool dark = options.removeOne(u"escuro"_qs);
+    if (words.size() < 3 || !options.isEmpty()) {
+        QTextStream(stderr) << "telas DELIVERED_CATALOGUE PICTURE_FOLDER [visualizador] [escuro]"
                             << Qt::endl;
         return 2;
     }
+    if (dark)
+        QApplication::setPalette(QPalette(QColor(DarkDesktop)));
     QApplication::setQuitOnLastWindowClosed(false);
     Funcoes::Prepara(application);
 
@@ -122,7 +98,7 @@ int main(int argc, char* argv[])
         QTextStream(stderr) << "no such catalogue, or no place for the pictures" << Qt::endl;
         return 2;
     }
-    Pictures pictures(words.at(2));
+    Pictures pictures(words.at(2), dark ? u"-escuro"_qs : QString());
     if (viewer) {
         ShowViewerAlone(pictures, copy);
         return 0;
