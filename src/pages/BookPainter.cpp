@@ -8,6 +8,7 @@ namespace Pages {
 namespace {
 
 constexpr double Rule = 0.9;
+constexpr int MostTitleLines = 3;
 
 } // namespace
 
@@ -76,6 +77,8 @@ void BookPainter::DrawBookHead(const Book& book)
     const QFont small = TitleFont(m_paper.text, false);
     m_pen.Text(Left(), baseline, m_pen.Elided(book.subtitle, small, room), small, Grey);
     m_pen.Box(Left(), baseline + m_paper.text * 0.8, room, 2 * Rule, ChordBlue);
+    m_pen.Text(Left(), m_paper.top + m_paper.bookHead - m_paper.text * 0.9, u"Índice"_qs,
+               TitleFont(m_paper.text * 1.3, true), Ink);
 }
 
 void BookPainter::DrawEntry(const BookSong& song, int page, double top)
@@ -104,19 +107,49 @@ void BookPainter::DrawEntry(const BookSong& song, int page, double top)
     m_links.append({m_page, QRectF(Left(), top, Right() - Left(), m_paper.entry), page});
 }
 
+SongTitle BookPainter::TitleOf(const BookSong& song) const
+{
+    SongTitle title;
+    title.key = song.key.isEmpty() ? QString() : QString(u"Tom: "_qs + song.key);
+    title.keyFont = TitleFont(m_paper.songTitle * 0.72, true);
+    const double keyWidth =
+        title.key.isEmpty() ? 0 : m_pen.WidthOf(title.key, title.keyFont) + m_paper.text;
+    const double room = Right() - Left() - keyWidth;
+    title.font = TitleFont(m_paper.songTitle, true);
+    while (title.font.pointSizeF() > m_paper.smallestTitle &&
+           m_pen.WidthOf(song.title, title.font) > room)
+        title.font.setPointSizeF(title.font.pointSizeF() - 0.5);
+    QString rest = song.title;
+    for (int line = 1; line < MostTitleLines && m_pen.WidthOf(rest, title.font) > room; ++line) {
+        qsizetype cut = rest.size();
+        while (cut > 0 && m_pen.WidthOf(rest.first(cut), title.font) > room)
+            cut = rest.lastIndexOf(u' ', cut - rest.size() - 1);
+        if (cut <= 0)
+            break;
+        title.lines += rest.first(cut);
+        rest = rest.sliced(cut).trimmed();
+    }
+    title.lines += m_pen.Elided(rest, title.font, room);
+    title.lineHeight = title.font.pointSizeF() * 1.15;
+    return title;
+}
+
+double BookPainter::ExtraHead(const BookSong& song) const
+{
+    const SongTitle title = TitleOf(song);
+    return title.lineHeight * static_cast<double>(title.lines.size() - 1);
+}
+
 void BookPainter::DrawSongHead(const BookSong& song)
 {
-    const QString key = song.key.isEmpty() ? QString() : QString(u"Tom: "_qs + song.key);
-    const QFont keyFont = TitleFont(m_paper.songTitle * 0.72, true);
-    const double keyWidth = key.isEmpty() ? 0 : m_pen.WidthOf(key, keyFont) + m_paper.text;
-    const double baseline = m_paper.top + m_paper.songTitle;
-    m_pen.TextBefore(Right(), baseline, key, keyFont, ChordBlue);
-
-    QFont font = TitleFont(m_paper.songTitle, true);
-    const double room = Right() - Left() - keyWidth;
-    while (font.pointSizeF() > m_paper.smallestTitle && m_pen.WidthOf(song.title, font) > room)
-        font.setPointSizeF(font.pointSizeF() - 0.5);
-    m_pen.Text(Left(), baseline, m_pen.Elided(song.title, font, room), font, Ink);
+    const SongTitle title = TitleOf(song);
+    double baseline = m_paper.top + m_paper.songTitle;
+    m_pen.TextBefore(Right(), baseline, title.key, title.keyFont, ChordBlue);
+    for (const QString& line : title.lines) {
+        m_pen.Text(Left(), baseline, line, title.font, Ink);
+        baseline += title.lineHeight;
+    }
+    baseline -= title.lineHeight;
 
     const QFont small = TitleFont(m_paper.text, false);
     const double below = baseline + m_paper.text * 1.4;
@@ -141,13 +174,14 @@ void BookPainter::DrawSong(const BookSong& song, const SongLayout& layout, const
     BeginPage();
     DrawSongHead(song);
     const double width = (room.width - room.gap * (layout.columns - 1)) / layout.columns;
+    const double extra = ExtraHead(song);
     int page = 0;
     for (const Placed& placed : layout.placed) {
         for (; page < placed.page; ++page) {
             BeginPage();
             DrawRunningHead(song);
         }
-        const double head = page == 0 ? m_paper.songHead : m_paper.runningHead;
+        const double head = page == 0 ? m_paper.songHead + extra : m_paper.runningHead;
         DrawUnit(placed, Left() + placed.column * (width + room.gap),
                  m_paper.top + head + placed.top, layout.size, room.charWidth * layout.size);
     }
