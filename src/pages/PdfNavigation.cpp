@@ -198,7 +198,9 @@ void AddLinks(const Document& document, Addition& addition, const QList<PdfLink>
         const auto list = document.AnnotationsOf(link.page);
         if (!list)
             continue;
-        const auto number = [](double length) { return QByteArray::number(length, 'f', 2) + ' '; };
+        const auto number = [](double length) -> QByteArray {
+            return QByteArray::number(length, 'f', 2) + ' ';
+        };
         const qint64 object = addition.NewObject();
         addition.Put(object, "<< /Type /Annot /Subtype /Link /Border [0 0 0] /Rect [" +
                                  number(link.place.left()) + number(height - link.place.bottom()) +

@@ -96,8 +96,8 @@ void tst_song_blocks::chordsStayOverTheirSyllablesWhenALineIsCut_data()
     QTest::newRow("it fits") << u"C    G\r\nComo pode"_qs << 9
                              << QStringList{u"c|C    G"_qs, u"+|Como pode"_qs};
     QTest::newRow("chords behind the words")
-        << u"C    G   Am7 D7\r\nComo"_qs << 12
-        << QStringList{u"c|C    G   Am7"_qs, u"+|Como"_qs, u"c|  D7"_qs};
+        << u"C    G   Am7 D7\r\nVida"_qs << 12
+        << QStringList{u"c|C    G   Am7"_qs, u"+|Vida"_qs, u"c|  D7"_qs};
     QTest::newRow("chords alone") << u"C  G  Am7  D7"_qs << 10
                                   << QStringList{u"c|C  G  Am7"_qs, u"c|  D7"_qs};
     QTest::newRow("lyric alone") << u"Como pode o peixe"_qs << 10
@@ -109,7 +109,7 @@ void tst_song_blocks::chordsStayOverTheirSyllablesWhenALineIsCut_data()
         << QStringList{u"c|C"_qs, u"+|extraordinar"_qs, u"c|  Am7(9)"_qs, u"+|  iamente"_qs};
     QTest::newRow("a chord over blanks")
         << u"C             G\r\nLá lá lá lá       lé"_qs << 13
-        << QStringList{u"c|C"_qs, u"+|Lá lá lá lá"_qs, u"c|   G"_qs, u"+|       lé"_qs};
+        << QStringList{u"c|C"_qs, u"+|Lá lá lá lá"_qs, u"c|  G"_qs, u"+|      lé"_qs};
 }
 
 void tst_song_blocks::chordsStayOverTheirSyllablesWhenALineIsCut()
