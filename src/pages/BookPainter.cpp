@@ -8,7 +8,7 @@ namespace Pages {
 namespace {
 
 constexpr double Rule = 0.9;
-constexpr int MostTitleLines = 3;
+constexpr int MostTitleLines = 6;
 
 } // namespace
 
@@ -95,13 +95,10 @@ void BookPainter::DrawEntry(const BookSong& song, int page, double top)
 
     const QString title = m_pen.Elided(song.title, font, end - Left());
     m_pen.Text(Left(), baseline, title, font, Ink);
-    double x = Left() + m_pen.WidthOf(title, font) + m_paper.text * 0.7;
+    const double x = Left() + m_pen.WidthOf(title, font) + m_paper.text * 0.7;
     // A reference of which only the beginning would be seen says little.
-    if (end - x > 6 * m_paper.small) {
-        const QString reference = m_pen.Elided(song.reference, small, end - x);
-        m_pen.Text(x, baseline, reference, small, Grey);
-        x += m_pen.WidthOf(reference, small) + m_paper.text * 0.5;
-    }
+    if (end - x > 6 * m_paper.small)
+        m_pen.Text(x, baseline, m_pen.Elided(song.reference, small, end - x), small, Grey);
     const double bottom = top + m_paper.entry - 1;
     m_pen.Line(Left(), bottom, Right(), bottom, Rule / 3, Faint);
     m_links.append({m_page, QRectF(Left(), top, Right() - Left(), m_paper.entry), page});

@@ -19,7 +19,7 @@ PaperSize MakeA4()
     size.runningHead = 28;
     size.bookTitle = 30;
     size.songTitle = 21;
-    size.smallestTitle = 13;
+    size.smallestTitle = 16;
     size.text = 11;
     size.small = 9;
     size.entry = 17.5;
@@ -40,11 +40,11 @@ PaperSize MakePhone()
     size.runningHead = 22;
     size.bookTitle = 20;
     size.songTitle = 15;
-    size.smallestTitle = 10;
+    size.smallestTitle = 12;
     size.text = 10;
     size.small = 7.5;
     size.entry = 17;
-    size.bookHead = 66;
+    size.bookHead = 82;
     return size;
 }
 

@@ -125,7 +125,7 @@ int tst_book::PagesOf(const QString& pdf)
 void tst_book::contentsTellThePageOfEachSong()
 {
     const QString pdf =
-        Put(BookOf({Song(u"Peixe Vivo"_qs, Short()), Song(u"Longa"_qs, Strophes(40)),
+        Put(BookOf({Song(u"Peixe Vivo"_qs, Short()), Song(u"Longa"_qs, Strophes(20)),
                     Song(u"Água Viva"_qs, Short())}));
     QCOMPARE(PagesOf(pdf), 5);
     const QString contents = TextOf(pdf, 1);
@@ -185,8 +185,8 @@ void tst_book::chordsStandOverTheirSyllables_data()
                            << QStringList{u"Am"_qs, u"E7"_qs, u"D/F#"_qs, u"G7(b9)"_qs}
                            << QStringList{u"Como"_qs, u"pode"_qs, u"peixe"_qs, u"viver"_qs};
     QTest::newRow("behind letters of other types")
-        << Paper::A4 << u"C G7\r\n\u6C34 Lá"_qs << QStringList{u"C"_qs, u"G7"_qs}
-        << QStringList{u"\u6C34"_qs, u"Lá"_qs};
+        << Paper::A4 << u"C G7\r\n\u266B Lá"_qs << QStringList{u"C"_qs, u"G7"_qs}
+        << QStringList{u"\u266B"_qs, u"Lá"_qs};
     QTest::newRow("on a telephone") << Paper::Phone << u"Am   E7   Dm\r\nComo pode peixe"_qs
                                     << QStringList{u"Am"_qs, u"E7"_qs, u"Dm"_qs}
                                     << QStringList{u"Como"_qs, u"pode"_qs, u"peixe"_qs};
@@ -309,7 +309,7 @@ void tst_book::telephonePagesAreSmall()
 void tst_book::linksAndBookmarksLeadToTheSongs()
 {
     const QString pdf =
-        Put(BookOf({Song(u"Peixe Vivo"_qs, Short()), Song(u"Longa"_qs, Strophes(40)),
+        Put(BookOf({Song(u"Peixe Vivo"_qs, Short()), Song(u"Longa"_qs, Strophes(20)),
                     Song(u"Água (Viva)"_qs, Short())}));
     const QString places = Run(u"pdfinfo"_qs, {u"-dests"_qs, pdf});
     QVERIFY(!places.isNull());

@@ -97,7 +97,7 @@ void tst_song_blocks::chordsStayOverTheirSyllablesWhenALineIsCut_data()
                              << QStringList{u"c|C    G"_qs, u"+|Como pode"_qs};
     QTest::newRow("chords behind the words")
         << u"C    G   Am7 D7\r\nVida"_qs << 12
-        << QStringList{u"c|C    G   Am7"_qs, u"+|Vida"_qs, u"c|  D7"_qs};
+        << QStringList{u"c|C    G"_qs, u"+|Vida"_qs, u"c|  Am7 D7"_qs};
     QTest::newRow("chords alone") << u"C  G  Am7  D7"_qs << 10
                                   << QStringList{u"c|C  G  Am7"_qs, u"c|  D7"_qs};
     QTest::newRow("lyric alone") << u"Como pode o peixe"_qs << 10
@@ -106,7 +106,10 @@ void tst_song_blocks::chordsStayOverTheirSyllablesWhenALineIsCut_data()
                                << QStringList{u"T|REFRÃO QUE"_qs, u"T|SE REPETE"_qs};
     QTest::newRow("rather through a word than through a chord")
         << u"C           Am7(9)\r\nextraordinariamente"_qs << 14
-        << QStringList{u"c|C"_qs, u"+|extraordinar"_qs, u"c|  Am7(9)"_qs, u"+|  iamente"_qs};
+        << QStringList{u"c|C"_qs, u"+|extraordin"_qs, u"c|    Am7(9)"_qs, u"+|  ariamente"_qs};
+    QTest::newRow("no word is left alone where the parts can be even")
+        << u"Se a lua nasce por detrás da verde mata"_qs << 35
+        << QStringList{u"l|Se a lua nasce por detrás"_qs, u"l|  da verde mata"_qs};
     QTest::newRow("a chord over blanks")
         << u"C             G\r\nLá lá lá lá       lé"_qs << 13
         << QStringList{u"c|C"_qs, u"+|Lá lá lá lá"_qs, u"c|  G"_qs, u"+|      lé"_qs};
