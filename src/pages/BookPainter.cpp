@@ -67,10 +67,9 @@ void BookPainter::DrawContents(const Book& book, const QList<int>& pages)
 
 void BookPainter::DrawBookHead(const Book& book)
 {
-    QFont font = TitleFont(m_paper.bookTitle, true);
     const double room = Right() - Left();
-    while (font.pointSizeF() > m_paper.songTitle && m_pen.WidthOf(book.title, font) > room)
-        font.setPointSizeF(font.pointSizeF() - 1);
+    const QFont font =
+        m_pen.Fitted(book.title, TitleFont(m_paper.bookTitle, true), room, m_paper.smallestTitle);
     double baseline = m_paper.top + m_paper.bookTitle;
     m_pen.Text(Left(), baseline, m_pen.Elided(book.title, font, room), font, Ink);
     baseline += m_paper.text * 1.6;
@@ -112,10 +111,8 @@ SongTitle BookPainter::TitleOf(const BookSong& song) const
     const double keyWidth =
         title.key.isEmpty() ? 0 : m_pen.WidthOf(title.key, title.keyFont) + m_paper.text;
     const double room = Right() - Left() - keyWidth;
-    title.font = TitleFont(m_paper.songTitle, true);
-    while (title.font.pointSizeF() > m_paper.smallestTitle &&
-           m_pen.WidthOf(song.title, title.font) > room)
-        title.font.setPointSizeF(title.font.pointSizeF() - 0.5);
+    title.font =
+        m_pen.Fitted(song.title, TitleFont(m_paper.songTitle, true), room, m_paper.smallestTitle);
     QString rest = song.title;
     for (int line = 1; line < MostTitleLines && m_pen.WidthOf(rest, title.font) > room; ++line) {
         qsizetype cut = rest.size();
@@ -148,10 +145,12 @@ void BookPainter::DrawSongHead(const BookSong& song)
     }
     baseline -= title.lineHeight;
 
-    const QFont small = TitleFont(m_paper.text, false);
+    const double room = Right() - Left();
+    const QFont small =
+        m_pen.Fitted(song.reference, TitleFont(m_paper.text, false), room, m_paper.small);
     const double below = baseline + m_paper.text * 1.4;
-    m_pen.Text(Left(), below, m_pen.Elided(song.reference, small, Right() - Left()), small, Grey);
-    m_pen.Box(Left(), below + m_paper.text * 0.6, Right() - Left(), Rule, ChordBlue);
+    m_pen.Text(Left(), below, m_pen.Elided(song.reference, small, room), small, Grey);
+    m_pen.Box(Left(), below + m_paper.text * 0.6, room, Rule, ChordBlue);
 }
 
 void BookPainter::DrawRunningHead(const BookSong& song)

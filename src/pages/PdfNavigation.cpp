@@ -224,19 +224,19 @@ QByteArray WithoutTime(QByteArray document)
 
 } // namespace
 
-QByteArray WithNavigation(const QByteArray& written, const QList<PdfBookmark>& bookmarks,
+QByteArray WithNavigation(const QByteArray& document, const QList<PdfBookmark>& bookmarks,
                           const QList<PdfLink>& links, double height)
 {
-    QByteArray bytes = WithoutTime(written);
-    const Document document(bytes);
-    if (!document.IsUnderstood() || bookmarks.isEmpty())
+    QByteArray bytes = WithoutTime(document);
+    const Document known(bytes);
+    if (!known.IsUnderstood() || bookmarks.isEmpty())
         return bytes;
-    Addition addition(document);
-    const qint64 outlines = AddBookmarks(document, addition, bookmarks, height);
-    AddLinks(document, addition, links, height);
-    addition.Put(document.Root(), "<< /Type /Catalog /Pages " + Reference(document.PageTree()) +
-                                      " /Outlines " + Reference(outlines) +
-                                      " /PageMode /UseOutlines /Lang (pt-BR) >>");
+    Addition addition(known);
+    const qint64 outlines = AddBookmarks(known, addition, bookmarks, height);
+    AddLinks(known, addition, links, height);
+    addition.Put(known.Root(), "<< /Type /Catalog /Pages " + Reference(known.PageTree()) +
+                                   " /Outlines " + Reference(outlines) +
+                                   " /PageMode /UseOutlines /Lang (pt-BR) >>");
     if (!bytes.endsWith('\n'))
         bytes += '\n';
     const QByteArray more = addition.Written(bytes.size());

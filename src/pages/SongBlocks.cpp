@@ -30,14 +30,22 @@ QString WithoutBlanksBehind(QStringView row)
     return row.toString();
 }
 
+/// A row that no musician wrote is taken for several: cutting it would take the square of its
+/// length.
+constexpr qsizetype LongestRow = 4000;
+
 /// As the viewer cuts a song into lines.
 QStringList RowsOf(const QString& text)
 {
     QString even = text;
     even.replace(u"\r\n"_qs, u"\n"_qs).replace(u'\u00A3', u'\n').replace(u'\r', u' ');
-    QStringList rows = even.split(u'\n');
-    for (QString& row : rows)
-        row = Songbook::WithoutTabs(WithoutBlanksBehind(row));
+    QStringList rows;
+    for (const QString& line : even.split(u'\n')) {
+        QString row = Songbook::WithoutTabs(WithoutBlanksBehind(line));
+        for (; row.size() > LongestRow; row = row.sliced(LongestRow))
+            rows += row.first(LongestRow);
+        rows += row;
+    }
     return rows;
 }
 

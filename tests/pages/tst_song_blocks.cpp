@@ -18,6 +18,7 @@ private slots:
     void chordsStayOverTheirSyllablesWhenALineIsCut();
     void nothingOfALongLineIsLost_data();
     void nothingOfALongLineIsLost();
+    void endlessRowsAreSeveral();
     void columnsAreCountedAsTheyAreSeen_data();
     void columnsAreCountedAsTheyAreSeen();
 };
@@ -155,6 +156,18 @@ void tst_song_blocks::nothingOfALongLineIsLost()
         QCOMPARE(foundChords.remove(u' '), QString(chords).remove(u' '));
         QCOMPARE(foundLyric.remove(u' '), QString(lyric).remove(u' '));
     }
+}
+
+void tst_song_blocks::endlessRowsAreSeveral()
+{
+    const QList<Block> blocks = BlocksOf(QString(150'000, u'x'));
+    QCOMPARE(blocks.size(), 1);
+    qsizetype letters = 0;
+    for (const Unit& unit : blocks.first()) {
+        QVERIFY(unit.lyric.size() <= 4000);
+        letters += unit.lyric.size();
+    }
+    QCOMPARE(letters, 150'000);
 }
 
 void tst_song_blocks::columnsAreCountedAsTheyAreSeen_data()
