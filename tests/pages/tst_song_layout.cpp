@@ -48,7 +48,7 @@ QString Verse(int rows, int columns)
 {
     QStringList verse;
     for (int i = 0; i < rows; ++i)
-        verse += QString(columns, u'x');
+        verse += QString(columns, u'y');
     return verse.join(u"\r\n");
 }
 
