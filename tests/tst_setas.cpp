@@ -28,7 +28,9 @@ const QHash<QString, QStringList>& Arrows()
           u"mld"_qs, u"exchange"_qs}},
         {u"app"_qs, {u"runtime"_qs, u"artwork"_qs, u"store"_qs, u"controls"_qs, u"main"_qs}},
         {u"songbook"_qs, {u"runtime"_qs, u"store"_qs, u"mld"_qs, u"chords"_qs}},
-        {u"tools"_qs, {u"runtime"_qs, u"store"_qs, u"mld"_qs, u"chords"_qs, u"songbook"_qs}},
+        {u"pages"_qs, {u"runtime"_qs, u"songbook"_qs}},
+        {u"tools"_qs,
+         {u"runtime"_qs, u"store"_qs, u"mld"_qs, u"chords"_qs, u"songbook"_qs, u"pages"_qs}},
     };
     return arrows;
 }

@@ -1,16 +1,20 @@
-// melodario-converte: turns song files of other programs into an exchange file.
+// melodario-converte: turns songs from anywhere into an exchange file, a songbook or files of other
+// programs.
 
 #include "songbook/UsualScale.h"
-#include "tools/SongConversion.h"
+#include "tools/ConversionOrder.h"
+#include "tools/DestinationKind.h"
+#include "tools/Messages.h"
+#include "tools/OutputFiles.h"
+#include "tools/SongSources.h"
 
-#include <QCoreApplication>
-#include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
+#include <QGuiApplication>
+#include <QHashSeed>
 #include <QTextStream>
 
-#include <cstdio>
-#include <optional>
+#include <algorithm>
+#include <memory>
 
 namespace {
 
@@ -21,163 +25,102 @@ constexpr int NotDone = 2;
 const QString Help =
     u"Uso: melodario-converte [OPÇÕES] ORIGEM... DESTINO\n"
     "\n"
-    "Converte músicas de outros programas em um arquivo do Melodario.\n"
+    "Converte músicas: de outros programas para o Melodario, e do Melodario para o papel\n"
+    "ou para outros programas. O conteúdo diz o que cada origem é, e o final do nome, o\n"
+    "que será feito.\n"
     "\n"
-    "  ORIGEM   arquivos ChordPro, OpenSong, OpenLyrics ou de texto com acordes sobre a\n"
-    "           letra, ou pastas com eles; o conteúdo diz o que cada um é. \"-\" lê da\n"
-    "           entrada padrão\n"
-    "  DESTINO  um arquivo .mld; \"-\" escreve na saída padrão\n"
+    "  ORIGEM   um catálogo (.mdb) ou arquivo do Melodario (.mld); arquivos ChordPro,\n"
+    "           OpenSong, OpenLyrics ou de texto com acordes sobre a letra, ou pastas com\n"
+    "           eles. \"-\" lê da entrada padrão. Nenhuma origem é alterada\n"
+    "  DESTINO  .mld    um arquivo do Melodario, para importar\n"
+    "           .pdf    um cancioneiro para imprimir, com índice\n"
+    "           .txt    um texto com todas as músicas\n"
+    "           .cho    um arquivo ChordPro com todas as músicas\n"
+    "           pasta/  um arquivo ChordPro para cada música\n"
+    "           -       a saída padrão\n"
     "\n"
-    "  --simular  não escreve nada e conta tudo o que seria mudado\n"
-    "  --force    substitui o destino, se ele já existe\n"
-    "  --help     mostra esta ajuda\n"
+    "Escolha (sem acento e sem maiúsculas vale para todas as grafias):\n"
+    "  --lista NOME     as músicas de uma lista do catálogo, na ordem dela; se houver mais\n"
+    "                   de uma com esse nome, com a data atrás: \"Missa 05/03/2009\"\n"
+    "  --tema NOME      as músicas com esse tema\n"
+    "  --titulo TEXTO   as músicas com esse texto no título, como na pesquisa\n"
+    "                   (--tema e --titulo podem ser repetidos)\n"
+    "  --versao 1|2     a versão da letra; sem esta opção .pdf e .txt usam a 2, que o\n"
+    "                   programa mostra primeiro, e os outros destinos levam as duas\n"
+    "  --tom N          transpõe N semitons, de -12 a +12\n"
     "\n"
+    "Escrita:\n"
+    "  --papel a4|telefone  o tamanho das páginas do .pdf\n"
+    "  --formato FORMATO    cho ou txt numa pasta; mld, txt, cho ou pdf na saída padrão\n"
+    "  --simular            não escreve nada e conta tudo o que seria mudado\n"
+    "  --force              substitui o que já existe\n"
+    "  --help               mostra esta ajuda\n"
+    "\n"
+    "Em .pdf, .txt e .cho as músicas vêm na ordem dos títulos.\n"
     "Saída: 0 feito; 1 feito, mas algo ficou para trás, como foi dito; 2 não feito.\n"_qs;
 
-const QString Standard = QStringLiteral("-");
-
-struct Order
+int Fail(QTextStream& err, const QString& why)
 {
-    QStringList sources;
-    QString destination;
-    bool simulate = false;
-    bool force = false;
-};
-
-/// @return nothing for wrong use, of which wrong then tells
-std::optional<Order> ReadOrder(const QStringList& arguments, QString& wrong)
-{
-    Order order;
-    bool options = true;
-    for (const QString& argument : arguments) {
-        if (!options || argument == Standard || !argument.startsWith(u'-')) {
-            order.sources.append(argument);
-        } else if (argument == u"--") {
-            options = false;
-        } else if (argument == u"--simular") {
-            order.simulate = true;
-        } else if (argument == u"--force") {
-            order.force = true;
-        } else {
-            wrong = u"opção desconhecida: "_qs + argument;
-            return std::nullopt;
-        }
-    }
-    if (order.sources.size() < 2) {
-        wrong = u"faltam a origem e o destino"_qs;
-        return std::nullopt;
-    }
-    order.destination = order.sources.takeLast();
-    if (order.destination != Standard &&
-        !order.destination.endsWith(u".mld", Qt::CaseInsensitive)) {
-        wrong = u"o destino precisa terminar em .mld: "_qs + order.destination;
-        return std::nullopt;
-    }
-    return order;
+    err << why << u'\n';
+    return NotDone;
 }
 
-/// @return true when the messages go to a terminal, where a line can be written over. Systems
-/// without this folder get no progress line.
-bool MessagesGoToATerminal()
+/// @return why nothing can be written, in Portuguese; empty when there are songs
+QString WhyNothing(const SongSources& sources, const ConversionOrder& order,
+                   const ChosenSongs& songs)
 {
-    const QString target = QFile::symLinkTarget(u"/proc/self/fd/2"_qs);
-    return target.startsWith(u"/dev/pts/") || target.startsWith(u"/dev/tty");
+    if (!sources.Failure().isEmpty())
+        return sources.Failure();
+    if (!songs.songs.isEmpty())
+        return {};
+    return sources.SongsSeen() > 0 && order.Chooses()
+               ? u"nenhuma música corresponde à escolha; nada foi escrito"_qs
+               : u"nenhuma música encontrada; nada foi escrito"_qs;
 }
 
-/// Messages and, on a terminal, one line below them that tells how far the work is.
-class Messages
+bool IsTaken(const ConversionOrder& order, const QString& path)
 {
-public:
-    explicit Messages(QTextStream& err)
-        : m_err(err)
-        , m_terminal(MessagesGoToATerminal())
-    {
-    }
-
-    void Tell(const QString& line)
-    {
-        Clear();
-        m_err << line << Qt::endl;
-    }
-
-    void Progress(qsizetype done, qsizetype all)
-    {
-        constexpr qsizetype Step = 20;
-        if (!m_terminal || all < 2 || (done % Step != 0 && done != all))
-            return;
-        m_err << u'\r' << done << u" de "_qs << all << u" arquivos"_qs << Qt::flush;
-        m_shown = true;
-        if (done == all)
-            Clear();
-    }
-
-private:
-    void Clear()
-    {
-        if (m_shown)
-            m_err << u'\r' << QString(40, u' ') << u'\r' << Qt::flush;
-        m_shown = false;
-    }
-
-    QTextStream& m_err;
-    bool m_terminal;
-    bool m_shown = false;
-};
-
-/// @return why it failed; empty when the whole file is there
-QString Write(const QByteArray& document, const QString& destination)
-{
-    if (destination == Standard) {
-        QFile out;
-        const bool written = out.open(stdout, QIODevice::WriteOnly) &&
-                             out.write(document) == document.size() && out.flush();
-        return written ? QString() : out.errorString();
-    }
-    QSaveFile file(destination);
-    const bool written =
-        file.open(QIODevice::WriteOnly) && file.write(document) == document.size() && file.commit();
-    return written ? QString() : file.errorString();
-}
-
-bool IsTaken(const Order& order)
-{
-    const QFileInfo target(order.destination);
-    return order.destination != Standard && !order.force && !order.simulate &&
+    const QFileInfo target(path);
+    return path != Standard() && !order.force && !order.simulate && !path.endsWith(u'/') &&
            (target.exists() || target.isSymLink());
 }
 
-int Convert(const Order& order, QTextStream& out, QTextStream& err)
+int Convert(const ConversionOrder& order, QTextStream& out, QTextStream& err)
 {
-    if (IsTaken(order)) {
-        err << order.destination << u": o arquivo já existe; --force o substitui\n"_qs;
-        return NotDone;
-    }
+    const QString taken = u": o arquivo já existe; --force o substitui"_qs;
+    if (IsTaken(order, order.destination))
+        return Fail(err, order.destination + taken);
     Songbook::LoadUsualScale();
     Messages messages(err);
-    SongConversion conversion(
-        {[&messages](const QString& line) { messages.Tell(line); },
-         [&messages](qsizetype done, qsizetype all) { messages.Progress(done, all); }},
-        order.simulate);
-    conversion.Read(order.sources);
-    if (conversion.Songs() == 0) {
-        err << u"nenhuma música encontrada; nada foi escrito\n"_qs;
-        return NotDone;
-    }
+    ConversionReport report({[&messages](const QString& line) { messages.Tell(line); },
+                             [&messages](qsizetype done, qsizetype all, const QString& what) {
+                                 messages.Progress(done, all, what);
+                             }},
+                            order.simulate);
+    SongSources sources(order, report);
+    sources.Read();
+    const ChosenSongs songs = sources.Take();
+    const QString nothing = WhyNothing(sources, order, songs);
+    if (!nothing.isEmpty())
+        return Fail(err, nothing);
+    const QList<OutputFile> files = order.kind->make(songs, order, report);
     if (!order.simulate) {
-        const QString failure = Write(conversion.Document(), order.destination);
-        if (!failure.isEmpty()) {
-            err << order.destination << u": não foi possível escrever: "_qs << failure << u'\n';
-            return NotDone;
-        }
+        const QString there = order.force ? QString() : FirstTaken(files);
+        if (!there.isEmpty())
+            return Fail(err, there + taken);
+        const bool isFolder = order.kind->ending == u"/";
+        const QString failure = WriteFiles(files, isFolder ? order.destination : QString());
+        if (!failure.isEmpty())
+            return Fail(err, failure);
     }
     // The document itself may be on the standard output.
-    QTextStream& summary = order.destination == Standard ? err : out;
-    summary << order.destination << u": "_qs << conversion.Songs() << u" música(s) de "_qs
-            << conversion.Files() << u" arquivo(s)"_qs;
-    if (conversion.FilesWithLosses() > 0)
-        summary << u"; em "_qs << conversion.FilesWithLosses() << u" algo ficou para trás"_qs;
+    QTextStream& summary = order.destination == Standard() ? err : out;
+    summary << order.destination << u": "_qs << songs.songs.size() << u" música(s) de "_qs
+            << sources.Files() << u" arquivo(s)"_qs;
+    if (report.SourcesWithLosses() > 0)
+        summary << u"; em "_qs << report.SourcesWithLosses() << u" algo ficou para trás"_qs;
     summary << (order.simulate ? u" (simulação: nada foi escrito)\n"_qs : u"\n"_qs);
-    return conversion.FilesWithLosses() > 0 ? SomethingLeft : Done;
+    return report.SourcesWithLosses() > 0 ? SomethingLeft : Done;
 }
 
 int Run(const QStringList& arguments, QTextStream& out, QTextStream& err)
@@ -187,19 +130,45 @@ int Run(const QStringList& arguments, QTextStream& out, QTextStream& err)
         return Done;
     }
     QString wrong;
-    const std::optional<Order> order = ReadOrder(arguments, wrong);
+    const std::optional<ConversionOrder> order = ReadOrder(arguments, wrong);
     if (order)
         return Convert(*order, out, err);
     err << wrong << u"\n\n"_qs << Help;
     return NotDone;
 }
 
+/// Only pages need fonts, whose loading takes longer than most conversions.
+bool NeedsFonts(int argc, char** argv)
+{
+    return std::any_of(argv, argv + argc, [](const char* argument) {
+        return QByteArrayView(argument).toByteArray().toLower().endsWith("pdf");
+    });
+}
+
+/// What Qt notes about the desktop is not for the user of a command.
+void TellOnlyTheFatal(QtMsgType type, const QMessageLogContext&, const QString& words)
+{
+    if (type == QtFatalMsg || type == QtCriticalMsg)
+        QTextStream(stderr) << words << Qt::endl;
+}
+
+std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char** argv)
+{
+    if (!NeedsFonts(argc, argv))
+        return std::make_unique<QCoreApplication>(argc, argv);
+    // Pages are drawn without a screen; and the same songs give the same file.
+    qInstallMessageHandler(TellOnlyTheFatal);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QHashSeed::setDeterministicGlobalSeed();
+    return std::make_unique<QGuiApplication>(argc, argv);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
-    QCoreApplication application(argc, argv);
+    const std::unique_ptr<QCoreApplication> application = MakeApplication(argc, argv);
     QTextStream out(stdout);
     QTextStream err(stderr);
-    return Run(application.arguments().mid(1), out, err);
+    return Run(QCoreApplication::arguments().mid(1), out, err);
 }

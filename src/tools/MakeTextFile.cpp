@@ -1,0 +1,47 @@
+#include "songbook/FileNames.h"
+#include "songbook/PlainTextWriter.h"
+#include "tools/ChosenSongs.h"
+#include "tools/ConversionOrder.h"
+#include "tools/DestinationKind.h"
+
+namespace {
+
+/// No sheet has such a line, and it is no chord line.
+const QString& SongsApart()
+{
+    static const QString line = u"\r\n"_qs + QString(72, u'=') + u"\r\n\r\n";
+    return line;
+}
+
+QByteArray TextDocument(const ExchangeSong& song, int version)
+{
+    ExchangeSong shown = song;
+    shown.letra1 = TextOf(song, version);
+    return Songbook::WritePlainText(shown, 1).toUtf8();
+}
+
+} // namespace
+
+QList<OutputFile> MakeTextFile(const ChosenSongs& songs, const ConversionOrder& order,
+                               ConversionReport&)
+{
+    QByteArray document;
+    for (const ChosenSong& chosen : songs.songs) {
+        if (!document.isEmpty())
+            document += SongsApart().toUtf8();
+        document += TextDocument(chosen.song, order.version);
+    }
+    return {{order.destination, document}};
+}
+
+QList<OutputFile> MakeTextFolder(const ChosenSongs& songs, const ConversionOrder& order,
+                                 ConversionReport&)
+{
+    Songbook::FileNames names;
+    QList<OutputFile> files;
+    for (const ChosenSong& chosen : songs.songs) {
+        const QString name = names.For(chosen.song.titulo.value_or(QString()), u".txt"_qs);
+        files.append({order.destination + name, TextDocument(chosen.song, order.version)});
+    }
+    return files;
+}
