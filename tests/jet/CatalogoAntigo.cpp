@@ -114,6 +114,27 @@ QByteArray CatalogoAntigo::Conteudo()
     return Le(Caminho());
 }
 
+QByteArray CatalogoAntigo::SemTabela(const char* nome)
+{
+    // In the list of tables a name stands behind zeros and before what is no letter.
+    QByteArray procurado(4, '\0');
+    for (const char* letra = nome; *letra != '\0'; ++letra)
+        procurado += QByteArray(1, *letra) + '\0';
+    QByteArray conteudo = Conteudo();
+    int mudadas = 0;
+    for (qsizetype em = conteudo.indexOf(procurado); em >= 0;
+         em = conteudo.indexOf(procurado, em + 1)) {
+        const qsizetype fim = em + procurado.size();
+        if (conteudo[fim + 1] == '\0')
+            continue; // a longer name
+        conteudo[fim - 2] = 'X';
+        ++mudadas;
+    }
+    if (mudadas != 1)
+        qFatal("%d tables %s", mudadas, nome);
+    return conteudo;
+}
+
 QStringList CatalogoAntigo::Diferencas(const QString& catalogo)
 {
     QStringList diferencas;

@@ -13,6 +13,10 @@ QString Caminho();
 
 QByteArray Conteudo();
 
+/// @param nome  of a table as the file writes it
+/// @return the sample in which that table is called otherwise
+QByteArray SemTabela(const char* nome);
+
 /// @return where a converted catalogue differs from what it must hold, a line for each row that is
 /// missing or too many; it also differs when new rows would not go on after the last number given
 QStringList Diferencas(const QString& catalogo);

@@ -147,10 +147,9 @@ void tst_converte_catalogo::whatCannotBeConvertedLeavesNothing_data()
         << QByteArray("SQLite format 3\0", 16) + QByteArray(1000, '\0') << foreign;
     QTest::newRow("empty") << QByteArray() << foreign;
     QTest::newRow("half of it") << whole.first(whole.size() / 2) << u": não convertido: "_qs;
-    QByteArray missing = whole;
-    missing.replace("LISTA_MUSICA", "LISTA_MUSICX");
     QTest::newRow("a table is missing")
-        << missing << u": não convertido: Falta no catálogo antigo a tabela LISTA_MUSICA.\n"_qs;
+        << CatalogoAntigo::SemTabela("LISTA_MUSICA")
+        << u": não convertido: Falta no catálogo antigo a tabela LISTA_MUSICA.\n"_qs;
 }
 
 void tst_converte_catalogo::whatCannotBeConvertedLeavesNothing()
