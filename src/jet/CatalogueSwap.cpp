@@ -11,6 +11,8 @@
 
 namespace {
 
+constexpr qint64 Piece = qint64{1} << 20; // bytes read at once
+
 std::filesystem::path Native(const QString& path)
 {
     return {path.toStdU16String()};
@@ -26,7 +28,6 @@ std::filesystem::path Native(const QString& path)
 
 bool SameContent(const QString& one, const QString& other)
 {
-    constexpr qint64 Piece = 1024 * 1024;
     QFile a(one);
     QFile b(other);
     if (!a.open(QIODevice::ReadOnly) || !b.open(QIODevice::ReadOnly) || a.size() != b.size())
@@ -81,7 +82,6 @@ void CatalogueSwap::KeepOld(const QString& path, const QString& kept)
 
 void CatalogueSwap::CopyOld(const QString& path, const QString& kept)
 {
-    constexpr qint64 Piece = 1024 * 1024;
     QFile old(path);
     QSaveFile copy(kept);
     bool copied = old.open(QIODevice::ReadOnly) && copy.open(QIODevice::WriteOnly);

@@ -168,7 +168,7 @@ void OpenOnce(const QString& path)
 Report Fill(CatalogueDraft& draft, const QString& source, const Progress& progress)
 {
     const Stamp before(source);
-    const Report report = Write(source, draft, progress);
+    Report report = Write(source, draft, progress);
     Check(source, draft, progress);
     draft.Close();
     if (!draft.Path().isEmpty())
@@ -222,7 +222,7 @@ LeftBehind JetConversion::Preview(const QString& source)
 Report JetConversion::TryOut(const QString& source, const Progress& progress)
 {
     CatalogueDraft draft{QString()};
-    const Report report = Fill(draft, source, progress);
+    Report report = Fill(draft, source, progress);
     Tell(progress, 1);
     return report;
 }
@@ -231,7 +231,7 @@ Report JetConversion::Convert(const QString& source, const QString& destination,
                               const Progress& progress)
 {
     CatalogueDraft draft(CatalogueSwap::DraftPath(destination));
-    const Report report = Fill(draft, source, progress);
+    Report report = Fill(draft, source, progress);
     if (replace)
         CatalogueSwap::PutInPlace(draft.Path(), destination);
     else
@@ -245,7 +245,7 @@ Report JetConversion::ConvertInPlace(const QString& path, const QString& kept,
                                      const Progress& progress)
 {
     CatalogueDraft draft(CatalogueSwap::DraftPath(path));
-    const Report report = Fill(draft, path, progress);
+    Report report = Fill(draft, path, progress);
     Tell(progress, Checked);
     CatalogueSwap::KeepOld(path, kept);
     try {

@@ -24,7 +24,7 @@ inline constexpr std::uint32_t LargestText = 16U * 1024 * 1024;
 /// What is sent is never more than this many times the size of the file and the constant below: a
 /// damaged file in which many rows lead to the same text ends there.
 inline constexpr std::uint64_t LargestGrowth = 8;
-inline constexpr std::uint64_t SmallestBound = 1024 * 1024;
+inline constexpr std::uint64_t SmallestBound = std::uint64_t{1} << 20U;
 
 enum class Frame : std::uint8_t {
     /// Version (32 bits), the code page of texts of one byte a character (32 bits; 0: unknown).

@@ -18,7 +18,7 @@ namespace {
 /// @return false when it could not be kept
 bool KeepInput(QTemporaryFile& file)
 {
-    constexpr qint64 Piece = 1024 * 1024;
+    constexpr qint64 Piece = qint64{1} << 20;
     QFile input;
     if (!file.open() || !input.open(stdin, QIODevice::ReadOnly))
         return false;

@@ -10,8 +10,10 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLabel>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include <memory>
 
@@ -50,6 +52,7 @@ private slots:
     void anEarlierOldCatalogueStays();
     void aLinkToTheCatalogueStaysALink();
     void aTypedPathIsOfferedToo();
+    void aLongConversionShowsHowFarItIs();
 
 private:
     QString Caminho(const QString& nome) const { return m_pasta->filePath(nome); }
@@ -208,6 +211,30 @@ void tst_catalogo_antigo::aTypedPathIsOfferedToo()
     QCOMPARE(m_caixas->boxes[1].icon, Icone::Pergunta);
     QVERIFY(Funcoes::Conexao.IsOpen());
     QCOMPARE(Funcoes::Le_Configuracao(u"BANCO"_qs, u"Endereco"_qs), Catalogo());
+}
+
+void tst_catalogo_antigo::aLongConversionShowsHowFarItIs()
+{
+    // A reader that takes its time after each beginning.
+    QVERIFY(QFile::remove(JetReader::Program()));
+    Escreve(JetReader::Program(), "#!/bin/sh\nsleep 1\nexec '" MELODARIO_JET "' \"$@\"\n");
+    QVERIFY(QFile::setPermissions(JetReader::Program(),
+                                  QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    QStringList vistos;
+    QTimer olhar;
+    connect(&olhar, &QTimer::timeout, &olhar, [&vistos] {
+        for (QWidget* janela : QApplication::topLevelWidgets()) {
+            const auto* rotulo = janela->findChild<QLabel*>();
+            if (janela->isVisible() && rotulo && !vistos.contains(rotulo->text()))
+                vistos += rotulo->text();
+        }
+    });
+    olhar.start(10);
+    Funcoes::Conecta_Banco();
+    QCOMPARE(vistos, QStringList{u"Convertendo o catálogo..."_qs});
+    QVERIFY(Funcoes::Conexao.IsOpen());
+    QVERIFY(QApplication::topLevelWidgets().isEmpty());
+    QVERIFY(QFile::remove(JetReader::Program()));
 }
 
 QTEST_MAIN(tst_catalogo_antigo)

@@ -3,6 +3,7 @@
 // Works on copies in a folder of its own. Real forms, driven by real events; where the platform is
 // a virtual screen, what is saved is what that screen shows.
 
+#include "TelasCatalogoAntigo.h"
 #include "TelasImportacao.h"
 
 #include "app/Main.h"
@@ -129,6 +130,8 @@ int main(int argc, char* argv[])
     }
     ShowDelivered(pictures, copy);
     ShowMany(pictures);
-    ShowImport([&pictures](const QString& name) { pictures.Save(name); });
+    const auto save = [&pictures](const QString& name) { pictures.Save(name); };
+    ShowImport(save);
+    ShowOldCatalogue(save);
     return 0;
 }

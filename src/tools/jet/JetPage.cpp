@@ -3,6 +3,8 @@
 #include "tools/jet/JetTrouble.h"
 #include "tools/jet/Libmdb.h"
 
+#include <cstddef>
+
 namespace {
 
 constexpr unsigned EntrySize = 2;
@@ -28,7 +30,7 @@ JetPage::JetPage(const unsigned char* bytes, unsigned pageSize, unsigned countAt
 
 unsigned JetPage::Entry(unsigned number) const
 {
-    return Libmdb::Word(m_bytes + m_entries + number * EntrySize);
+    return Libmdb::Word(m_bytes + m_entries + std::size_t{number} * EntrySize);
 }
 
 JetPage::Row JetPage::At(unsigned number) const

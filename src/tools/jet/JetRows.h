@@ -20,7 +20,7 @@ public:
     void Send();
 
 private:
-    unsigned SendPage(std::uint32_t page);
+    unsigned SendPage(std::uint32_t number);
     void SendMoved(const JetPage::Row& pointer);
     void SendRow(const JetPage::Row& row);
     void SendField(const MdbColumn& column, const MdbField& field);

@@ -33,7 +33,7 @@ struct Wanted
 void LimitFor(const char* path)
 {
     constexpr unsigned Seconds = 10;
-    constexpr std::uintmax_t BytesInASecond = 1024 * 1024;
+    constexpr std::uintmax_t BytesInASecond = std::uintmax_t{1} << 20U;
     constexpr unsigned MostSeconds = 600;
     constexpr std::size_t Memory = std::size_t{512} * 1024 * 1024;
     std::error_code error;
