@@ -6,7 +6,7 @@ packages_to_build="g++ cmake ninja-build qt6-base-dev qt6-svg-dev libqt6svg6 qt6
 packages_for_virtual_screen="xvfb openbox xdotool imagemagick x11-utils"
 packages_to_test="clang-14 lld-14 libclang-rt-14-dev llvm-14 clang-tidy-14 clang-format-14
     libbenchmark-dev ccache git dbus-daemon
-    appstream desktop-file-utils gtk-update-icon-cache libglib2.0-bin libxml2-utils man-db
+    appstream desktop-file-utils gtk-update-icon-cache libglib2.0-bin libxml2-utils man-db poppler-utils
     shared-mime-info shellcheck xdg-utils"
 packages_for_the_tar="xz-utils"
 packages_to_check_the_tar="debootstrap"

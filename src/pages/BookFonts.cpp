@@ -46,6 +46,9 @@ QFont TitleFont(double size, bool bold)
         FirstInstalled({u"Calibri"_qs, u"Carlito"_qs}, QFontDatabase::GeneralFont);
     QFont font = Sized(family, size, bold);
     font.setKerning(true);
+    // Letters that are spaced are not joined into one sign, which programs that search the book or
+    // read it aloud would not know. A twentieth of a dot is not seen.
+    font.setLetterSpacing(QFont::AbsoluteSpacing, 0.05);
     return font;
 }
 

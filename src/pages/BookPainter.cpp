@@ -8,6 +8,7 @@ namespace Pages {
 namespace {
 
 constexpr double Rule = 0.9;
+constexpr int MostTitleLines = 6;
 
 } // namespace
 
@@ -66,16 +67,17 @@ void BookPainter::DrawContents(const Book& book, const QList<int>& pages)
 
 void BookPainter::DrawBookHead(const Book& book)
 {
-    QFont font = TitleFont(m_paper.bookTitle, true);
     const double room = Right() - Left();
-    while (font.pointSizeF() > m_paper.songTitle && m_pen.WidthOf(book.title, font) > room)
-        font.setPointSizeF(font.pointSizeF() - 1);
+    const QFont font =
+        m_pen.Fitted(book.title, TitleFont(m_paper.bookTitle, true), room, m_paper.smallestTitle);
     double baseline = m_paper.top + m_paper.bookTitle;
     m_pen.Text(Left(), baseline, m_pen.Elided(book.title, font, room), font, Ink);
     baseline += m_paper.text * 1.6;
     const QFont small = TitleFont(m_paper.text, false);
     m_pen.Text(Left(), baseline, m_pen.Elided(book.subtitle, small, room), small, Grey);
     m_pen.Box(Left(), baseline + m_paper.text * 0.8, room, 2 * Rule, ChordBlue);
+    m_pen.Text(Left(), m_paper.top + m_paper.bookHead - m_paper.text * 0.9, u"Índice"_qs,
+               TitleFont(m_paper.text * 1.3, true), Ink);
 }
 
 void BookPainter::DrawEntry(const BookSong& song, int page, double top)
@@ -92,36 +94,63 @@ void BookPainter::DrawEntry(const BookSong& song, int page, double top)
 
     const QString title = m_pen.Elided(song.title, font, end - Left());
     m_pen.Text(Left(), baseline, title, font, Ink);
-    double x = Left() + m_pen.WidthOf(title, font) + m_paper.text * 0.7;
+    const double x = Left() + m_pen.WidthOf(title, font) + m_paper.text * 0.7;
     // A reference of which only the beginning would be seen says little.
-    if (end - x > 6 * m_paper.small) {
-        const QString reference = m_pen.Elided(song.reference, small, end - x);
-        m_pen.Text(x, baseline, reference, small, Grey);
-        x += m_pen.WidthOf(reference, small) + m_paper.text * 0.5;
-    }
+    if (end - x > 6 * m_paper.small)
+        m_pen.Text(x, baseline, m_pen.Elided(song.reference, small, end - x), small, Grey);
     const double bottom = top + m_paper.entry - 1;
     m_pen.Line(Left(), bottom, Right(), bottom, Rule / 3, Faint);
     m_links.append({m_page, QRectF(Left(), top, Right() - Left(), m_paper.entry), page});
 }
 
+SongTitle BookPainter::TitleOf(const BookSong& song) const
+{
+    SongTitle title;
+    title.key = song.key.isEmpty() ? QString() : QString(u"Tom: "_qs + song.key);
+    title.keyFont = TitleFont(m_paper.songTitle * 0.72, true);
+    const double keyWidth =
+        title.key.isEmpty() ? 0 : m_pen.WidthOf(title.key, title.keyFont) + m_paper.text;
+    const double room = Right() - Left() - keyWidth;
+    title.font =
+        m_pen.Fitted(song.title, TitleFont(m_paper.songTitle, true), room, m_paper.smallestTitle);
+    QString rest = song.title;
+    for (int line = 1; line < MostTitleLines && m_pen.WidthOf(rest, title.font) > room; ++line) {
+        qsizetype cut = rest.size();
+        while (cut > 0 && m_pen.WidthOf(rest.first(cut), title.font) > room)
+            cut = rest.lastIndexOf(u' ', cut - rest.size() - 1);
+        if (cut <= 0)
+            break;
+        title.lines += rest.first(cut);
+        rest = rest.sliced(cut).trimmed();
+    }
+    title.lines += m_pen.Elided(rest, title.font, room);
+    title.lineHeight = title.font.pointSizeF() * 1.15;
+    return title;
+}
+
+double BookPainter::ExtraHead(const BookSong& song) const
+{
+    const SongTitle title = TitleOf(song);
+    return title.lineHeight * static_cast<double>(title.lines.size() - 1);
+}
+
 void BookPainter::DrawSongHead(const BookSong& song)
 {
-    const QString key = song.key.isEmpty() ? QString() : QString(u"Tom: "_qs + song.key);
-    const QFont keyFont = TitleFont(m_paper.songTitle * 0.72, true);
-    const double keyWidth = key.isEmpty() ? 0 : m_pen.WidthOf(key, keyFont) + m_paper.text;
-    const double baseline = m_paper.top + m_paper.songTitle;
-    m_pen.TextBefore(Right(), baseline, key, keyFont, ChordBlue);
+    const SongTitle title = TitleOf(song);
+    double baseline = m_paper.top + m_paper.songTitle;
+    m_pen.TextBefore(Right(), baseline, title.key, title.keyFont, ChordBlue);
+    for (const QString& line : title.lines) {
+        m_pen.Text(Left(), baseline, line, title.font, Ink);
+        baseline += title.lineHeight;
+    }
+    baseline -= title.lineHeight;
 
-    QFont font = TitleFont(m_paper.songTitle, true);
-    const double room = Right() - Left() - keyWidth;
-    while (font.pointSizeF() > m_paper.smallestTitle && m_pen.WidthOf(song.title, font) > room)
-        font.setPointSizeF(font.pointSizeF() - 0.5);
-    m_pen.Text(Left(), baseline, m_pen.Elided(song.title, font, room), font, Ink);
-
-    const QFont small = TitleFont(m_paper.text, false);
+    const double room = Right() - Left();
+    const QFont small =
+        m_pen.Fitted(song.reference, TitleFont(m_paper.text, false), room, m_paper.small);
     const double below = baseline + m_paper.text * 1.4;
-    m_pen.Text(Left(), below, m_pen.Elided(song.reference, small, Right() - Left()), small, Grey);
-    m_pen.Box(Left(), below + m_paper.text * 0.6, Right() - Left(), Rule, ChordBlue);
+    m_pen.Text(Left(), below, m_pen.Elided(song.reference, small, room), small, Grey);
+    m_pen.Box(Left(), below + m_paper.text * 0.6, room, Rule, ChordBlue);
 }
 
 void BookPainter::DrawRunningHead(const BookSong& song)
@@ -141,13 +170,14 @@ void BookPainter::DrawSong(const BookSong& song, const SongLayout& layout, const
     BeginPage();
     DrawSongHead(song);
     const double width = (room.width - room.gap * (layout.columns - 1)) / layout.columns;
+    const double extra = ExtraHead(song);
     int page = 0;
     for (const Placed& placed : layout.placed) {
         for (; page < placed.page; ++page) {
             BeginPage();
             DrawRunningHead(song);
         }
-        const double head = page == 0 ? m_paper.songHead : m_paper.runningHead;
+        const double head = page == 0 ? m_paper.songHead + extra : m_paper.runningHead;
         DrawUnit(placed, Left() + placed.column * (width + room.gap),
                  m_paper.top + head + placed.top, layout.size, room.charWidth * layout.size);
     }

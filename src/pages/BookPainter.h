@@ -8,6 +8,16 @@
 
 namespace Pages {
 
+/// What stands at the head of a song, as it fits there.
+struct SongTitle
+{
+    QStringList lines;
+    QFont font;
+    double lineHeight = 0;
+    QString key;
+    QFont keyFont;
+};
+
 /// Draws the pages of a book, one after the other.
 class BookPainter
 {
@@ -19,6 +29,9 @@ public:
 
     void DrawSong(const BookSong& song, const SongLayout& layout, const Room& room);
 
+    /// @return how much higher the head of a song is, since its title takes more than one line
+    double ExtraHead(const BookSong& song) const;
+
     /// @return how many pages the contents take
     static int ContentsPages(qsizetype songs, const PaperSize& paper);
 
@@ -29,6 +42,7 @@ private:
     void BeginPage();
     void DrawBookHead(const Book& book);
     void DrawEntry(const BookSong& song, int page, double top);
+    SongTitle TitleOf(const BookSong& song) const;
     void DrawSongHead(const BookSong& song);
     void DrawRunningHead(const BookSong& song);
     void DrawUnit(const Placed& placed, double x, double y, double size, double column);

@@ -20,6 +20,17 @@ void SetUp(QPdfWriter& writer, const Book& book, const PaperSize& paper)
     writer.setPageLayout(QPageLayout(size, QPageLayout::Portrait, QMarginsF()));
 }
 
+QList<SongLayout> Layouts(const Book& book, const BookPainter& painter, const Room& room)
+{
+    QList<SongLayout> layouts;
+    for (const BookSong& song : book.songs) {
+        Room below = room;
+        below.firstHeight -= painter.ExtraHead(song);
+        layouts.append(LayOut(BlocksOf(song.text), below));
+    }
+    return layouts;
+}
+
 } // namespace
 
 QByteArray WriteBook(const Book& book, Paper paper,
@@ -28,23 +39,22 @@ QByteArray WriteBook(const Book& book, Paper paper,
     const PaperSize& size = SizeOf(paper);
     const Room room = RoomOf(paper, SheetCharWidth());
     const bool hasContents = book.songs.size() > 1;
-    int next = 1 + (hasContents ? BookPainter::ContentsPages(book.songs.size(), size) : 0);
-    QList<SongLayout> layouts;
-    QList<int> pages;
-    QList<PdfBookmark> bookmarks;
-    for (const BookSong& song : book.songs) {
-        layouts.append(LayOut(BlocksOf(song.text), room));
-        pages.append(next);
-        bookmarks.append({song.title, next});
-        next += layouts.last().pages;
-    }
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
+    QList<PdfBookmark> bookmarks;
     QList<PdfLink> links;
     {
         QPdfWriter writer(&buffer);
         SetUp(writer, book, size);
         BookPainter painter(writer, size, book.title);
+        const QList<SongLayout> layouts = Layouts(book, painter, room);
+        QList<int> pages;
+        int next = 1 + (hasContents ? BookPainter::ContentsPages(book.songs.size(), size) : 0);
+        for (qsizetype i = 0; i < book.songs.size(); ++i) {
+            pages.append(next);
+            bookmarks.append({book.songs[i].title, next});
+            next += layouts[i].pages;
+        }
         if (hasContents)
             painter.DrawContents(book, pages);
         for (qsizetype i = 0; i < book.songs.size(); ++i) {

@@ -28,6 +28,14 @@ QString PagePen::Elided(const QString& text, const QFont& font, double width) co
     return QFontMetricsF(font, m_painter.device()).elidedText(text, Qt::ElideRight, width * Unit);
 }
 
+QFont PagePen::Fitted(const QString& text, QFont font, double width, double smallest) const
+{
+    constexpr double Step = 0.5;
+    while (font.pointSizeF() - Step >= smallest && WidthOf(text, font) > width)
+        font.setPointSizeF(font.pointSizeF() - Step);
+    return font;
+}
+
 void PagePen::Line(double x1, double y1, double x2, double y2, double width, const QColor& colour)
 {
     m_painter.setPen(QPen(colour, width * Unit));

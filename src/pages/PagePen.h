@@ -38,6 +38,9 @@ public:
     /// @return the text, cut with an ellipsis where it is wider than width
     QString Elided(const QString& text, const QFont& font, double width) const;
 
+    /// @return the font, made smaller in small steps until the text is as narrow as width
+    QFont Fitted(const QString& text, QFont font, double width, double smallest) const;
+
     void Line(double x1, double y1, double x2, double y2, double width, const QColor& colour);
     void Box(double x, double y, double width, double height, const QColor& colour);
 

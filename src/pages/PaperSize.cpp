@@ -19,7 +19,7 @@ PaperSize MakeA4()
     size.runningHead = 28;
     size.bookTitle = 30;
     size.songTitle = 21;
-    size.smallestTitle = 13;
+    size.smallestTitle = 16;
     size.text = 11;
     size.small = 9;
     size.entry = 17.5;
@@ -31,7 +31,7 @@ PaperSize MakePhone()
 {
     PaperSize size;
     size.width = 75 * Millimetre;
-    size.height = 150 * Millimetre;
+    size.height = 162 * Millimetre;
     size.left = 4 * Millimetre;
     size.right = 4 * Millimetre;
     size.top = 5 * Millimetre;
@@ -40,11 +40,11 @@ PaperSize MakePhone()
     size.runningHead = 22;
     size.bookTitle = 20;
     size.songTitle = 15;
-    size.smallestTitle = 10;
+    size.smallestTitle = 12;
     size.text = 10;
     size.small = 7.5;
     size.entry = 17;
-    size.bookHead = 66;
+    size.bookHead = 82;
     return size;
 }
 
@@ -67,14 +67,14 @@ Room RoomOf(Paper paper, double charWidth)
     room.charWidth = charWidth;
     if (paper == Paper::A4) {
         room.gap = 22;
-        room.largest = 12.5;
+        room.largest = 13.5;
         room.smallest = 9;
         room.smallestOfMany = 10.5;
         room.mostColumns = 2;
     } else {
         room.largest = 11;
-        room.smallest = 8;
-        room.smallestOfMany = 8.5;
+        room.smallest = 8.5;
+        room.smallestOfMany = 9;
     }
     return room;
 }

@@ -9,6 +9,9 @@ namespace Pages {
 
 namespace {
 
+/// Columns in front of what follows a cut.
+constexpr qsizetype Indent = 2;
+
 bool TakesNoColumn(QChar sign)
 {
     return sign.isLowSurrogate() || sign.category() == QChar::Mark_NonSpacing ||
@@ -27,14 +30,22 @@ QString WithoutBlanksBehind(QStringView row)
     return row.toString();
 }
 
+/// A row that no musician wrote is taken for several: cutting it would take the square of its
+/// length.
+constexpr qsizetype LongestRow = 4000;
+
 /// As the viewer cuts a song into lines.
 QStringList RowsOf(const QString& text)
 {
     QString even = text;
     even.replace(u"\r\n"_qs, u"\n"_qs).replace(u'\u00A3', u'\n').replace(u'\r', u' ');
-    QStringList rows = even.split(u'\n');
-    for (QString& row : rows)
-        row = Songbook::WithoutTabs(WithoutBlanksBehind(row));
+    QStringList rows;
+    for (const QString& line : even.split(u'\n')) {
+        QString row = Songbook::WithoutTabs(WithoutBlanksBehind(line));
+        for (; row.size() > LongestRow; row = row.sliced(LongestRow))
+            rows += row.first(LongestRow);
+        rows += row;
+    }
     return rows;
 }
 
@@ -97,15 +108,30 @@ bool IsBoundary(QStringView row, qsizetype at)
     return at >= row.size() || row[at] == u' ' || row[at - 1] == u' ';
 }
 
-/// @return where to cut: behind as many columns as possible, best between words of both rows, else
-///         between chords, else anywhere but inside a sign
-qsizetype CutAt(const Unit& unit, qsizetype columns)
+/// @return true when both rows may be cut there; of the lyric only where words are to stay whole
+bool CanCutAt(const Unit& unit, qsizetype at, bool betweenWords)
 {
     const QStringView text = unit.heading.isEmpty() ? QStringView(unit.lyric) : unit.heading;
-    for (const bool alsoWords : {true, false}) {
-        for (qsizetype at = columns; at > columns / 3; --at) {
-            const bool inSign = at < text.size() && TakesNoColumn(text[at]);
-            if (!inSign && IsBoundary(unit.chords, at) && (!alsoWords || IsBoundary(text, at)))
+    const bool inSign = at < text.size() && TakesNoColumn(text[at]);
+    return !inSign && IsBoundary(unit.chords, at) && (!betweenWords || IsBoundary(text, at));
+}
+
+/// @return where to cut so that the parts become about as long: best between words of both rows,
+///         else between chords, else anywhere
+qsizetype CutAt(const Unit& unit, qsizetype columns)
+{
+    const qsizetype all = unit.Columns();
+    const qsizetype parts = (all + columns - 1) / columns;
+    // The parts that follow are indented.
+    const qsizetype rest = (parts - 1) * (columns - Indent);
+    const qsizetype wanted = qMin(columns, qMax((all + parts - 1) / parts, all - rest));
+    for (const bool betweenWords : {true, false}) {
+        for (qsizetype at = wanted; at <= columns; ++at) {
+            if (CanCutAt(unit, at, betweenWords))
+                return at;
+        }
+        for (qsizetype at = wanted - 1; at > columns / 3; --at) {
+            if (CanCutAt(unit, at, betweenWords))
                 return at;
         }
     }
@@ -121,7 +147,7 @@ qsizetype BlanksInFront(QStringView row)
 /// @return what follows a cut, moved to the left as far as both rows allow
 Unit Rest(const Unit& unit, qsizetype cut)
 {
-    const QString indent(2, u' ');
+    const QString indent(Indent, u' ');
     Unit rest{unit.heading.mid(cut).trimmed(), unit.chords.mid(cut), unit.lyric.mid(cut)};
     if (IsBlank(rest.chords))
         rest.chords.clear();

@@ -114,7 +114,9 @@ bool IsBetter(const SongLayout& layout, const SongLayout& than)
 SongLayout Best(const QList<Block>& blocks, const Room& room, double smallest)
 {
     SongLayout best;
-    for (double size = room.largest; size > smallest - Step / 2; size -= Step) {
+    const auto steps = static_cast<int>(std::lround((room.largest - smallest) / Step));
+    for (int step = 0; step <= steps; ++step) {
+        const double size = room.largest - step * Step;
         for (int columns = 1; columns <= room.mostColumns; ++columns) {
             SongLayout layout = Filling(room, size, columns).Fill(blocks);
             if (best.size == 0 || IsBetter(layout, best))

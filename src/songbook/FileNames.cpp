@@ -19,6 +19,8 @@ bool IsForbidden(char32_t sign)
         return true;
     if (sign < 0x80)
         return signs.contains(QChar(static_cast<char16_t>(sign)));
+    if (sign == QChar::ReplacementCharacter)
+        return true;
     const QChar::Category category = QChar::category(sign);
     // Unseen signs: names that look alike and are not, or that read backwards.
     return category == QChar::Other_Control || category == QChar::Other_Format ||

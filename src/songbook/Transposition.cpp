@@ -28,12 +28,19 @@ public:
             shifted += QString(qMax(free, word.column) - shifted.size(), u' ');
             shifted += Parts(word.text);
         }
-        if (shifted.size() < row.size())
-            shifted += QString(row.size() - shifted.size(), u' ');
-        return shifted;
+        const qsizetype blanksBehind = row.size() - 1 - LastSign(row);
+        return shifted + QString(blanksBehind, u' ');
     }
 
 private:
+    static qsizetype LastSign(const QString& row)
+    {
+        qsizetype last = row.size() - 1;
+        while (last >= 0 && row[last] == u' ')
+            --last;
+        return last;
+    }
+
     /// The sheet passes over percent signs.
     QString Parts(QStringView word)
     {

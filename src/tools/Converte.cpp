@@ -128,7 +128,8 @@ int Convert(const ConversionOrder& order, QTextStream& out, QTextStream& err)
         const QString there = order.force ? QString() : FirstTaken(files);
         if (!there.isEmpty())
             return Fail(err, there + taken);
-        const QString failure = WriteFiles(files);
+        const bool isFolder = order.kind->ending == u"/";
+        const QString failure = WriteFiles(files, isFolder ? order.destination : QString());
         if (!failure.isEmpty())
             return Fail(err, failure);
     }
@@ -164,11 +165,19 @@ bool NeedsFonts(int argc, char** argv)
     });
 }
 
+/// What Qt notes about the desktop is not for the user of a command.
+void TellOnlyTheFatal(QtMsgType type, const QMessageLogContext&, const QString& words)
+{
+    if (type == QtFatalMsg || type == QtCriticalMsg)
+        QTextStream(stderr) << words << Qt::endl;
+}
+
 std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char** argv)
 {
     if (!NeedsFonts(argc, argv))
         return std::make_unique<QCoreApplication>(argc, argv);
     // Pages are drawn without a screen; and the same songs give the same file.
+    qInstallMessageHandler(TellOnlyTheFatal);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QHashSeed::setDeterministicGlobalSeed();
     return std::make_unique<QGuiApplication>(argc, argv);

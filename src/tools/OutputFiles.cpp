@@ -40,11 +40,10 @@ QString FirstTaken(const QList<OutputFile>& files)
     return {};
 }
 
-QString WriteFiles(const QList<OutputFile>& files)
+QString WriteFiles(const QList<OutputFile>& files, const QString& folder)
 {
-    // Only a folder of songs is made: the folder of a single file may be a slip of the keyboard.
-    if (files.size() > 1)
-        QDir().mkpath(QFileInfo(files.first().path).path());
+    if (!folder.isEmpty() && !QDir().mkpath(folder))
+        return folder + u": a pasta não pode ser criada"_qs;
     for (const OutputFile& file : files) {
         const QString failure = WriteFile(file);
         if (!failure.isEmpty())

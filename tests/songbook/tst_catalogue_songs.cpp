@@ -54,8 +54,8 @@ void tst_catalogue_songs::songsComeAsTheyAreStored()
 {
     const TestCatalogue catalogue;
     catalogue.AddSong(TestSong{});
-    catalogue.AddSong({QString(), QString(), QString(), u""_qs, QString(), QString(),
-                       std::nullopt, 3});
+    catalogue.AddSong(
+        {QString(), QString(), QString(), u""_qs, QString(), QString(), std::nullopt, 3});
     const QString longText = u"Lá\r\n"_qs.repeated(40'000);
     catalogue.AddSong({u"Longa"_qs, u"R"_qs, longText, longText});
     const QList<ExchangeSong> songs = CatalogueSongs(catalogue.Path()).Songs();

@@ -37,8 +37,8 @@ void tst_file_names::titlesBecomeNames_data()
     QTest::newRow("a device with an ending") << u"Aux.1"_qs << u"_Aux.1"_qs;
     QTest::newRow("a numbered device") << u"LPT1"_qs << u"_LPT1"_qs;
     QTest::newRow("only like a device") << u"Contigo"_qs << u"Contigo"_qs;
-    QTest::newRow("signs that are allowed") << u"D'água & cia (1) #2"_qs
-                                            << u"D'água & cia (1) #2"_qs;
+    QTest::newRow("signs that are allowed")
+        << u"D'água & cia (1) #2"_qs << u"D'água & cia (1) #2"_qs;
 }
 
 void tst_file_names::titlesBecomeNames()
@@ -56,12 +56,12 @@ void tst_file_names::namesNeverCollide_data()
     QTest::newRow("the same title")
         << QStringList{u"Luar"_qs, u"Luar"_qs, u"Luar"_qs}
         << QStringList{u"Luar.cho"_qs, u"Luar (2).cho"_qs, u"Luar (3).cho"_qs};
-    QTest::newRow("another letter case") << QStringList{u"LUAR"_qs, u"luar"_qs}
-                                         << QStringList{u"LUAR.cho"_qs, u"luar (2).cho"_qs};
+    QTest::newRow("another letter case")
+        << QStringList{u"LUAR"_qs, u"luar"_qs} << QStringList{u"LUAR.cho"_qs, u"luar (2).cho"_qs};
     QTest::newRow("accented letters in another case")
         << QStringList{u"ÁGUA"_qs, u"água"_qs} << QStringList{u"ÁGUA.cho"_qs, u"água (2).cho"_qs};
-    QTest::newRow("other accents") << QStringList{u"Avó"_qs, u"Avô"_qs}
-                                   << QStringList{u"Avó.cho"_qs, u"Avô.cho"_qs};
+    QTest::newRow("other accents")
+        << QStringList{u"Avó"_qs, u"Avô"_qs} << QStringList{u"Avó.cho"_qs, u"Avô.cho"_qs};
     QTest::newRow("signs that are left out")
         << QStringList{u"Luar?"_qs, u"Luar!"_qs, u"Luar:"_qs}
         << QStringList{u"Luar.cho"_qs, u"Luar!.cho"_qs, u"Luar (2).cho"_qs};

@@ -1,10 +1,10 @@
+#include "ToolRun.h"
 #include "mld/ExchangeReader.h"
 
 #include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QProcess>
 #include <QSet>
 #include <QTemporaryDir>
 #include <QTest>
@@ -15,30 +15,9 @@ namespace {
 
 const QString Tool = QStringLiteral(MELODARIO_CONVERTE);
 
-struct Outcome
-{
-    int code = -1;
-    QString out;
-    QString err;
-    QByteArray raw; ///< of the standard output
-};
-
-Outcome Run(const QString& program, const QStringList& arguments, const QByteArray& input = {})
-{
-    QProcess process;
-    process.start(program, arguments);
-    process.write(input);
-    process.closeWriteChannel();
-    if (!process.waitForFinished(300'000) || process.exitStatus() != QProcess::NormalExit)
-        return {};
-    const QByteArray raw = process.readAllStandardOutput();
-    return {process.exitCode(), QString::fromUtf8(raw),
-            QString::fromUtf8(process.readAllStandardError()), raw};
-}
-
 Outcome Convert(const QStringList& arguments, const QByteArray& input = {})
 {
-    return Run(Tool, arguments, input);
+    return RunTool(Tool, arguments, input);
 }
 
 QByteArray Content(const QString& path)
@@ -291,7 +270,37 @@ void tst_converte::wrongUseShowsTheHelp_data()
     QTest::newRow("no destination")
         << QStringList{u"a.cho"_qs} << u"faltam a origem e o destino"_qs;
     QTest::newRow("another ending")
-        << QStringList{u"a.cho"_qs, u"b.doc"_qs} << u"o destino precisa terminar em .mld: b.doc"_qs;
+        << QStringList{u"a.cho"_qs, u"b.doc"_qs}
+        << u"o destino precisa terminar em .mld, .txt, .pdf, .cho ou / (uma pasta): b.doc"_qs;
+    const auto row = [](const char* story, const QStringList& options, const QString& destination,
+                        const QString& wrong) {
+        QTest::newRow(story) << options + QStringList{u"a.mdb"_qs, destination} << wrong;
+    };
+    row("a setlist of several sources", {u"--lista"_qs, u"Missa"_qs, u"b.mdb"_qs}, u"c.pdf"_qs,
+        u"--lista precisa de uma só origem, um catálogo"_qs);
+    row("paper for a text", {u"--papel=telefone"_qs}, u"c.txt"_qs,
+        u"--papel só vale para um destino .pdf"_qs);
+    row("unknown paper", {u"--papel"_qs, u"a5"_qs}, u"c.pdf"_qs,
+        u"--papel é a4 ou telefone, não \"a5\""_qs);
+    row("a format for a file", {u"--formato"_qs, u"txt"_qs}, u"c.pdf"_qs,
+        u"--formato só vale para uma pasta (terminada em /) ou para a saída padrão (-)"_qs);
+    row("a format that a folder cannot have", {u"--formato"_qs, u"pdf"_qs}, u"c/"_qs,
+        u"--formato de uma pasta é cho ou txt, não \"pdf\""_qs);
+    row("an unknown format", {u"--formato"_qs, u"rtf"_qs}, u"-"_qs,
+        u"--formato da saída padrão é mld, txt, cho ou pdf, não \"rtf\""_qs);
+    row("no number of semitones", {u"--tom"_qs, u"Am"_qs}, u"c.pdf"_qs,
+        u"--tom é um número de semitons de -12 a +12, não \"Am\""_qs);
+    row("too many semitones", {u"--tom=+13"_qs}, u"c.pdf"_qs,
+        u"--tom é um número de semitons de -12 a +12, não \"+13\""_qs);
+    row("an unknown version", {u"--versao"_qs, u"3"_qs}, u"c.pdf"_qs,
+        u"--versao é 1 ou 2, não \"3\""_qs);
+    row("a version twice", {u"--versao=1"_qs, u"--versao=2"_qs}, u"c.pdf"_qs,
+        u"--versao só pode ser dito uma vez"_qs);
+    row("an empty name", {u"--lista="_qs}, u"c.pdf"_qs, u"falta o valor de --lista"_qs);
+    row("the standard input twice", {u"-"_qs, u"-"_qs}, u"c.pdf"_qs,
+        u"a entrada padrão (-) só pode ser lida uma vez"_qs);
+    QTest::newRow("an option without its value")
+        << QStringList{u"a.mdb"_qs, u"c.pdf"_qs, u"--tema"_qs} << u"falta o valor de --tema"_qs;
     QTest::newRow("an unknown option")
         << QStringList{u"--tudo"_qs, u"a.cho"_qs, u"b.mld"_qs} << u"opção desconhecida: --tudo"_qs;
 }
@@ -321,7 +330,7 @@ void tst_converte::progressIsShownOnATerminalOnly()
         Put(u"pasta/%1.cho"_qs.arg(i), PeixeVivo);
     const QString target = Path(u"novo.mld"_qs);
     const QString command = Tool + u" --force " + Path(u"pasta"_qs) + u' ' + target;
-    const Outcome terminal = Run(u"script"_qs, {u"-qec"_qs, command, u"/dev/null"_qs});
+    const Outcome terminal = RunTool(u"script"_qs, {u"-qec"_qs, command, u"/dev/null"_qs});
     QCOMPARE(terminal.code, 0);
     QVERIFY2(terminal.out.contains(u"20 de 40 arquivos"), qPrintable(terminal.out));
     const Outcome piped = Convert({u"--force"_qs, Path(u"pasta"_qs), target});
