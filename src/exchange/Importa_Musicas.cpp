@@ -92,8 +92,8 @@ void Importacao::Importa(const QString& caminho)
         Recusa(QStringLiteral("Arquivo não Reconhecido."));
         return;
     }
-    m_andamento = std::make_unique<Andamento>(Dono(), u"Importar..."_qs,
-                                                      u"Importando músicas..."_qs);
+    m_andamento =
+        std::make_unique<Andamento>(Dono(), u"Importar..."_qs, u"Importando músicas..."_qs);
     const std::optional<ExchangeSongs> musicas = Le(caminho);
     if (!Vale())
         return;

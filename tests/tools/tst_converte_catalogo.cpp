@@ -1,8 +1,8 @@
 #include "jet/CatalogoAntigo.h"
+#include "tools/ToolRun.h"
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -10,28 +10,9 @@
 
 namespace {
 
-struct Outcome
-{
-    int code = -1;
-    QString out;
-    QString err;
-};
-
-Outcome Run(const QString& program, const QStringList& arguments, const QByteArray& input = {})
-{
-    QProcess process;
-    process.start(program, arguments);
-    process.write(input);
-    process.closeWriteChannel();
-    if (!process.waitForFinished(120'000) || process.exitStatus() != QProcess::NormalExit)
-        return {};
-    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
-}
-
 Outcome Convert(const QStringList& arguments, const QByteArray& input = {})
 {
-    return Run(QStringLiteral(MELODARIO_CONVERTE), arguments, input);
+    return RunTool(QStringLiteral(MELODARIO_CONVERTE), arguments, input);
 }
 
 QByteArray Content(const QString& path)
@@ -213,7 +194,7 @@ void tst_converte_catalogo::progressIsShownOnATerminalOnly()
 {
     const QString command =
         QStringLiteral(MELODARIO_CONVERTE) + u' ' + m_old + u' ' + Path(u"novo.mdb"_qs);
-    const Outcome terminal = Run(u"script"_qs, {u"-qec"_qs, command, u"/dev/null"_qs});
+    const Outcome terminal = RunTool(u"script"_qs, {u"-qec"_qs, command, u"/dev/null"_qs});
     QCOMPARE(terminal.code, 1);
     QVERIFY2(terminal.out.contains(u"100 %"), qPrintable(terminal.out));
     const Outcome piped = Convert({u"--force"_qs, m_old, Path(u"novo.mdb"_qs)});
