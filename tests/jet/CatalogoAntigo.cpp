@@ -79,7 +79,7 @@ QStringList LinhasEsperadasDe(const std::pair<QString, QStringList>& tabela)
 {
     QStringList linhas;
     const QJsonArray esperadas = Esperado()[tabela.first].toArray();
-    for (const QJsonValue& linha : esperadas) {
+    for (const QJsonValue linha : esperadas) {
         QStringList campos;
         for (const QString& coluna : tabela.second)
             campos += Campo(linha.toObject()[coluna]);

@@ -11,7 +11,7 @@ int main(int argc, char* argv[])
 {
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
-    const QString path = arguments.at(1);
+    const QString& path = arguments.at(1);
     Interruption::Boundaries boundaries(arguments.at(3).toInt());
     // How often it tells depends on the machine; how far it is does not. The last two stand before
     // the old file gets its second name and before the new one takes its place.
