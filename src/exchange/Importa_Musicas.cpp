@@ -1,7 +1,7 @@
 #include "exchange/Importa_Musicas.h"
 
+#include "controls/Andamento.h"
 #include "controls/Dialogs.h"
-#include "exchange/Andamento_Importacao.h"
 #include "exchange/Prepara_Texto.h"
 #include "exchange/SQL_Importacao.h"
 #include "exchange/ServicosImportacao.h"
@@ -77,7 +77,7 @@ private:
 
     ServicosImportacao& m_principal;
     QPointer<QWidget> m_dono;
-    std::unique_ptr<Andamento_Importacao> m_andamento;
+    std::unique_ptr<Andamento> m_andamento;
     std::int16_t m_contador = 0;
     int m_naPorcao = 0;
 };
@@ -92,7 +92,8 @@ void Importacao::Importa(const QString& caminho)
         Recusa(QStringLiteral("Arquivo não Reconhecido."));
         return;
     }
-    m_andamento = std::make_unique<Andamento_Importacao>(Dono());
+    m_andamento =
+        std::make_unique<Andamento>(Dono(), u"Importar..."_qs, u"Importando músicas..."_qs);
     const std::optional<ExchangeSongs> musicas = Le(caminho);
     if (!Vale())
         return;

@@ -1,6 +1,7 @@
 #include "main/Conecta_Banco.h"
 
 #include "controls/Dialogs.h"
+#include "main/Catalogo_Antigo.h"
 #include "store/Arquivo.h"
 #include "store/CodePage.h"
 #include "store/Connection.h"
@@ -64,6 +65,7 @@ void Abre_Conexao(QWidget* pai)
     if (Funcoes::Conexao.IsOpen())
         Funcoes::Conexao.Close();
     const QString caminho = Caminho_Banco(pai);
+    Funcoes::Oferece_Conversao(pai, caminho);
     Funcoes::Conexao.Open(u"Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" % caminho %
                           u";User Id=admin;Password=;");
     Funcoes::Conexao.CursorLocation = Connection::UseClient;

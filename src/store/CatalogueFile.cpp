@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -37,7 +38,6 @@ const std::array<NeededTable, 7>& NeededTables()
 constexpr qsizetype JetNameAt = 4;
 const QByteArray JetNames[] = {QByteArrayLiteral("Standard Jet DB"),
                                QByteArrayLiteral("Standard ACE DB")};
-constexpr qint64 HeaderLength = 100;
 
 [[noreturn]] void Refuse(const QString& whatFailed, const QString& description)
 {
@@ -102,6 +102,13 @@ QString CatalogueFile::PathFrom(const QString& connectionString)
     return path;
 }
 
+bool CatalogueFile::IsOlderFormat(QByteArrayView header)
+{
+    return std::any_of(std::begin(JetNames), std::end(JetNames), [header](const QByteArray& name) {
+        return header.size() > JetNameAt && header.sliced(JetNameAt).startsWith(name);
+    });
+}
+
 void CatalogueFile::CheckHeader(const QString& path)
 {
     if (!QFileInfo(path).isFile())
@@ -113,12 +120,10 @@ void CatalogueFile::CheckHeader(const QString& path)
     const QByteArray header = file.read(HeaderLength);
     if (header.isEmpty())
         Refuse(QStringLiteral("O arquivo do banco de dados está vazio."), path);
-    for (const QByteArray& name : JetNames) {
-        if (header.mid(JetNameAt, name.size()) == name)
-            Refuse(QStringLiteral("O banco de dados está no formato antigo e precisa ser "
-                                  "convertido antes."),
-                   QString::fromLatin1(name));
-    }
+    if (IsOlderFormat(header))
+        Refuse(QStringLiteral("O banco de dados está no formato antigo e precisa ser "
+                              "convertido antes."),
+               path);
     // The name ends with the NUL of the literal.
     static constexpr char format[] = "SQLite format 3";
     if (header.size() < HeaderLength || !header.startsWith(QByteArray(format, sizeof format)))
@@ -154,6 +159,16 @@ Schema CatalogueFile::ReadSchema(sqlite3* database)
     if (!table.columns.empty())
         schema.Add(std::move(table));
     return schema;
+}
+
+std::vector<Table> CatalogueFile::NeededFrom(const Schema& schema)
+{
+    std::vector<Table> tables;
+    for (const NeededTable& needed : NeededTables()) {
+        if (const Table* table = schema.Find(QString::fromLatin1(needed.name)))
+            tables.push_back(*table);
+    }
+    return tables;
 }
 
 void CatalogueFile::CheckTables(sqlite3* database, const Schema& schema)

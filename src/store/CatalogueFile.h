@@ -1,8 +1,12 @@
 #pragma once
 
+#include <QByteArrayView>
 #include <QString>
 
+#include <vector>
+
 class Schema;
+struct Table;
 struct sqlite3;
 
 /// What has to be right about a catalogue before it counts as open.
@@ -12,6 +16,13 @@ namespace CatalogueFile {
 /// may hold a ';'; to the end where there is none.
 /// @throws RuntimeError StoreFailure without a path
 QString PathFrom(const QString& connectionString);
+
+/// Bytes at the beginning of a file that tell what it is.
+inline constexpr qint64 HeaderLength = 100;
+
+/// @param header  the first bytes of a file
+/// @return true when it is a catalogue in the older format, which has to be converted
+bool IsOlderFormat(QByteArrayView header);
 
 /// Looks at the first bytes of a file, before SQLite does.
 /// @throws RuntimeError StoreFailure when there is no such file or it cannot be read, is empty, in
@@ -25,6 +36,9 @@ void CheckLength(sqlite3* database, const QString& path);
 
 /// @return the tables and columns of the database. @throws RuntimeError StoreFailure
 Schema ReadSchema(sqlite3* database);
+
+/// @return the seven tables as they are in a catalogue that has them, always in the same order
+std::vector<Table> NeededFrom(const Schema& schema);
 
 /// Checks that the seven tables are there with their columns, and that each can be read.
 /// @throws RuntimeError StoreFailure

@@ -123,7 +123,9 @@ private:
 
     void CheckCombinations()
     {
-        if (m_given.contains(u"--papel"_qs) && !m_order.kind->hasPaper)
+        if (!m_order.kind->make && (m_order.sources.size() > 1 || !m_given.isEmpty()))
+            m_wrong = u"um catálogo novo (.mdb) se faz de um só catálogo antigo, inteiro"_qs;
+        else if (m_given.contains(u"--papel"_qs) && !m_order.kind->hasPaper)
             m_wrong = u"--papel só vale para um destino .pdf"_qs;
         else if (!m_order.setlist.isEmpty() && m_order.sources.size() > 1)
             m_wrong = u"--lista precisa de uma só origem, um catálogo"_qs;

@@ -1,7 +1,8 @@
 // melodario-converte: turns songs from anywhere into an exchange file, a songbook or files of other
-// programs.
+// programs, and a catalogue in the older format into a new one.
 
 #include "songbook/UsualScale.h"
+#include "tools/CatalogueConversion.h"
 #include "tools/ConversionOrder.h"
 #include "tools/DestinationKind.h"
 #include "tools/Messages.h"
@@ -33,6 +34,7 @@ const QString Help =
     "           OpenSong, OpenLyrics ou de texto com acordes sobre a letra, ou pastas com\n"
     "           eles. \"-\" lê da entrada padrão. Nenhuma origem é alterada\n"
     "  DESTINO  .mld    um arquivo do Melodario, para importar\n"
+    "           .mdb    um catálogo novo, de um só catálogo no formato antigo (Jet)\n"
     "           .pdf    um cancioneiro para imprimir, com índice\n"
     "           .txt    um texto com todas as músicas\n"
     "           .cho    um arquivo ChordPro com todas as músicas\n"
@@ -85,11 +87,29 @@ bool IsTaken(const ConversionOrder& order, const QString& path)
            (target.exists() || target.isSymLink());
 }
 
+int ConvertCatalogue(const ConversionOrder& order, QTextStream& out, QTextStream& err)
+{
+    Messages messages(err);
+    CatalogueConversion conversion(
+        {[&messages](const QString& line) { messages.Tell(line); },
+         [&messages](int done) { messages.Show(QString::number(done) + u" %"); }},
+        order.simulate, order.force);
+    const auto outcome = conversion.Run(order.sources.first(), order.destination);
+    messages.Clear();
+    if (outcome == CatalogueConversion::Outcome::NotDone)
+        return NotDone;
+    out << conversion.Summary()
+        << (order.simulate ? u" (simulação: nada foi escrito)\n"_qs : u"\n"_qs);
+    return outcome == CatalogueConversion::Outcome::SomethingLeft ? SomethingLeft : Done;
+}
+
 int Convert(const ConversionOrder& order, QTextStream& out, QTextStream& err)
 {
     const QString taken = u": o arquivo já existe; --force o substitui"_qs;
     if (IsTaken(order, order.destination))
         return Fail(err, order.destination + taken);
+    if (!order.kind->make)
+        return ConvertCatalogue(order, out, err);
     Songbook::LoadUsualScale();
     Messages messages(err);
     ConversionReport report({[&messages](const QString& line) { messages.Tell(line); },

@@ -9,13 +9,14 @@
 
 namespace {
 
-const std::array<DestinationKind, 6>& Kinds()
+const std::array<DestinationKind, 7>& Kinds()
 {
-    static const std::array<DestinationKind, 6> kinds = {{
+    static const std::array<DestinationKind, 7> kinds = {{
         {u".mld"_qs, u"mld"_qs, false, false, MakeExchangeFile},
         {u".txt"_qs, u"txt"_qs, true, false, MakeTextFile},
         {u".pdf"_qs, u"pdf"_qs, true, true, MakePdfBook},
         {u".cho"_qs, u"cho"_qs, true, false, MakeChordProFile},
+        {u".mdb"_qs, u"mdb"_qs, false, false, nullptr},
         {u"/"_qs, u"cho"_qs, false, false, MakeChordProFolder},
         {u"/"_qs, u"txt"_qs, false, false, MakeTextFolder},
     }};
@@ -48,7 +49,7 @@ const DestinationKind* FindDestination(const QString& destination, const QString
             wrong = u"--formato de uma pasta é cho ou txt, não \"%1\""_qs.arg(format);
     } else if (destination == Standard()) {
         found = Find(false, format.isEmpty() ? u"mld"_qs : format);
-        if (!found)
+        if (!found || !found->make)
             wrong = u"--formato da saída padrão é mld, txt, cho ou pdf, não \"%1\""_qs.arg(format);
     } else if (!format.isEmpty()) {
         wrong = u"--formato só vale para uma pasta (terminada em /) ou para a saída padrão (-)"_qs;
@@ -57,7 +58,8 @@ const DestinationKind* FindDestination(const QString& destination, const QString
     } else {
         found = Find(false, QFileInfo(destination).suffix().toLower());
         if (!found)
-            wrong = u"o destino precisa terminar em .mld, .txt, .pdf, .cho ou / (uma pasta): "_qs +
+            wrong = u"o destino precisa terminar em .mld, .mdb, .txt, .pdf, .cho ou / (uma "
+                    "pasta): "_qs +
                     destination;
     }
     return found;

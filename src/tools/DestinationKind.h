@@ -24,7 +24,8 @@ struct DestinationKind
         isBook; ///< songs come in the order of their titles, a setlist's as often as they are in it
     bool hasPaper;
 
-    /// Makes all that is to be written, without writing anything.
+    /// Makes all that is to be written, without writing anything. Null for a catalogue, which is
+    /// not made of songs (CatalogueConversion.h).
     QList<OutputFile> (*make)(const ChosenSongs& songs, const ConversionOrder& order,
                               ConversionReport& report);
 };

@@ -30,12 +30,19 @@ void Messages::Tell(const QString& line)
 void Messages::Progress(qsizetype done, qsizetype all, const QString& what)
 {
     constexpr qsizetype Step = 20;
-    if (!m_terminal || all < 2 || (done % Step != 0 && done != all))
+    if (all < 2 || (done % Step != 0 && done != all))
         return;
-    m_err << u'\r' << done << u" de "_qs << all << u' ' << what << Qt::flush;
-    m_shown = true;
+    Show(QString::number(done) + u" de " + QString::number(all) + u' ' + what);
     if (done == all)
         Clear();
+}
+
+void Messages::Show(const QString& line)
+{
+    if (!m_terminal)
+        return;
+    m_err << u'\r' << line << Qt::flush;
+    m_shown = true;
 }
 
 void Messages::Clear()

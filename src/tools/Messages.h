@@ -16,9 +16,13 @@ public:
     /// @param what  is counted, in Portuguese: "arquivos"
     void Progress(qsizetype done, qsizetype all, const QString& what);
 
-private:
+    /// Writes the line, over the one before; on a terminal only.
+    void Show(const QString& line);
+
+    /// Takes that line away.
     void Clear();
 
+private:
     QTextStream& m_err;
     bool m_terminal;
     bool m_shown = false;

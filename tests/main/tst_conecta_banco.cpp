@@ -280,8 +280,6 @@ void tst_Conecta_Banco::aFileThatIsNoCatalogueEndsTheProgram_data()
     QTest::newRow("cut after the first page") << whole.first(16384);
     QTest::newRow("cut before the last page") << whole.chopped(16384);
     QTest::newRow("half its last page missing") << whole.chopped(8192);
-    QTest::newRow("the older format")
-        << QByteArray("\x00\x01\x00\x00Standard Jet DB\x00", 20) + QByteArray(4096, '\0');
 
     QTemporaryDir folder;
     const QString other = folder.filePath(u"outro.db"_qs);

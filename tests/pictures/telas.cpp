@@ -4,7 +4,8 @@
 // Works on copies in a folder of its own. Real forms, driven by real events; where the platform is
 // a virtual screen, what is saved is what that screen shows.
 
-#include "TelasImportacao.h"
+#include "pictures/TelasCatalogoAntigo.h"
+#include "pictures/TelasImportacao.h"
 
 #include "app/Main.h"
 #include "pictures/TelasCadastro.h"
@@ -105,6 +106,8 @@ int main(int argc, char* argv[])
     }
     ShowDelivered(pictures, copy);
     ShowMany(pictures);
-    ShowImport([&pictures](const QString& name) { pictures.Save(name); });
+    const auto save = [&pictures](const QString& name) { pictures.Save(name); };
+    ShowImport(save);
+    ShowOldCatalogue(save);
     return 0;
 }

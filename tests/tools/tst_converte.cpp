@@ -271,7 +271,7 @@ void tst_converte::wrongUseShowsTheHelp_data()
         << QStringList{u"a.cho"_qs} << u"faltam a origem e o destino"_qs;
     QTest::newRow("another ending")
         << QStringList{u"a.cho"_qs, u"b.doc"_qs}
-        << u"o destino precisa terminar em .mld, .txt, .pdf, .cho ou / (uma pasta): b.doc"_qs;
+        << u"o destino precisa terminar em .mld, .mdb, .txt, .pdf, .cho ou / (uma pasta): b.doc"_qs;
     const auto row = [](const char* story, const QStringList& options, const QString& destination,
                         const QString& wrong) {
         QTest::newRow(story) << options + QStringList{u"a.mdb"_qs, destination} << wrong;

@@ -5,24 +5,26 @@
 #include <QPointer>
 #include <QWidget>
 
-/// Shows how far an import has come once it has gone on for a moment, and keeps the windows
-/// painted. Nothing stops an import: the window has no button and refuses to be closed while its
-/// owner is there.
-class Andamento_Importacao
+/// Shows how far a long work has come once it has gone on for a moment, and keeps the windows
+/// painted. Nothing stops it: the window has no button and refuses to be closed while its owner is
+/// there.
+class Andamento
 {
 public:
-    /// @param dono  nullptr for a window of its own
-    explicit Andamento_Importacao(QWidget* dono);
-    ~Andamento_Importacao();
-    Andamento_Importacao(const Andamento_Importacao&) = delete;
-    Andamento_Importacao& operator=(const Andamento_Importacao&) = delete;
+    /// @param dono    nullptr for a window of its own
+    /// @param titulo  of the window
+    /// @param texto   above the bar: what is going on
+    Andamento(QWidget* dono, QString titulo, QString texto);
+    ~Andamento();
+    Andamento(const Andamento&) = delete;
+    Andamento& operator=(const Andamento&) = delete;
 
     /// Lets events run now and then; before the window is shown none of the user's, so that no
     /// other action begins meanwhile. @param parte  of the whole, from 0 to 1
     void Avanca(double parte);
 
     /// Takes the window away, since nobody could answer a box below it. It comes back when the
-    /// import has gone on for another moment.
+    /// work has gone on for another moment.
     void Suspende();
 
 private:
@@ -30,6 +32,8 @@ private:
 
     void Mostra();
 
+    QString m_titulo;
+    QString m_texto;
     QPointer<QWidget> m_dono;
     bool m_temDono;
     QPointer<Janela> m_janela; ///< goes with its owner

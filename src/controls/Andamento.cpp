@@ -1,10 +1,12 @@
-#include "exchange/Andamento_Importacao.h"
+#include "controls/Andamento.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QLabel>
 #include <QProgressBar>
 #include <QVBoxLayout>
+
+#include <utility>
 
 namespace {
 
@@ -15,15 +17,15 @@ constexpr qint64 EntreEventosMs = 30;
 
 } // namespace
 
-class Andamento_Importacao::Janela final : public QDialog
+class Andamento::Janela final : public QDialog
 {
 public:
-    explicit Janela(QWidget* dono)
+    Janela(QWidget* dono, const QString& titulo, const QString& texto)
         : QDialog(dono, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint)
         , m_barra(new QProgressBar(this))
     {
         setObjectName(QStringLiteral("Andamento"));
-        setWindowTitle(QStringLiteral("Importar..."));
+        setWindowTitle(titulo);
         setWindowModality(Qt::ApplicationModal);
         // Nothing is typed into it: who has the keyboard keeps it.
         setAttribute(Qt::WA_ShowWithoutActivating);
@@ -31,7 +33,7 @@ public:
         m_barra->setRange(0, Partes);
         m_barra->setMinimumWidth(Largura);
         auto* linhas = new QVBoxLayout(this);
-        linhas->addWidget(new QLabel(QStringLiteral("Importando músicas..."), this));
+        linhas->addWidget(new QLabel(texto, this));
         linhas->addWidget(m_barra);
         linhas->setSizeConstraint(QLayout::SetFixedSize);
     }
@@ -51,28 +53,30 @@ private:
     QProgressBar* m_barra;
 };
 
-Andamento_Importacao::Andamento_Importacao(QWidget* dono)
-    : m_dono(dono)
+Andamento::Andamento(QWidget* dono, QString titulo, QString texto)
+    : m_titulo(std::move(titulo))
+    , m_texto(std::move(texto))
+    , m_dono(dono)
     , m_temDono(dono != nullptr)
 {
     m_desde.start();
     m_eventos.start();
 }
 
-Andamento_Importacao::~Andamento_Importacao()
+Andamento::~Andamento()
 {
     delete m_janela;
 }
 
-void Andamento_Importacao::Mostra()
+void Andamento::Mostra()
 {
     if (m_temDono && !(m_dono && m_dono->isVisible()))
         return; // nobody is left to show it to
-    m_janela = new Janela(m_dono);
+    m_janela = new Janela(m_dono, m_titulo, m_texto);
     m_janela->show();
 }
 
-void Andamento_Importacao::Avanca(double parte)
+void Andamento::Avanca(double parte)
 {
     if (m_eventos.elapsed() < EntreEventosMs)
         return;
@@ -85,7 +89,7 @@ void Andamento_Importacao::Avanca(double parte)
     m_eventos.restart();
 }
 
-void Andamento_Importacao::Suspende()
+void Andamento::Suspende()
 {
     delete m_janela;
     m_desde.restart();

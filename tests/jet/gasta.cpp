@@ -1,0 +1,34 @@
+// Uses up what it is allowed: gasta tempo|memoria. Ends with 0 when nothing stops it.
+
+#include "tools/jet/ProcessLimits.h"
+
+#include <cstring>
+#include <memory>
+#include <string_view>
+
+namespace {
+
+constexpr std::size_t Allowed = std::size_t{256} * 1024 * 1024;
+
+int UseMemory()
+{
+    const std::size_t much = 2 * Allowed;
+    const std::unique_ptr<char[]> bytes(new char[much]);
+    std::memset(bytes.get(), 1, much);
+    return bytes[much - 1] - 1;
+}
+
+int UseTime()
+{
+    volatile unsigned turns = 0;
+    for (;;)
+        turns = turns + 1;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    ProcessLimits::Set(1, Allowed);
+    return argc == 2 && std::string_view(argv[1]) == "tempo" ? UseTime() : UseMemory();
+}
