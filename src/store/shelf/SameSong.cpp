@@ -15,15 +15,15 @@ bool IsColumn(const Expression& expression, const Table& songs, QStringView name
                   : type == ColumnType::Long || type == ColumnType::Integer;
 }
 
-/// @return the text that "column = 'text'" compares with
-std::optional<QString> TextComparedWith(const Expression& comparison, const Table& songs,
-                                        QStringView column)
+/// @return the text that "column = 'text'" compares with, or nullptr
+const Expression* TextComparedWith(const Expression& comparison, const Table& songs,
+                                   QStringView column)
 {
     if (comparison.kind != Kind::Comparison || comparison.text != u"=" ||
         !IsColumn(comparison.operands.front(), songs, column, true) ||
         comparison.operands.back().kind != Kind::Text)
-        return std::nullopt;
-    return comparison.operands.back().text;
+        return nullptr;
+    return &comparison.operands.back();
 }
 
 } // namespace
@@ -40,9 +40,10 @@ std::optional<SameSong> SameSong::Recognise(const Statement& statement)
     if (songs.name.compare(u"MUSICA", Qt::CaseInsensitive) != 0 ||
         !IsColumn(select->columns.front().value, songs, u"ID", false))
         return std::nullopt;
-    const auto title = TextComparedWith(conditions[0], songs, u"TITULO");
-    const auto reference = TextComparedWith(conditions[1], songs, u"REFERENCIA");
+    const Expression* const title = TextComparedWith(conditions[0], songs, u"TITULO");
+    const Expression* const reference = TextComparedWith(conditions[1], songs, u"REFERENCIA");
     if (!title || !reference)
         return std::nullopt;
-    return SameSong{*title, *reference, select->columns.front().name};
+    return SameSong{title->text, reference->text, select->columns.front().name, title->place,
+                    reference->place};
 }

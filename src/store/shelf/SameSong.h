@@ -13,7 +13,9 @@ struct SameSong
 {
     QString title;
     QString reference;
-    QString name; ///< of the result's column
+    QString name;             ///< of the result's column
+    qsizetype titlePlace = 0; ///< where both texts begin in the statement
+    qsizetype referencePlace = 0;
 
     /// @param statement  resolved
     /// @return nothing for a query of any other shape
