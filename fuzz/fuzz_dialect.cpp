@@ -282,7 +282,7 @@ std::optional<Translation> ReadAnew(const QString& sql, const Shape* shape,
         const Syntax::Statement statement = ReadStatement(sql, World::Instance().schema);
         Translation translation = Writer::Write(statement, Writer::Compared::Bound);
         if (shape && !templates.Find(*shape))
-            templates.Keep(*shape, statement, translation, SameSong::Recognise(statement));
+            templates.Keep(*shape, statement, translation, AskedOfMemory(statement));
         return translation;
     } catch (const RuntimeError&) {
         return std::nullopt;

@@ -15,6 +15,7 @@ constexpr QColor AccentDark(0, 82, 168);
 constexpr QColor Selection(214, 232, 250); // rows: the accent, thinned so that texts stay dark
 constexpr QColor Hover(238, 244, 251);
 constexpr QColor QuietSelection(224, 235, 247); // the same while another window is in use
+constexpr QColor Progress(107, 170, 232);       // the accent, as dark as the text of the bar allows
 constexpr QColor Quiet(228, 232, 237);
 constexpr QColor Header(240, 242, 245);
 constexpr QColor StrongBorder(158, 168, 179);
@@ -57,10 +58,11 @@ QPalette LightPalette()
 QString StyleSheet()
 {
     using namespace Appearance;
-    static constexpr std::array<std::pair<const char16_t*, QColor>, 15> colours{{
+    static constexpr std::array<std::pair<const char16_t*, QColor>, 16> colours{{
         {u"@quietSelection", QuietSelection}, // longer words before their own beginnings
         {u"@accentDark", AccentDark},
         {u"@accent", Accent},
+        {u"@progress", Progress},
         {u"@text", Text},
         {u"@muted", MutedText},
         {u"@window", Window},

@@ -7,6 +7,7 @@
 #include "store/Arquivo.h"
 #include "store/CodePage.h"
 #include "store/Connection.h"
+#include "store/text/Utf8.h"
 
 namespace {
 
@@ -17,7 +18,9 @@ QString Nome_Arquivo(const StoredSong& musica, const QString& id)
             RuntimeError::InvalidUseOfNull,
             QStringLiteral("A música %1 não tem título que dê nome ao seu arquivo.").arg(id),
             QStringLiteral("Invalid use of Null"));
-    return ExchangeWriter::FileName(QString::fromUtf8(*musica.titulo));
+    const QByteArray& titulo = *musica.titulo;
+    return ExchangeWriter::FileName(
+        Utf8::ToText({titulo.constData(), static_cast<std::size_t>(titulo.size())}));
 }
 
 /// A document on its way into the code page.

@@ -5,6 +5,7 @@
 namespace {
 
 constexpr QStringView Marca = u"[br]";
+constexpr QStringView Quebra = u"\r\n";
 
 /// @return where the sign comes next, the text's length when it does not
 qsizetype Proximo(QStringView texto, QChar sinal, qsizetype desde)
@@ -17,31 +18,34 @@ qsizetype Proximo(QStringView texto, QChar sinal, qsizetype desde)
 
 QString Prepara_Texto(const QString& texto)
 {
-    const QStringView resto(texto);
-    qsizetype apostrofo = Proximo(resto, u'\'', 0);
-    qsizetype colchete = Proximo(resto, Marca.front(), 0);
+    const QStringView inteiro(texto);
+    qsizetype apostrofo = Proximo(inteiro, u'\'', 0);
+    qsizetype colchete = Proximo(inteiro, Marca.front(), 0);
     if (apostrofo == colchete)
         return texto; // there is neither
-    QString preparado;
-    preparado.reserve(texto.size() + texto.size() / 8);
-    // One pass: lyrics hold a mark a line, and a library many megabytes of lyrics.
-    for (qsizetype desde = 0; desde < texto.size();) {
-        const qsizetype lugar = std::min(apostrofo, colchete);
-        preparado.append(resto.sliced(desde, lugar - desde));
-        desde = lugar;
-        if (resto.sliced(lugar).startsWith(Marca)) {
-            preparado.append(u"\r\n");
-            desde += Marca.size();
-        } else if (lugar < texto.size()) {
-            preparado.append(resto[lugar]);
-            if (lugar == apostrofo)
-                preparado.append(u'\'');
-            ++desde;
+    // In one pass and into room for all of it: lyrics hold a mark a line, and a library many
+    // megabytes of lyrics.
+    QString preparado(texto.size() + inteiro.count(u'\''), Qt::Uninitialized);
+    QChar* destino = preparado.data();
+    qsizetype desde = 0;
+    for (qsizetype lugar = std::min(apostrofo, colchete); lugar < texto.size();
+         lugar = std::min(apostrofo, colchete)) {
+        destino = std::copy(inteiro.begin() + desde, inteiro.begin() + lugar, destino);
+        desde = lugar + 1;
+        if (inteiro.sliced(lugar).startsWith(Marca)) {
+            destino = std::copy(Quebra.begin(), Quebra.end(), destino);
+            desde = lugar + Marca.size();
+        } else {
+            *destino++ = inteiro[lugar];
         }
-        if (lugar == apostrofo)
-            apostrofo = Proximo(resto, u'\'', desde);
-        else
-            colchete = Proximo(resto, Marca.front(), desde);
+        if (lugar == apostrofo) {
+            *destino++ = u'\'';
+            apostrofo = Proximo(inteiro, u'\'', desde);
+        } else {
+            colchete = Proximo(inteiro, Marca.front(), desde);
+        }
     }
+    destino = std::copy(inteiro.begin() + desde, inteiro.end(), destino);
+    preparado.truncate(destino - preparado.constData());
     return preparado;
 }

@@ -200,9 +200,13 @@ Recordset Connection::Database::Execute(const QString& sql)
 
 Recordset Connection::Database::ExecuteAgain(const StatementTemplate& known, const Shape& shape)
 {
-    if (known.sameSong) {
-        if (auto songs = m_shelf->Answer(known.SameSongWith(shape)))
+    if (known.asked.song) {
+        if (auto songs = m_shelf->Answer(known.SongWith(shape)))
             return Recordset(std::move(songs));
+    }
+    if (known.asked.theme) {
+        if (auto themes = m_shelf->Answer(known.ThemeWith(shape)))
+            return Recordset(std::move(themes));
     }
     const Translation translation = known.With(shape);
     return translation.isQuery ? Run(translation) : Change(translation, nullptr);
@@ -216,13 +220,17 @@ Recordset Connection::Database::ExecuteAnew(const QString& sql, const Shape* sha
         if (auto songs = m_shelf->Answer(*search))
             return Recordset(std::move(songs));
     }
-    const auto song = SameSong::Recognise(statement);
+    const AskedOfMemory asked(statement);
     const Translation translation = Writer::Write(statement, Writer::Compared::Bound);
     if (shape)
-        m_templates.Keep(*shape, statement, translation, song);
-    if (song) {
-        if (auto songs = m_shelf->Answer(*song))
+        m_templates.Keep(*shape, statement, translation, asked);
+    if (asked.song) {
+        if (auto songs = m_shelf->Answer(*asked.song))
             return Recordset(std::move(songs));
+    }
+    if (asked.theme) {
+        if (auto themes = m_shelf->Answer(*asked.theme))
+            return Recordset(std::move(themes));
     }
     return translation.isQuery ? Run(translation) : Change(translation, &statement);
 }

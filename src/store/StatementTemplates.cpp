@@ -44,6 +44,11 @@ std::optional<std::vector<qsizetype>> Parameters(const Shape& shape, const Trans
     return parameters;
 }
 
+QString TextAt(const Shape& shape, qsizetype literal)
+{
+    return Shape::ValueOf(shape.At(literal)).ToText();
+}
+
 } // namespace
 
 Translation StatementTemplate::With(const Shape& shape) const
@@ -55,12 +60,19 @@ Translation StatementTemplate::With(const Shape& shape) const
     return result;
 }
 
-SameSong StatementTemplate::SameSongWith(const Shape& shape) const
+SameSong StatementTemplate::SongWith(const Shape& shape) const
 {
-    SameSong song = *sameSong;
-    song.title = Shape::ValueOf(shape.At(title)).ToText();
-    song.reference = Shape::ValueOf(shape.At(reference)).ToText();
+    SameSong song = *asked.song;
+    song.title = TextAt(shape, song.titlePlace);
+    song.reference = TextAt(shape, song.referencePlace);
     return song;
+}
+
+SameTheme StatementTemplate::ThemeWith(const Shape& shape) const
+{
+    SameTheme theme = *asked.theme;
+    theme.description = TextAt(shape, theme.place);
+    return theme;
 }
 
 const StatementTemplate* StatementTemplates::Find(const Shape& shape) const
@@ -75,8 +87,7 @@ const StatementTemplate* StatementTemplates::Find(const Shape& shape) const
 }
 
 void StatementTemplates::Keep(const Shape& shape, const Statement& statement,
-                              const Translation& translation,
-                              const std::optional<SameSong>& sameSong)
+                              const Translation& translation, const AskedOfMemory& asked)
 {
     if (!translation.cacheable || !CanRepeat(statement))
         return;
@@ -91,13 +102,14 @@ void StatementTemplates::Keep(const Shape& shape, const Statement& statement,
         if (std::find(bound.begin(), bound.end(), i) == bound.end())
             known.fixed.push_back({i, shape.At(i).text.toString()});
     }
-    if (sameSong) {
-        known.sameSong = sameSong;
-        known.title = shape.Find(sameSong->titlePlace);
-        known.reference = shape.Find(sameSong->referencePlace);
-        if (known.title < 0 || known.reference < 0)
-            return;
+    known.asked = asked;
+    // From here on a place is the number of a literal: the next statement has them elsewhere.
+    if (auto& song = known.asked.song) {
+        song->titlePlace = shape.Find(song->titlePlace);
+        song->referencePlace = shape.Find(song->referencePlace);
     }
+    if (auto& theme = known.asked.theme)
+        theme->place = shape.Find(theme->place);
     if (m_byKey.size() >= Capacity && !m_byKey.contains(shape.Key()))
         m_byKey.clear();
     auto& variants = m_byKey[shape.Key()];

@@ -9,6 +9,20 @@
 #include <optional>
 #include <vector>
 
+/// What a statement asks that memory may answer.
+struct AskedOfMemory
+{
+    explicit AskedOfMemory(const Syntax::Statement& statement)
+        : song(SameSong::Recognise(statement))
+        , theme(SameTheme::Recognise(statement))
+    {
+    }
+    AskedOfMemory() = default;
+
+    std::optional<SameSong> song;
+    std::optional<SameTheme> theme;
+};
+
 /// A statement that was read before, and where the values of the next one of its shape go.
 struct StatementTemplate
 {
@@ -16,8 +30,9 @@ struct StatementTemplate
     /// @return what SQLite is given
     Translation With(const Shape& shape) const;
 
-    /// As With, for a statement that the songs in memory may answer; sameSong is there.
-    SameSong SameSongWith(const Shape& shape) const;
+    /// As With, for a statement that memory may answer: asked.song or asked.theme is there.
+    SameSong SongWith(const Shape& shape) const;
+    SameTheme ThemeWith(const Shape& shape) const;
 
     /// A literal whose value had a say in how the statement was rewritten.
     struct Fixed
@@ -29,9 +44,7 @@ struct StatementTemplate
     Translation translation;           ///< without its values
     std::vector<qsizetype> parameters; ///< the literal that each value comes from
     std::vector<Fixed> fixed;          ///< all other literals
-    std::optional<SameSong> sameSong;
-    qsizetype title = 0; ///< literals of sameSong
-    qsizetype reference = 0;
+    AskedOfMemory asked;
 };
 
 /// The statements that were read last: queries and insertions that hold other values each time are
@@ -52,9 +65,9 @@ public:
     /// Keeps what became of a statement, unless its values decide more than what is bound.
     /// @param statement    resolved, of the shape
     /// @param translation  of the statement, its numbers bound
-    /// @param sameSong     what it asks of the songs in memory
+    /// @param asked        of the statement
     void Keep(const Shape& shape, const Syntax::Statement& statement,
-              const Translation& translation, const std::optional<SameSong>& sameSong);
+              const Translation& translation, const AskedOfMemory& asked);
 
     /// To be called when the schema changes.
     void Clear() { m_byKey.clear(); }

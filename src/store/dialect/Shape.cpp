@@ -43,14 +43,12 @@ bool Shape::Read(QStringView sql)
         const QChar c = *at;
         if (BeginsWord(c))
             at = std::find_if_not(at, end, ContinuesWord);
-        else if (StandsAlone(c))
+        else if (StandsAlone(c) || (c == u'.' && end - at > 1 && BeginsWord(at[1])))
             ++at;
         else if (c == u'\'' || c == u'"')
             at = ReadText(at, end);
         else if (IsDigit(c))
             at = ReadNumber(at, end);
-        else if (c == u'.' && end - at > 1 && BeginsWord(at[1]))
-            ++at;
         else
             return false;
     }
