@@ -216,13 +216,15 @@ Recordset Connection::Database::ExecuteAgain(const StatementTemplate& known, con
 Recordset Connection::Database::ExecuteAnew(const QString& sql, const Shape* shape)
 {
     const Syntax::Statement statement = Read(sql);
-    if (const auto search = SongSearch::Recognise(statement)) {
+    const auto search = SongSearch::Recognise(statement);
+    if (search) {
         if (auto songs = m_shelf->Answer(*search))
             return Recordset(std::move(songs));
     }
     const AskedOfMemory asked(statement);
     const Translation translation = Writer::Write(statement, Writer::Compared::Bound);
-    if (shape)
+    // Where memory did not answer a search this time, it may the next time.
+    if (shape && !search)
         m_templates.Keep(*shape, statement, translation, asked);
     if (asked.song) {
         if (auto songs = m_shelf->Answer(*asked.song))
