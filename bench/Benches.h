@@ -16,4 +16,9 @@ void BenchSongList(const Scale& scale, ResultTable& table);
 void BenchSetlist(const Scale& scale, ResultTable& table);
 void BenchExport(const Scale& scale, ResultTable& table);
 void BenchImport(const Scale& scale, ResultTable& table);
+
+/// What a process of its own does for BenchImport: imports a file into an empty catalogue and
+/// writes the most memory that it took.
+void ImportAlone(const QString& path);
+
 void BenchStart(const Scale& scale, ResultTable& table);

@@ -52,6 +52,10 @@ int main(int argc, char* argv[])
     QApplication::setQuitOnLastWindowClosed(false);
 
     QStringList names = QApplication::arguments().mid(1);
+    if (names.value(0) == u"--import-alone") {
+        ImportAlone(names.value(1));
+        return 0;
+    }
     Scale scale = names.removeAll(u"--short"_qs) > 0 ? ShortScale() : Scale();
     if (names.removeAll(u"--100000"_qs) > 0)
         scale.songs = 100000;

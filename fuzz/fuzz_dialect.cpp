@@ -8,6 +8,7 @@
 #include "runtime/RuntimeError.h"
 #include "store/CatalogueSchema.h"
 #include "store/Connection.h"
+#include "store/StatementTemplates.h"
 #include "store/dialect/Dialect.h"
 #include "store/dialect/Parser.h"
 #include "store/dialect/Resolver.h"
@@ -268,8 +269,68 @@ void CheckOutside(const QByteArray& sql)
     Holds("names end", !inName);
 }
 
+QString Quoted(QString text, QChar quote)
+{
+    return quote + text.replace(QString(quote), QString(2, quote)) + quote;
+}
+
+/// The statement as it is read anew; nothing where it is none.
+std::optional<Translation> ReadAnew(const QString& sql, const Shape* shape,
+                                    StatementTemplates& templates)
+{
+    try {
+        const Syntax::Statement statement = ReadStatement(sql, World::Instance().schema);
+        Translation translation = Writer::Write(statement, Writer::Compared::Bound);
+        if (shape && !templates.Find(*shape))
+            templates.Keep(*shape, statement, translation, AskedOfMemory(statement));
+        return translation;
+    } catch (const RuntimeError&) {
+        return std::nullopt;
+    }
+}
+
+/// What a template of any earlier statement makes of this one is what reading it would.
+void MeetTemplates(const QString& sql)
+{
+    static StatementTemplates templates;
+    Shape shape;
+    const bool isUsual = shape.Read(sql);
+    const StatementTemplate* const known = isUsual ? templates.Find(shape) : nullptr;
+    const auto again = known ? std::optional(known->With(shape)) : std::nullopt;
+    const auto anew = ReadAnew(sql, isUsual ? &shape : nullptr, templates);
+    if (!again)
+        return;
+    Holds("a template is one of a statement", anew.has_value());
+    Same("statement of the template", anew->sql, again->sql);
+    Holds("values of the template", anew->values == again->values);
+    Same("kind of the template", anew->isQuery, again->isQuery);
+}
+
+/// @return the statement with other values in the places of its literals
+QString WithOtherValues(const QString& sql, Input& input)
+{
+    Shape shape;
+    if (!shape.Read(sql))
+        return sql;
+    QString other;
+    qsizetype from = 0;
+    for (qsizetype i = 0; i < shape.Count(); ++i) {
+        const Shape::Literal& literal = shape.At(i);
+        other += QStringView(sql).sliced(from, literal.place - from);
+        if (input.Flag())
+            other += literal.text;
+        else if (literal.isText)
+            other += Quoted(input.Text(input.Below(6), Typed()), literal.text.front());
+        else
+            other += QString::number(input.Below(4));
+        from = literal.place + literal.text.size();
+    }
+    return other + QStringView(sql).sliced(from);
+}
+
 void RunAnything(const QString& sql)
 {
+    MeetTemplates(sql);
     Translation translation;
     try {
         translation = Translate(sql, World::Instance().schema);
@@ -283,11 +344,6 @@ void RunAnything(const QString& sql)
              static_cast<qsizetype>(translation.values.size()),
          0);
     RunAndUndo(translation);
-}
-
-QString Quoted(QString text, QChar quote)
-{
-    return quote + text.replace(QString(quote), QString(2, quote)) + quote;
 }
 
 /// Typed text becomes a value and changes nothing else.
@@ -468,9 +524,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         RunAnything(QString::fromUtf8(input.Rest()));
         break;
     case 1:
-    case 2:
-        RunAnything(input.Text(4096, Words()));
+    case 2: {
+        const QString sql = input.Text(2048, Words());
+        RunAnything(sql);
+        RunAnything(WithOtherValues(sql, input));
         break;
+    }
     case 3:
         TypedText(input);
         break;

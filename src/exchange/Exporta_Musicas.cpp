@@ -7,17 +7,20 @@
 #include "store/Arquivo.h"
 #include "store/CodePage.h"
 #include "store/Connection.h"
+#include "store/text/Utf8.h"
 
 namespace {
 
-QString Nome_Arquivo(const ExchangeSong& musica, const QString& id)
+QString Nome_Arquivo(const StoredSong& musica, const QString& id)
 {
     if (!musica.titulo)
         throw RuntimeError(
             RuntimeError::InvalidUseOfNull,
             QStringLiteral("A música %1 não tem título que dê nome ao seu arquivo.").arg(id),
             QStringLiteral("Invalid use of Null"));
-    return ExchangeWriter::FileName(*musica.titulo);
+    const QByteArray& titulo = *musica.titulo;
+    return ExchangeWriter::FileName(
+        Utf8::ToText({titulo.constData(), static_cast<std::size_t>(titulo.size())}));
 }
 
 /// A document on its way into the code page.
@@ -26,12 +29,7 @@ class Documento
 public:
     Documento() { Codifica(ExchangeWriter::Head()); }
 
-    void Acrescenta(const ExchangeSong& musica)
-    {
-        m_trecho.resize(0); // keeps its room
-        ExchangeWriter::Append(m_trecho, musica);
-        Codifica(m_trecho);
-    }
+    void Acrescenta(const StoredSong& musica) { ExchangeWriter::Append(m_conteudo, musica); }
 
     void Grava(const QString& arquivo)
     {
@@ -43,7 +41,6 @@ private:
     void Codifica(const QString& texto) { CodePage::AppendFromUnicode(m_conteudo, texto); }
 
     QByteArray m_conteudo;
-    QString m_trecho;
 };
 
 } // namespace
@@ -60,7 +57,7 @@ bool Exporta_Musicas(const QString& lista, const Destino_Exportacao& destino,
         return false;
     for (int posicao = 1; !linhas.Eof(); linhas.MoveNext(), ++posicao) {
         const QString id = Id_Exportado(linhas);
-        ExchangeSong musica = Musica_Exportada(linhas);
+        StoredSong musica = Musica_Guardada(linhas);
         musica.temas = Temas_Exportados(id);
         if (um_arquivo) {
             todas.Acrescenta(musica);

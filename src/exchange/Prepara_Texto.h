@@ -5,8 +5,4 @@
 /// @param texto  a field of an exchange file
 /// @return the field as it stands between the single quotes of a statement: each apostrophe is
 ///         doubled, each "[br]" becomes a carriage return and a line feed
-inline QString Prepara_Texto(QString texto)
-{
-    texto.replace(u'\'', QStringLiteral("''"));
-    return texto.replace(QStringLiteral("[br]"), QStringLiteral("\r\n"));
-}
+QString Prepara_Texto(const QString& texto);

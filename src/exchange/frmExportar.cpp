@@ -58,13 +58,14 @@ public:
         if (posicao > 0 && posicao < total && m_desde.elapsed() < EntreEventosMs)
             return true;
         m_retrato.reset();
+        m_form->ui->ProgressBar->setUpdatesEnabled(true);
         QCoreApplication::processEvents();
         if (!m_form)
             return false;
         if (posicao == total)
             Termina();
         else
-            m_retrato.emplace(Funcoes::Conexao);
+            Prossegue();
         m_desde.restart();
         return true;
     }
@@ -81,6 +82,13 @@ private:
         m_comecou = true;
     }
 
+    void Prossegue()
+    {
+        // A bar paints itself at each new per cent, at once; here it is painted when events run.
+        m_form->ui->ProgressBar->setUpdatesEnabled(false);
+        m_retrato.emplace(Funcoes::Conexao);
+    }
+
     void Termina()
     {
         if (!std::exchange(m_comecou, false))
@@ -88,6 +96,7 @@ private:
         Habilita(true);
         if (m_foco)
             m_foco->setFocus();
+        m_form->ui->ProgressBar->setUpdatesEnabled(true);
         m_form->ui->ProgressBar->hide();
     }
 

@@ -1,12 +1,17 @@
 #include "mld/ExchangeWriter.h"
 
+#include "mld/EncodedText.h"
+#include "store/CodePage.h"
+#include "store/text/Utf8.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
-constexpr QStringView LineBreak = u"\r\n";
 /// Stands for a line break inside lyrics: each field stays on one line.
 constexpr QStringView BreakMark = u"[br]";
 
@@ -81,37 +86,129 @@ void AppendClean(QString& document, const QString& text, Breaks breaks)
     document.resize(at + (out - begin));
 }
 
-void Open(QString& document, QStringView name)
+/// A document as text.
+class TextDocument
 {
-    document.append(u"       <").append(name).append(u'>');
-}
+public:
+    explicit TextDocument(QString& document)
+        : m_document(document)
+    {
+    }
+    void Put(QLatin1StringView layout) { m_document.append(layout); }
+    void AsStored(const QString& text) { m_document.append(ExchangeWriter::Composed(text)); }
+    void Clean(const QString& text, Breaks breaks)
+    {
+        AppendClean(m_document, ExchangeWriter::Composed(text), breaks);
+    }
 
-void Close(QString& document, QStringView name)
-{
-    document.append(u"</").append(name).append(u'>').append(LineBreak);
-}
+private:
+    QString& m_document;
+};
 
-void AppendText(QString& document, QStringView name, const std::optional<QString>& text,
-                QStringView whenMissing, Breaks breaks = Breaks::Kept)
+/// A document in the code page, of texts in UTF-8.
+class EncodedDocument
 {
-    Open(document, name);
-    if (text)
-        AppendClean(document, ExchangeWriter::Composed(*text), breaks);
-    else
-        document.append(whenMissing);
-    Close(document, name);
-}
+public:
+    explicit EncodedDocument(QByteArray& document)
+        : m_document(document)
+    {
+    }
+    // The layout is Latin 1, where both code pages agree.
+    void Put(QLatin1StringView layout) { m_document.append(layout.data(), layout.size()); }
+    void AsStored(const QByteArray& text)
+    {
+        if (!EncodedText::Append(m_document, text, {}))
+            CodePage::AppendFromUnicode(m_document, Composed(text));
+    }
+    void Clean(const QByteArray& text, Breaks breaks)
+    {
+        if (EncodedText::Append(m_document, text, {true, breaks == Breaks::Marked}))
+            return;
+        QString clean;
+        AppendClean(clean, Composed(text), breaks);
+        CodePage::AppendFromUnicode(m_document, clean);
+    }
 
-void AppendAsStored(QString& document, QStringView name, const std::optional<QString>& text,
-                    QStringView whenMissing)
+private:
+    static QString Composed(const QByteArray& text)
+    {
+        return ExchangeWriter::Composed(
+            Utf8::ToText({text.constData(), static_cast<std::size_t>(text.size())}));
+    }
+
+    QByteArray& m_document;
+};
+
+/// The one place that knows how a song is laid out.
+template <typename Document, typename Text>
+class SongWriter
 {
-    Open(document, name);
-    if (text)
-        document.append(ExchangeWriter::Composed(*text));
-    else
-        document.append(whenMissing);
-    Close(document, name);
-}
+public:
+    explicit SongWriter(Document document)
+        : m_document(document)
+    {
+    }
+
+    void Write(const ExchangeSongOf<Text>& song)
+    {
+        m_document.Put("   <musica>\r\n"_L1);
+        Clean("titulo"_L1, song.titulo, "Sem T\xEDtulo"_L1);
+        Clean("referencia"_L1, song.referencia, "Sem Refer\xEAncia"_L1);
+        Clean("letra1"_L1, song.letra1, "Sem Letra"_L1, Breaks::Marked);
+        Clean("letra2"_L1, song.letra2, "Sem Letra"_L1, Breaks::Marked);
+        AsStored("tom"_L1, song.tom, "C"_L1);
+        AsStored("variacao"_L1, song.variacao, ""_L1);
+        Open("categoria"_L1);
+        m_document.Put(QLatin1StringView(QByteArray::number(song.categoria.value_or(1))));
+        Close("categoria"_L1);
+        m_document.Put("       <temas>\r\n"_L1);
+        for (const Text& tema : song.temas) {
+            m_document.Put("           <descricao>"_L1);
+            m_document.AsStored(tema);
+            m_document.Put("</descricao>\r\n"_L1);
+        }
+        m_document.Put("       </temas>\r\n   </musica>\r\n"_L1);
+    }
+
+private:
+    void Open(QLatin1StringView name)
+    {
+        m_document.Put("       <"_L1);
+        m_document.Put(name);
+        m_document.Put(">"_L1);
+    }
+
+    void Close(QLatin1StringView name)
+    {
+        m_document.Put("</"_L1);
+        m_document.Put(name);
+        m_document.Put(">\r\n"_L1);
+    }
+
+    void Clean(QLatin1StringView name, const std::optional<Text>& text,
+               QLatin1StringView whenMissing, Breaks breaks = Breaks::Kept)
+    {
+        Open(name);
+        if (text)
+            m_document.Clean(*text, breaks);
+        else
+            m_document.Put(whenMissing);
+        Close(name);
+    }
+
+    void AsStored(QLatin1StringView name, const std::optional<Text>& text,
+                  QLatin1StringView whenMissing)
+    {
+        Open(name);
+        if (text)
+            m_document.AsStored(*text);
+        else
+            m_document.Put(whenMissing);
+        Close(name);
+    }
+
+    Document m_document;
+};
 
 } // namespace
 
@@ -135,22 +232,12 @@ QString ExchangeWriter::Composed(const QString& field)
 
 void ExchangeWriter::Append(QString& document, const ExchangeSong& song)
 {
-    document.append(u"   <musica>\r\n");
-    AppendText(document, u"titulo", song.titulo, u"Sem Título");
-    AppendText(document, u"referencia", song.referencia, u"Sem Referência");
-    AppendText(document, u"letra1", song.letra1, u"Sem Letra", Breaks::Marked);
-    AppendText(document, u"letra2", song.letra2, u"Sem Letra", Breaks::Marked);
-    AppendAsStored(document, u"tom", song.tom, u"C");
-    AppendAsStored(document, u"variacao", song.variacao, u"");
-    Open(document, u"categoria");
-    document.append(QString::number(song.categoria.value_or(1)));
-    Close(document, u"categoria");
-    document.append(u"       <temas>\r\n");
-    for (const QString& tema : song.temas)
-        document.append(u"           <descricao>")
-            .append(Composed(tema))
-            .append(u"</descricao>\r\n");
-    document.append(u"       </temas>\r\n   </musica>\r\n");
+    SongWriter<TextDocument, QString>(TextDocument(document)).Write(song);
+}
+
+void ExchangeWriter::Append(QByteArray& document, const StoredSong& song)
+{
+    SongWriter<EncodedDocument, QByteArray>(EncodedDocument(document)).Write(song);
 }
 
 QString ExchangeWriter::FileName(const QString& titulo)

@@ -2,8 +2,8 @@
 
 #include "mld/ExchangeSong.h"
 
-/// Writes exchange files as text; whoever stores the text encodes it (store/CodePage). What makes
-/// up a document: the head, any number of songs, the tail.
+/// Writes exchange files, as text that whoever stores it encodes (store/CodePage), or encoded. What
+/// makes up a document: the head, any number of songs, the tail.
 ///
 /// The format escapes nothing: "<" and ">" are dropped from titles, references and lyrics, and an
 /// "&" is written as it is (mld/ExchangeLoss tells which songs that harms).
@@ -15,6 +15,9 @@ QString Head();
 /// Appends a song's lines. Only a text without a value is replaced by its default; an empty one
 /// stays empty.
 void Append(QString& document, const ExchangeSong& song);
+
+/// As Append above, encoded already. @param document  in the code page
+void Append(QByteArray& document, const StoredSong& song);
 
 /// @return the root's end, without a line break.
 QString Tail();

@@ -107,6 +107,7 @@ private:
     std::uint64_t m_spent = 0; ///< bytes that it made of them
     int m_parameterReferences = 0;
     bool m_isRefused = false;
+    const xmlParserCtxt* m_context = nullptr; ///< once it is there
     std::exception_ptr m_failure;
 };
 
@@ -161,6 +162,7 @@ bool Run::Parse(bool isUtf8)
     xmlCtxtUseOptions(context.get(),
                       XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING | encodingOption);
     Learn(*context);
+    m_context = context.get();
     xmlParseDocument(context.get());
     if (m_failure)
         std::rethrow_exception(m_failure);
@@ -206,7 +208,8 @@ void Run::AddText(void* context, const xmlChar* text, int length, bool isPlain)
 int Run::ReadPiece(void* run, char* to, int length)
 {
     auto& self = *static_cast<Run*>(run);
-    if (self.m_isRefused)
+    // Behind its first mistake no more of a file is asked for: it may be large.
+    if (self.m_isRefused || (self.m_context && self.m_context->wellFormed == 0))
         return 0;
     try {
         return self.Read(to, length);

@@ -64,6 +64,11 @@ QByteArray CodePage::FromUnicode(QStringView text)
     return bytes;
 }
 
+char CodePage::ByteOf(char16_t unit)
+{
+    return ToByte(unit).value_or('?');
+}
+
 void CodePage::AppendFromUnicode(QByteArray& bytes, QStringView text)
 {
     const qsizetype before = bytes.size();

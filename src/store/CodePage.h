@@ -18,6 +18,9 @@ QByteArray FromUnicode(QStringView text);
 /// Appends FromUnicode(text) to bytes.
 void AppendFromUnicode(QByteArray& bytes, QStringView text);
 
+/// @return the byte for one UTF-16 unit, '?' where it has no place.
+char ByteOf(char16_t unit);
+
 /// @return true when FromUnicode keeps every character of text.
 bool Holds(QStringView text);
 

@@ -147,6 +147,7 @@ bool Connection::Database::ReloadSchema()
     if (version == m_schemaVersion && m_schemaVersion != 0)
         return false;
     m_schema = CatalogueFile::ReadSchema(m_handle.get());
+    m_templates.Clear();
     m_schemaVersion = version;
     return true;
 }
@@ -190,24 +191,64 @@ void Connection::Database::EndSnapshot() noexcept
 
 Recordset Connection::Database::Execute(const QString& sql)
 {
+    Shape shape;
+    const bool isUsual = shape.Read(sql);
+    if (const StatementTemplate* known = isUsual ? m_templates.Find(shape) : nullptr)
+        return ExecuteAgain(*known, shape);
+    return ExecuteAnew(sql, isUsual ? &shape : nullptr);
+}
+
+Recordset Connection::Database::ExecuteAgain(const StatementTemplate& known, const Shape& shape)
+{
+    if (known.asked.song) {
+        if (auto songs = m_shelf->Answer(known.SongWith(shape)))
+            return Recordset(std::move(songs));
+    }
+    if (known.asked.theme) {
+        if (auto themes = m_shelf->Answer(known.ThemeWith(shape)))
+            return Recordset(std::move(themes));
+    }
+    const Translation translation = known.With(shape);
+    return translation.isQuery ? Run(translation) : Change(translation, nullptr);
+}
+
+/// @param shape  of the statement, or nullptr where it is not to be kept
+Recordset Connection::Database::ExecuteAnew(const QString& sql, const Shape* shape)
+{
     const Syntax::Statement statement = Read(sql);
-    if (const auto search = SongSearch::Recognise(statement)) {
+    const auto search = SongSearch::Recognise(statement);
+    if (search) {
         if (auto songs = m_shelf->Answer(*search))
             return Recordset(std::move(songs));
     }
-    if (const auto song = SameSong::Recognise(statement)) {
-        if (auto songs = m_shelf->Answer(*song))
+    const AskedOfMemory asked(statement);
+    const Translation translation = Writer::Write(statement, Writer::Compared::Bound);
+    // Where memory did not answer a search this time, it may the next time.
+    if (shape && !search)
+        m_templates.Keep(*shape, statement, translation, asked);
+    if (asked.song) {
+        if (auto songs = m_shelf->Answer(*asked.song))
             return Recordset(std::move(songs));
     }
-    const Translation translation = Writer::Write(statement, Writer::Compared::Bound);
-    if (translation.isQuery)
-        return Run(translation);
+    if (asked.theme) {
+        if (auto themes = m_shelf->Answer(*asked.theme))
+            return Recordset(std::move(themes));
+    }
+    return translation.isQuery ? Run(translation) : Change(translation, &statement);
+}
+
+/// Runs a statement that changes rows, in a batch.
+/// @param statement  it, resolved; nullptr for an insertion, which takes nothing away
+Recordset Connection::Database::Change(const Translation& translation,
+                                       const Syntax::Statement* statement)
+{
     EndSnapshot();
     const bool begins = !InBatch();
     // Immediate: a batch that cannot write fails before anything of it has run.
     if (begins)
         RunKept("BEGIN IMMEDIATE");
-    m_shelf->BeforeChange(statement);
+    if (statement)
+        m_shelf->BeforeChange(*statement);
     try {
         return Run(translation);
     } catch (const RuntimeError&) {

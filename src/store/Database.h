@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/Connection.h"
+#include "store/StatementTemplates.h"
 #include "store/dialect/Syntax.h"
 #include "store/sqlite/ReadSnapshot.h"
 #include "store/sqlite/StatementCache.h"
@@ -45,7 +46,10 @@ private:
     bool InBatch() const;
     void RunKept(const QByteArray& sql);
     void Undo() noexcept;
+    Recordset ExecuteAnew(const QString& sql, const Shape* shape);
+    Recordset ExecuteAgain(const StatementTemplate& known, const Shape& shape);
     Recordset Run(const Translation& translation);
+    Recordset Change(const Translation& translation, const Syntax::Statement* statement);
     Recordset Run(Statement& statement, const Translation& translation);
 
     std::unique_ptr<sqlite3, CloseHandle> m_handle;
@@ -53,5 +57,6 @@ private:
     std::unique_ptr<SongShelf> m_shelf;
     std::optional<ReadSnapshot> m_snapshot;
     Schema m_schema;
+    StatementTemplates m_templates; ///< of m_schema
     qint64 m_schemaVersion = 0;
 };

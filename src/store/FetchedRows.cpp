@@ -49,11 +49,23 @@ int FetchedRows::Count() const noexcept
     return static_cast<int>(m_fields.size() / static_cast<std::size_t>(Names().size()));
 }
 
-Value FetchedRows::At(int row, int column) const
+const FetchedRows::Field& FetchedRows::FieldAt(int row, int column) const
 {
     const auto width = static_cast<std::size_t>(Names().size());
-    const Field& field =
-        m_fields[static_cast<std::size_t>(row) * width + static_cast<std::size_t>(column)];
+    return m_fields[static_cast<std::size_t>(row) * width + static_cast<std::size_t>(column)];
+}
+
+std::optional<QByteArray> FetchedRows::Utf8At(int row, int column) const
+{
+    const Field& field = FieldAt(row, column);
+    if (field.kind == Field::Text)
+        return QByteArray::fromRawData(field.text, static_cast<qsizetype>(field.length));
+    return Rows::Utf8At(row, column);
+}
+
+Value FetchedRows::At(int row, int column) const
+{
+    const Field& field = FieldAt(row, column);
     switch (field.kind) {
     case Field::Null:
         return {};

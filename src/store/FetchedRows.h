@@ -23,6 +23,7 @@ public:
 
     int Count() const noexcept override;
     Value At(int row, int column) const override;
+    std::optional<QByteArray> Utf8At(int row, int column) const override;
 
 private:
     struct Field
@@ -37,6 +38,8 @@ private:
         Kind kind;
         std::uint32_t length; ///< of Text, in bytes
     };
+
+    const Field& FieldAt(int row, int column) const;
 
     std::vector<Field> m_fields;
     TextPool m_texts;

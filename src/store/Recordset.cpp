@@ -76,14 +76,24 @@ Value Recordset::Fields(QStringView name) const
     return Fields(column);
 }
 
-Value Recordset::Fields(int position) const
+const Recordset::Rows& Recordset::OpenAt(int position) const
 {
     const Rows& rows = Open();
     if (position < 0 || position >= rows.Names().size())
         ThrowItemNotFound(QString::number(position));
     if (Eof())
         ThrowNoCurrentRecord();
-    return rows.At(m_row, position);
+    return rows;
+}
+
+Value Recordset::Fields(int position) const
+{
+    return OpenAt(position).At(m_row, position);
+}
+
+std::optional<QByteArray> Recordset::Utf8(int position) const
+{
+    return OpenAt(position).Utf8At(m_row, position);
 }
 
 QStringList Recordset::FieldNames() const

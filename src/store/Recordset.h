@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 
 /// The rows of one query, all fetched when it ran (a client-side cursor), and a current row.
 /// A statement that is no query gives a closed recordset. Copies share the rows; each has its own
@@ -43,6 +44,13 @@ public:
     /// @throws RuntimeError ObjectClosed, ItemNotFound, NoCurrentRecord
     Value Fields(int position) const;
 
+    /// @param position  as for Fields
+    /// @return the field's text in UTF-8, nothing for NULL. It may lie in the rows themselves:
+    /// valid
+    ///         as long as the recordset is open
+    /// @throws RuntimeError ObjectClosed, ItemNotFound, NoCurrentRecord
+    std::optional<QByteArray> Utf8(int position) const;
+
     /// @return the columns' names in their order. @throws RuntimeError ObjectClosed
     QStringList FieldNames() const;
 
@@ -51,6 +59,7 @@ public:
 
 private:
     const Rows& Open() const;
+    const Rows& OpenAt(int position) const;
 
     std::shared_ptr<const Rows> m_rows;
     int m_row = 0;

@@ -25,6 +25,10 @@ public:
     /// @throws RuntimeError StoreFailure where a field is fetched only now
     virtual Value At(int row, int column) const = 0;
 
+    /// As At.
+    /// @return the field's text in UTF-8, valid as long as the rows are; nothing for NULL
+    virtual std::optional<QByteArray> Utf8At(int row, int column) const;
+
 private:
     QStringList m_names;
 };

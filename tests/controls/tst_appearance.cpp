@@ -9,6 +9,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QPalette>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QSet>
@@ -94,6 +95,7 @@ private slots:
     void plain_and_bold_of_the_sheet_font_are_equally_wide();
     void a_default_button_shows_the_accent();
     void a_label_under_the_pointer_shows_the_accent();
+    void the_text_of_a_bar_is_readable_wherever_the_bar_reaches();
 };
 
 void tst_appearance::initTestCase()
@@ -296,6 +298,35 @@ void tst_appearance::a_label_under_the_pointer_shows_the_accent()
     QTRY_COMPARE(accented(label.grab().toImage()), 0);
     QTest::mouseMove(form.windowHandle(), QPoint(120, 115));
     QTRY_VERIFY(accented(label.grab().toImage()) > 0);
+}
+
+void tst_appearance::the_text_of_a_bar_is_readable_wherever_the_bar_reaches()
+{
+    constexpr QSize Size(200, 24);
+    const auto shown = [Size](int value) {
+        QProgressBar bar;
+        bar.resize(Size);
+        bar.setValue(value);
+        return bar.grab().toImage();
+    };
+    const auto ground = [Size](const QImage& image) {
+        return image.pixelColor(image.width() / 8, image.height() / 2);
+    };
+    const auto darkest = [](const QImage& image) {
+        QColor found = Qt::white;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = image.width() / 3; x < 2 * image.width() / 3; ++x) {
+                if (Luminance(image.pixelColor(x, y)) < Luminance(found))
+                    found = image.pixelColor(x, y);
+            }
+        }
+        return found;
+    };
+    const QImage empty = shown(0);
+    const QImage full = shown(100);
+    QVERIFY(Contrast(ground(empty), darkest(empty)) >= 4.5);
+    QVERIFY(Contrast(ground(full), darkest(full)) >= 4.5);
+    QVERIFY(Contrast(ground(empty), ground(full)) >= 1.7); // and the bar is seen
 }
 
 QTEST_MAIN(tst_appearance)

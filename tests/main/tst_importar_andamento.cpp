@@ -304,6 +304,7 @@ void tst_importar_andamento::aSecondImportMeanwhileDoesNothing()
     escolhas.chosen = {muitas, outro};
     m_form->frmPrincipal::mnuImportar_Click();
     QVERIFY(vezes > 0);
+    QCOMPARE(escolhas.requests.size(), 1); // nobody is asked for a file that would be dropped
     QCOMPARE(Caixas(), QStringList(u"i 300 música(s) importada(s) com sucesso!"_qs));
     QCOMPARE(Um(u"SELECT count(*) FROM MUSICA WHERE TITULO = 'Outra'"_qs), u"0"_qs);
 }

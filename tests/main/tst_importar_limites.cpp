@@ -1,6 +1,9 @@
 #include "ImportarTeste.h"
 
 #include "controls/FileDialogs.h"
+#include "exchange/Texto_Defeitos.h"
+#include "mld/ExchangeXml.h"
+#include "mld/SongCollector.h"
 
 #include <QLabel>
 
@@ -23,6 +26,7 @@ private slots:
     void theReportEndsBehindTwelveSongs();
     void elevenMillionBytesInOneField_data();
     void elevenMillionBytesInOneField();
+    void aTextThatIsTooLongIsToldOf();
     void aFileThatIsCutShortWhileItIsReadIsRefused();
 };
 
@@ -146,6 +150,22 @@ void tst_importar_limites::elevenMillionBytesInOneField()
     const bool lida = mensagem.startsWith(u'i');
     QCOMPARE(Um(u"SELECT count(*) FROM MUSICA"_qs), lida ? u"1"_qs : u"0"_qs);
     QVERIFY(!lida || Um(u"SELECT MUSICA FROM MUSICA"_qs) == longo);
+}
+
+void tst_importar_limites::aTextThatIsTooLongIsToldOf()
+{
+    constexpr std::size_t Mais_Longo = 1000; // bytes, far less than anybody waits for
+    const QString longa =
+        Musica_Xml(u"Longa"_qs, QString()).replace(u"C[br]a"_qs, u"Amor "_qs.repeated(200));
+    const QString musicas =
+        Musica_Xml(u"Luz"_qs, QString()) + longa + Musica_Xml(u"Mar"_qs, QString()) + longa;
+    QByteArray resto = (u"<musicas>"_qs + musicas + u"</musicas>"_qs).toUtf8();
+    SongCollector coletor(Mais_Longo);
+    QVERIFY(ExchangeXml::Parse([&resto] { return std::exchange(resto, {}); }, true, coletor));
+    const ExchangeSongs lidas = coletor.Take();
+    QCOMPARE(lidas.Count(), 2);
+    QCOMPARE(Texto_Defeitos(lidas), u"2 música(s) do arquivo não pode(m) ser importada(s):\n\n"
+                                    "2ª: texto longo demais\n4ª: texto longo demais"_qs);
 }
 
 void tst_importar_limites::aFileThatIsCutShortWhileItIsReadIsRefused()

@@ -1,10 +1,12 @@
 #include "mld/ExchangeWriter.h"
 #include "store/CodePage.h"
+#include "store/text/Utf8.h"
 
 #include <QFile>
 #include <QTest>
 
 #include <array>
+#include <random>
 #include <vector>
 
 namespace {
@@ -15,13 +17,35 @@ QByteArray Golden(const QString& name)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
 }
 
+std::optional<QByteArray> ToUtf8(const std::optional<QString>& text)
+{
+    return text ? std::optional(text->toUtf8()) : std::nullopt;
+}
+
+/// @return the song as a catalogue holds it
+StoredSong Stored(const ExchangeSong& song)
+{
+    StoredSong stored{
+        ToUtf8(song.titulo), ToUtf8(song.referencia), ToUtf8(song.letra1), ToUtf8(song.letra2),
+        ToUtf8(song.tom),    ToUtf8(song.variacao),   song.categoria,      {}};
+    for (const QString& theme : song.temas)
+        stored.temas += theme.toUtf8();
+    return stored;
+}
+
+/// Both ways to write songs, which have to be one.
 QByteArray Written(const std::vector<ExchangeSong>& songs)
 {
     QString document = ExchangeWriter::Head();
-    for (const ExchangeSong& song : songs)
+    QByteArray encoded = CodePage::FromUnicode(document);
+    for (const ExchangeSong& song : songs) {
         ExchangeWriter::Append(document, song);
+        ExchangeWriter::Append(encoded, Stored(song));
+    }
     document += ExchangeWriter::Tail();
-    return CodePage::FromUnicode(document);
+    encoded += CodePage::FromUnicode(ExchangeWriter::Tail());
+    const QByteArray written = CodePage::FromUnicode(document);
+    return encoded == written ? written : "<two documents>" + encoded + written;
 }
 
 ExchangeSong Song(const QString& title, const QString& reference, const QString& first,
@@ -52,6 +76,7 @@ private slots:
     void a_missing_text_gets_its_default_and_an_empty_one_stays_empty();
     void each_field_is_composed_for_itself();
     void signs_are_seen_wherever_they_stand();
+    void bytes_that_are_no_text_are_written_as_text_would_be();
     void a_file_is_named_after_the_title_data();
     void a_file_is_named_after_the_title();
 };
@@ -124,8 +149,7 @@ void tst_exchange_writer::signs_are_seen_wherever_they_stand()
     const auto written = [](const QString& lyrics) {
         ExchangeSong song;
         song.letra1 = lyrics;
-        QString document;
-        ExchangeWriter::Append(document, song);
+        const QString document = CodePage::ToUnicode(Written({song}));
         const QString before = u"<letra1>"_qs;
         const qsizetype from = document.indexOf(before) + before.size();
         return document.mid(from, document.indexOf(u"</letra1>"_qs) - from);
@@ -139,9 +163,53 @@ void tst_exchange_writer::signs_are_seen_wherever_they_stand()
             QCOMPARE(written(head + u'\n' + tail), head + u'\n' + tail);
             QCOMPARE(written(head + u"\r\n"_qs + tail), head + u"[br]"_qs + tail);
             QCOMPARE(written(head + u"a\u0303"_qs + tail), head + u"ã"_qs + tail);
-            QCOMPARE(written(head + u'\u013c' + tail), head + u'\u013c' + tail);
+            QCOMPARE(written(head + u'\u013c' + tail), head + u'?' + tail);
+            QCOMPARE(written(head + u'\u0153' + tail), head + u'\u0153' + tail);
+            QCOMPARE(written(head + u"€\U0001F3B5"_qs + tail), head + u"€?"_qs + tail);
         }
     }
+}
+
+void tst_exchange_writer::bytes_that_are_no_text_are_written_as_text_would_be()
+{
+    const QByteArray pieces[] = {"a",
+                                 "Amor <3>",
+                                 "\xC3\xA7",
+                                 "\xC3",
+                                 "\xA7",
+                                 "\xCC\x81",
+                                 "\r",
+                                 "\n",
+                                 "\r\n",
+                                 "\xE2\x82\xAC",
+                                 "\xF0\x9F\x8E\xB5",
+                                 "\xFF",
+                                 "\xC0\x80",
+                                 "\xEF\xBB\xBF",
+                                 "<",
+                                 "&",
+                                 "\xC2\x9D"};
+    std::minstd_rand numbers(11);
+    const auto below = [&numbers](std::size_t bound) { return numbers() % bound; };
+    int broken = 0;
+    for (int round = 0; round < 20'000; ++round) {
+        QByteArray bytes;
+        for (std::size_t i = below(24); i > 0; --i)
+            bytes += pieces[below(std::size(pieces))];
+        StoredSong stored;
+        stored.letra1 = bytes;
+        stored.tom = bytes;
+        ExchangeSong song;
+        song.letra1 = Utf8::ToText({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+        song.tom = song.letra1;
+        QByteArray encoded;
+        ExchangeWriter::Append(encoded, stored);
+        QString document;
+        ExchangeWriter::Append(document, song);
+        QCOMPARE(encoded, CodePage::FromUnicode(document));
+        broken += song.letra1->contains(QChar(QChar::ReplacementCharacter)) ? 1 : 0;
+    }
+    QVERIFY2(broken > 1000, qPrintable(QString::number(broken)));
 }
 
 void tst_exchange_writer::a_file_is_named_after_the_title_data()

@@ -13,8 +13,9 @@ struct Translation
 {
     QByteArray sql;            ///< one SQLite statement, UTF-8
     std::vector<Value> values; ///< its bound parameters in order: every literal text of the source
-    bool isQuery = false;      ///< true for a SELECT
-    bool cacheable = true;     ///< false when the text holds a list that hardly occurs twice
+    std::vector<qsizetype> places; ///< where each of them begins there, in characters from 0
+    bool isQuery = false;          ///< true for a SELECT
+    bool cacheable = true;         ///< false when the text holds a list that hardly occurs twice
 };
 
 /// Reads one statement: its names resolved, joins with links folded (LinkJoin.h).

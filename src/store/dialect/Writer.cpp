@@ -218,13 +218,13 @@ void Writer::WriteAssigned(const Expression& value, const Column& column)
     else if (column.type == ColumnType::Date && value.type != ValueType::Date)
         guard = Names::Cdate;
 
-    if (!guard || value.kind == Kind::Null) {
+    const bool isGuarded = guard && value.kind != Kind::Null;
+    if (isGuarded)
+        m_out.sql += QByteArray(guard) + '(';
+    if (!Bind(value))
         Write(value);
-        return;
-    }
-    m_out.sql += QByteArray(guard) + '(';
-    Write(value);
-    m_out.sql += ')';
+    if (isGuarded)
+        m_out.sql += ')';
 }
 
 QByteArray Writer::Quoted(const QString& name)

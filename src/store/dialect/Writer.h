@@ -9,10 +9,11 @@
 class Writer
 {
 public:
-    /// What becomes of a number that a column is compared with.
+    /// What becomes of a whole number that a column is compared with.
     enum class Compared {
         Written, ///< stands in the statement
-        Bound    ///< is a parameter: one prepared statement serves all songs
+        Bound    ///< is a parameter: one prepared statement serves all songs; also a number that is
+                 ///< stored or stands in a short list
     };
 
     /// @return the statement for SQLite with its parameters
@@ -49,7 +50,8 @@ private:
     void WriteNot(const Syntax::Expression& expression);
     void WriteArithmetic(const Syntax::Expression& expression);
     void WriteComparison(const Syntax::Expression& expression);
-    bool BindNumber(const Syntax::Expression& comparison);
+    bool Bind(const Syntax::Expression& number);
+    void AddValue(Value value, qsizetype place);
     void WriteLike(const Syntax::Expression& expression);
     void WriteIsNull(const Syntax::Expression& expression);
     void WriteBetween(const Syntax::Expression& expression);

@@ -4,6 +4,7 @@
 #include "store/dialect/Writer.h"
 
 #include <algorithm>
+#include <utility>
 
 using namespace Syntax;
 using Kind = Expression::Kind;
@@ -83,8 +84,7 @@ void Writer::WriteBare(const Expression& expression)
         m_out.sql += expression.text.toLatin1();
         break;
     case Kind::Text:
-        m_out.sql += '?';
-        m_out.values.emplace_back(expression.text);
+        AddValue(expression.text, expression.place);
         break;
     case Kind::Column:
         m_out.sql += QuotedColumn(*expression.table, *expression.column);
@@ -203,22 +203,26 @@ void Writer::WriteComparison(const Expression& expression)
 {
     WriteTested(expression.operands.front(), ComparesTexts(expression));
     m_out.sql += ' ' + expression.text.toLatin1() + ' ';
-    if (!BindNumber(expression))
+    if (expression.operands.front().kind != Kind::Column || !Bind(expression.operands.back()))
         Write(expression.operands.back(), Level::Sum);
 }
 
-/// @return false where the right side is to be written as it stands
-bool Writer::BindNumber(const Expression& comparison)
+/// @return false for what is no whole number, or is to be written as it stands
+bool Writer::Bind(const Expression& number)
 {
-    const Expression& number = comparison.operands.back();
     bool isWhole = false;
     const qint64 value = number.text.toLongLong(&isWhole);
-    if (m_numbers != Compared::Bound || number.kind != Kind::Number || !isWhole ||
-        comparison.operands.front().kind != Kind::Column)
+    if (m_numbers != Compared::Bound || number.kind != Kind::Number || !isWhole)
         return false;
-    m_out.sql += '?';
-    m_out.values.emplace_back(value);
+    AddValue(value, number.place);
     return true;
+}
+
+void Writer::AddValue(Value value, qsizetype place)
+{
+    m_out.sql += '?';
+    m_out.values.push_back(std::move(value));
+    m_out.places.push_back(place);
 }
 
 void Writer::WriteLike(const Expression& expression)
@@ -247,13 +251,16 @@ void Writer::WriteInList(const Expression& expression)
 {
     WriteTested(expression.operands.front(), ComparesTexts(expression));
     m_out.sql += expression.negated ? " NOT IN (" : " IN (";
+    const bool isShort = expression.operands.size() - 1 <= LongestCachedList;
+    const bool binds = isShort && expression.operands.front().kind == Kind::Column;
     for (std::size_t i = 1; i < expression.operands.size(); ++i) {
         if (i > 1)
             m_out.sql += ", ";
-        Write(expression.operands[i]);
+        if (!binds || !Bind(expression.operands[i]))
+            Write(expression.operands[i]);
     }
     m_out.sql += ')';
-    if (expression.operands.size() - 1 > LongestCachedList)
+    if (!isShort)
         m_out.cacheable = false;
 }
 

@@ -23,6 +23,12 @@ ChangeWatch::~ChangeWatch()
 
 void ChangeWatch::NoteRow(const char* table, qint64 row)
 {
+    if (sqlite3_stricmp(table, "TEMA") == 0) {
+        m_allThemes = m_allThemes || m_themes.size() >= MostRows;
+        if (!m_allThemes)
+            m_themes.push_back(row);
+        return;
+    }
     const bool isSong = sqlite3_stricmp(table, "MUSICA") == 0;
     if (!isSong && sqlite3_stricmp(table, "TEMA_MUSICA") != 0)
         return;
@@ -36,14 +42,20 @@ void ChangeWatch::Announce(const Syntax::Statement& statement)
 {
     const auto* deletion = std::get_if<Syntax::Delete>(&statement);
     if (deletion && !deletion->where)
-        m_everything = true;
+        Distrust();
 }
 
 void ChangeWatch::SeeVersion(qint64 version)
 {
     if (version != m_version)
-        m_everything = true;
+        Distrust();
     m_version = version;
+}
+
+void ChangeWatch::ForgetThemes()
+{
+    m_allThemes = false;
+    m_themes.clear();
 }
 
 void ChangeWatch::Forget()

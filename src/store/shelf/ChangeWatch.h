@@ -6,8 +6,8 @@
 
 struct sqlite3;
 
-/// Notes what changes in the catalogue's songs and links: row by row what this connection writes,
-/// as a whole what another one does.
+/// Notes what changes in the catalogue's songs, links and themes: row by row what this connection
+/// writes, as a whole what another one does.
 class ChangeWatch
 {
 public:
@@ -32,11 +32,18 @@ public:
     const std::vector<qint64>& Songs() const noexcept { return m_songs; }
     const std::vector<qint64>& Links() const noexcept { return m_links; }
 
-    /// Everything noted has been seen to.
+    /// As IsEverythingNew, of TEMA.
+    bool AreThemesNew() const noexcept { return m_allThemes; }
+    /// The rows of TEMA that were written or deleted.
+    const std::vector<qint64>& Themes() const noexcept { return m_themes; }
+
+    /// Everything noted of songs and links has been seen to.
     void Forget();
+    /// Everything noted of themes has been seen to.
+    void ForgetThemes();
 
     /// Nothing that is known counts any more.
-    void Distrust() noexcept { m_everything = true; }
+    void Distrust() noexcept { m_everything = m_allThemes = true; }
 
 private:
     void NoteRow(const char* table, qint64 row);
@@ -49,4 +56,6 @@ private:
     bool m_everything = true;
     std::vector<qint64> m_songs;
     std::vector<qint64> m_links;
+    bool m_allThemes = true;
+    std::vector<qint64> m_themes;
 };

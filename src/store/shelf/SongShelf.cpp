@@ -2,6 +2,7 @@
 
 #include "runtime/RuntimeError.h"
 #include "store/FetchedRows.h"
+#include "store/shelf/IdRows.h"
 #include "store/shelf/SongView.h"
 #include "store/shelf/TextChange.h"
 #include "store/sqlite/LockPatience.h"
@@ -63,7 +64,7 @@ SongShelf::~SongShelf()
 std::size_t SongShelf::Size() const noexcept
 {
     return m_songs.Size() + m_links.Size() + m_titles.Size() + m_references.Size() +
-           m_names.Size() + m_lyrics.Size();
+           m_names.Size() + m_themes.Size() + m_lyrics.Size();
 }
 
 std::shared_ptr<const Recordset::Rows> SongShelf::Answer(const SongSearch& search)
@@ -137,6 +138,21 @@ std::shared_ptr<const Recordset::Rows> SongShelf::Answer(const SameSong& song)
     for (const qint64 id : ids)
         rows->AddNumber(id);
     return rows;
+}
+
+std::shared_ptr<const Recordset::Rows> SongShelf::Answer(const SameTheme& theme)
+{
+    const ReadSnapshot snapshot(m_database);
+    try {
+        if (!RefreshThemes())
+            return nullptr;
+    } catch (const RuntimeError&) {
+        m_watch.Distrust();
+        if ((sqlite3_errcode(m_database) & 0xff) == SQLITE_BUSY)
+            throw;
+        return nullptr;
+    }
+    return std::make_shared<IdRows>(theme.name, m_themes.Find(theme.description.toStdString()));
 }
 
 /// @return for each place 1 where links and category fit

@@ -9,6 +9,7 @@
 #include "store/shelf/SongNames.h"
 #include "store/shelf/SongSearch.h"
 #include "store/shelf/SongTable.h"
+#include "store/shelf/ThemeNames.h"
 
 #include <QTimer>
 
@@ -50,6 +51,9 @@ public:
     /// As Answer(search): the IDs of the songs that are the same, in their order.
     std::shared_ptr<const Recordset::Rows> Answer(const SameSong& song);
 
+    /// As Answer(search): the IDs of the themes that have the name, in their order.
+    std::shared_ptr<const Recordset::Rows> Answer(const SameTheme& theme);
+
     /// To be called before a statement that changes rows: texts that results still show are read
     /// before they go.
     void BeforeChange(const Syntax::Statement& statement);
@@ -66,6 +70,9 @@ private:
 
     bool Refresh();
     bool IsUpToDate();
+    bool RefreshThemes();
+    bool LoadThemes();
+    bool RefreshTheme(qint64 id);
     bool StayInBounds();
     SongBases& Bases(SongSearch::Field field);
     void ReadBases(SongSearch::Field field);
@@ -101,7 +108,9 @@ private:
     SongLinks m_links;
     SongBases m_titles; ///< both as far as they were asked for
     SongBases m_references;
-    SongNames m_names; ///< as far as they were asked for
+    SongNames m_names;        ///< as far as they were asked for
+    ThemeNames m_themes;      ///< once they were asked for
+    bool m_themesFit = false; ///< as m_isFit
     SongLyrics m_lyrics;
     Lyrics m_lyricsState = Lyrics::Partly; ///< None: they do not fit here
     SongTable::Place m_lyricsTo = 0;       ///< place from which on lyrics are not read yet

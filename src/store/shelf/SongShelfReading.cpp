@@ -13,6 +13,7 @@ constexpr char SmallColumns[] =
 /// True of every song; an index that holds all of these columns is there for it, so that no song
 /// text is read past (data/schema.sql).
 constexpr char EverySong[] = " WHERE typeof(ID) = 'integer'";
+constexpr char ThemeColumns[] = "SELECT rowid, ID, DESCRICAO FROM TEMA";
 constexpr char LinkColumns[] = "SELECT rowid, ID_MUSICA, ID_TEMA FROM TEMA_MUSICA";
 
 /// Columns of one row. What lies in them in an unusual way, a number in letters or bytes of no
@@ -78,6 +79,18 @@ std::optional<SongRow> ReadSong(const Statement& statement, TextPool& pool)
 SongLinks::Number LinkNumber(const Statement& statement, int column)
 {
     return RowReader(statement).Number(column);
+}
+
+/// @return false for one that compares in a way of SQLite's own
+bool PutTheme(ThemeNames& themes, const Statement& statement)
+{
+    RowReader reader(statement);
+    const SongRow::Number id = reader.Number(1);
+    const SongRow::Text name = reader.Text(2);
+    if (!reader.Fits() || id != statement.Whole(0))
+        return false;
+    themes.Put(*id, name);
+    return true;
 }
 
 } // namespace
@@ -180,6 +193,47 @@ void SongShelf::RefreshLink(qint64 row)
         m_links.Put(row, LinkNumber(statement, 1), LinkNumber(statement, 2));
     else
         m_links.Remove(row);
+}
+
+/// Brings the themes that are known up to date. @return false where SQLite has to answer
+bool SongShelf::RefreshThemes()
+{
+    SeeVersion();
+    bool fits = m_themesFit && !m_watch.AreThemesNew();
+    for (auto id = m_watch.Themes().begin(); fits && id != m_watch.Themes().end(); ++id)
+        fits = RefreshTheme(*id);
+    m_themesFit = fits || LoadThemes();
+    if (m_themesFit && Size() > m_largestSize)
+        m_themesFit = false;
+    if (!m_themesFit)
+        m_themes.Clear();
+    m_watch.ForgetThemes();
+    return m_themesFit;
+}
+
+/// @return false where a theme does not fit here
+bool SongShelf::LoadThemes()
+{
+    m_themesFit = false; // what is thrown on the way leaves nothing half known
+    m_themes.Clear();
+    Statement& statement = m_statements.Get(QByteArray(ThemeColumns));
+    const StatementRun run(statement);
+    while (statement.Step()) {
+        if (!PutTheme(m_themes, statement))
+            return false;
+    }
+    return true;
+}
+
+bool SongShelf::RefreshTheme(qint64 id)
+{
+    Statement& statement = m_statements.Get(QByteArray(ThemeColumns) + " WHERE rowid = ?");
+    const StatementRun run(statement);
+    statement.Bind({Value(id)});
+    if (statement.Step())
+        return PutTheme(m_themes, statement);
+    m_themes.Remove(id);
+    return true;
 }
 
 bool SongShelf::Load()

@@ -44,9 +44,10 @@ int Statement::BindOne(int position, const Value& value)
     if (value.IsNull())
         return sqlite3_bind_null(statement, position);
     const auto* date = std::get_if<QDate>(&value.Get());
-    const QByteArray text = (date ? Date::ToStored(*date) : value.ToText()).toUtf8();
+    const QByteArray& text =
+        m_texts.emplace_back((date ? Date::ToStored(*date) : value.ToText()).toUtf8());
     return sqlite3_bind_text64(statement, position, text.constData(),
-                               static_cast<sqlite3_uint64>(text.size()), SQLITE_TRANSIENT,
+                               static_cast<sqlite3_uint64>(text.size()), SQLITE_STATIC,
                                SQLITE_UTF8);
 }
 
@@ -65,6 +66,7 @@ void Statement::Reset() noexcept
 {
     sqlite3_reset(m_statement.get());
     sqlite3_clear_bindings(m_statement.get());
+    m_texts.clear();
 }
 
 int Statement::ColumnCount() const
@@ -72,12 +74,13 @@ int Statement::ColumnCount() const
     return sqlite3_column_count(m_statement.get());
 }
 
-QStringList Statement::ColumnNames() const
+const QStringList& Statement::ColumnNames()
 {
-    QStringList names;
-    for (int column = 0; column < ColumnCount(); ++column)
-        names << QString::fromUtf8(sqlite3_column_name(m_statement.get(), column));
-    return names;
+    if (m_names.isEmpty()) {
+        for (int column = 0; column < ColumnCount(); ++column)
+            m_names << QString::fromUtf8(sqlite3_column_name(m_statement.get(), column));
+    }
+    return m_names;
 }
 
 bool Statement::IsDateColumn(int column) const

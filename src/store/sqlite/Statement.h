@@ -23,7 +23,7 @@ public:
     /// @throws RuntimeError StoreFailure
     Statement(sqlite3* database, const QByteArray& sql, bool kept = false);
 
-    /// Binds all parameters in order. @throws RuntimeError StoreFailure
+    /// Binds all parameters in order, until Reset. @throws RuntimeError StoreFailure
     void Bind(const std::vector<Value>& values);
 
     /// @return true while there is a row. @throws RuntimeError of Failure
@@ -33,7 +33,7 @@ public:
     void Reset() noexcept;
 
     int ColumnCount() const;
-    QStringList ColumnNames() const;
+    const QStringList& ColumnNames();
     /// @return true when the column is read as it is from a column declared as a date.
     bool IsDateColumn(int column) const;
 
@@ -55,6 +55,8 @@ private:
     int BindOne(int position, const Value& value);
 
     sqlite3* m_database;
+    std::vector<QByteArray> m_texts; ///< that are bound
+    QStringList m_names;             ///< once they were asked for
     std::unique_ptr<sqlite3_stmt, Finalize> m_statement;
 };
 
