@@ -6,9 +6,8 @@
 
 #include <utility>
 
-AccessiblePressable::AccessiblePressable(QWidget* control, QAccessible::Role role,
-                                         std::function<void()> press)
-    : QAccessibleWidget(control, role)
+AccessiblePressable::AccessiblePressable(QWidget* control, std::function<void()> press)
+    : QAccessibleWidget(control, QAccessible::Button)
     , m_press(std::move(press))
 {
 }
@@ -22,6 +21,12 @@ QAccessible::State AccessiblePressable::state() const
         state.selected = chosen.toBool();
     }
     return state;
+}
+
+QAccessible::Role AccessiblePressable::role() const
+{
+    const bool isTab = widget()->property("escolhida").isValid();
+    return isTab ? QAccessible::PageTab : QAccessible::Button;
 }
 
 QString AccessiblePressable::text(QAccessible::Text kind) const

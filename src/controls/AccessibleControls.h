@@ -9,12 +9,13 @@
 class AccessiblePressable : public QAccessibleWidget
 {
 public:
-    /// @param role   Button or PageTab
     /// @param press  what a click does; asked for only while the control is enabled
-    AccessiblePressable(QWidget* control, QAccessible::Role role, std::function<void()> press);
+    AccessiblePressable(QWidget* control, std::function<void()> press);
 
     /// The tab that is in front, of those that have the property "escolhida" (bool), is selected.
     QAccessible::State state() const override;
+    /// Asked for anew each time: a label may become a tab after a screen reader met it.
+    QAccessible::Role role() const override;
     /// The name is the one that was given, else what the label reads.
     QString text(QAccessible::Text kind) const override;
     QStringList actionNames() const override;

@@ -18,9 +18,7 @@ QAccessibleInterface* Accessible(const QString& type, QObject* object)
     auto* label = qobject_cast<ClickableLabel*>(object);
     if (!label || type != QLatin1String(ClickableLabel::staticMetaObject.className()))
         return nullptr;
-    const bool isTab = label->property("escolhida").isValid();
-    return new AccessiblePressable(label, isTab ? QAccessible::PageTab : QAccessible::Button,
-                                   [label] { emit label->clicked(); });
+    return new AccessiblePressable(label, [label] { emit label->clicked(); });
 }
 
 } // namespace

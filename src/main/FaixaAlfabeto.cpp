@@ -18,8 +18,7 @@ constexpr char Atual[] = "atual";     ///< the arrow keys are here
 QAccessibleInterface* Acessivel(const QString&, QObject* objeto)
 {
     auto* faixa = qobject_cast<FaixaAlfabeto*>(objeto);
-    return faixa ? new AccessiblePressable(faixa, QAccessible::Button, [faixa] { faixa->Clica(); })
-                 : nullptr;
+    return faixa ? new AccessiblePressable(faixa, [faixa] { faixa->Clica(); }) : nullptr;
 }
 
 } // namespace

@@ -76,7 +76,11 @@ void ShowTheRest(Pictures& pictures, const QString& catalogue)
     QTest::qWait(SearchMs);
     SaveBox(pictures, u"sobre"_qs, [&form] { form.mnuSobre_Click(); });
     SaveBox(pictures, u"comando-abrir"_qs, [&form] { form.Executa_Comando(u"abrir@1"_qs); });
-    SaveBox(pictures, u"importar-abrir"_qs, [&form] { form.mnuImportar_Click(); });
+    WhenBoxIsOpen(pictures, [&pictures](QDialog& picker) {
+        pictures.Save(u"importar-abrir"_qs);
+        picker.reject();
+    });
+    form.mnuImportar_Click();
     ShowSetlistMessages(pictures, form);
     ShowViewerTexts(pictures);
     form.close();
