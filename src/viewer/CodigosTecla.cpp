@@ -8,6 +8,12 @@
 
 namespace {
 
+#ifdef Q_OS_WIN
+constexpr bool E_Windows = true;
+#else
+constexpr bool E_Windows = false;
+#endif
+
 struct Par
 {
     int tecla;
@@ -127,11 +133,8 @@ bool E_De_Outra_Escrita(int tecla)
 
 bool Segura_AltGr(const QKeyEvent& tecla)
 {
-#ifdef Q_OS_WIN
-    constexpr quint32 Quinto = 0; // there it is Ctrl and Alt anyway
-#else
-    constexpr quint32 Quinto = 0x80; // the modifier that the platform has it under
-#endif
+    // The modifier that the platform has it under; on Windows it is Ctrl and Alt anyway.
+    constexpr quint32 Quinto = E_Windows ? 0 : 0x80;
     return tecla.modifiers().testFlag(Qt::GroupSwitchModifier) ||
            (tecla.nativeModifiers() & Quinto) != 0;
 }
@@ -180,11 +183,12 @@ CodigosTecla::Pressao CodigosTecla::Le_Tecla(const QKeyEvent& tecla)
         lida.shift |= AltGr;
     if (lida.codigo != Desconhecida)
         return lida;
-#ifdef Q_OS_WIN
-    // There the number is at hand.
-    const quint32 numero = tecla.nativeVirtualKey();
-    lida.codigo = numero > 0 && numero < Desconhecida ? static_cast<int>(numero) : Desconhecida;
-#else
+    if (E_Windows) {
+        // There the number is at hand.
+        const quint32 numero = tecla.nativeVirtualKey();
+        lida.codigo = numero > 0 && numero < Desconhecida ? static_cast<int>(numero) : Desconhecida;
+        return lida;
+    }
     const quint32 lugar = tecla.nativeScanCode();
     const int letra = Letra_Do_Lugar(lugar);
     if (letra == Desconhecida) {
@@ -196,6 +200,5 @@ CodigosTecla::Pressao CodigosTecla::Le_Tecla(const QKeyEvent& tecla)
     } else if ((lida.shift & AltGr) == AltGr || E_De_Outra_Escrita(tecla.key())) {
         lida.codigo = letra;
     }
-#endif
     return lida;
 }
