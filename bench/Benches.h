@@ -17,3 +17,4 @@ void BenchSetlist(const Scale& scale, ResultTable& table);
 void BenchExport(const Scale& scale, ResultTable& table);
 void BenchImport(const Scale& scale, ResultTable& table);
 void BenchStart(const Scale& scale, ResultTable& table);
+void BenchVerify(const Scale& scale, ResultTable& table);
