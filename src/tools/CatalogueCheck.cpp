@@ -42,7 +42,8 @@ struct Question
 constexpr std::array<Question, 11> Questions{{
     {u"Ligações de temas com músicas que não existem", true, "TEMA_MUSICA MUSICA",
      "SELECT 'música ' || ifnull(L.ID_MUSICA, '(nenhuma)') || ', tema ' || "
-     "ifnull('\"' || (SELECT DESCRICAO FROM TEMA WHERE ID = L.ID_TEMA) || '\"', L.ID_TEMA) "
+     "ifnull('\"' || (SELECT DESCRICAO FROM TEMA WHERE ID = L.ID_TEMA) || '\"', ifnull(L.ID_TEMA, "
+     "'(nenhum)')) "
      "FROM TEMA_MUSICA AS L WHERE NOT EXISTS (SELECT 1 FROM MUSICA WHERE ID = L.ID_MUSICA) "
      "ORDER BY L.rowid"},
     {u"Ligações de músicas com temas que não existem", true, "TEMA_MUSICA MUSICA TEMA",
@@ -77,7 +78,7 @@ constexpr std::array<Question, 11> Questions{{
     {u"Temas sem nome", false, "TEMA",
      "SELECT 'tema ' || T.ID FROM TEMA AS T WHERE trim(ifnull(T.DESCRICAO, '')) = '' "
      "ORDER BY T.ID"},
-    {u"Temas com o mesmo nome", false, "TEMA",
+    {u"Temas com o mesmo nome", true, "TEMA",
      "SELECT '\"' || T.DESCRICAO || '\", ' || COUNT(*) || ' vezes' FROM TEMA AS T "
      "WHERE T.DESCRICAO <> '' GROUP BY T.DESCRICAO HAVING COUNT(*) > 1 ORDER BY MIN(T.ID)"},
 }};

@@ -49,11 +49,18 @@ struct Mend
     const char* sql;
 };
 
-constexpr std::array<Mend, 5> Mends{{
+constexpr std::array<Mend, 6> Mends{{
     {u"ligações de temas com músicas que não existem retiradas",
      "DELETE FROM TEMA_MUSICA WHERE NOT EXISTS (SELECT 1 FROM MUSICA WHERE ID = ID_MUSICA)"},
     {u"ligações de músicas com temas que não existem retiradas",
      "DELETE FROM TEMA_MUSICA WHERE NOT EXISTS (SELECT 1 FROM TEMA WHERE ID = ID_TEMA)"},
+    // An import may have made one theme many times.
+    {u"temas juntados a outro com o mesmo nome",
+     "UPDATE TEMA_MUSICA SET ID_TEMA = (SELECT MIN(B.ID) FROM TEMA AS A JOIN TEMA AS B "
+     "ON B.DESCRICAO = A.DESCRICAO WHERE A.ID = ID_TEMA) WHERE ID_TEMA IN "
+     "(SELECT ID FROM TEMA WHERE DESCRICAO <> ''); "
+     "DELETE FROM TEMA WHERE DESCRICAO <> '' AND "
+     "ID NOT IN (SELECT MIN(ID) FROM TEMA GROUP BY DESCRICAO)"},
     {u"ligações repetidas retiradas",
      "DELETE FROM TEMA_MUSICA WHERE rowid NOT IN "
      "(SELECT MIN(rowid) FROM TEMA_MUSICA GROUP BY ID_MUSICA, ID_TEMA)"},

@@ -5,13 +5,12 @@
 #include <algorithm>
 #include <cstring>
 #include <limits>
-#include <numeric>
 
 namespace {
 
 constexpr qsizetype Piece = 8;          // bytes
 constexpr std::size_t SketchSize = 256; // numbers
-constexpr std::size_t Keys = 8;         // of them find candidates
+constexpr std::size_t KeyParts = 5;     // pieces that songs have to share for a key
 constexpr std::size_t Leaders = 48;     // songs that another is compared with for one key
 constexpr qsizetype SampledFrom = 1024; // pieces; of a longer text only about so many are looked at
 
@@ -95,46 +94,75 @@ void LookAlikes::Add(qint64 song, const QByteArray& letters)
     m_songs.push_back({song, SketchOf(letters), {}});
 }
 
-QList<LookAlikes::Group> LookAlikes::Groups() const
+/// Each part of a key is the piece that one shuffling of all pieces puts first: songs that are
+/// alike have the same first one as often as they are alike. Single pieces that half of all songs
+/// have, such as those of an "aleluia", so bring no song among the candidates of another.
+LookAlikes::Keyring LookAlikes::KeysOf(const Sketch& sketch)
 {
-    // The songs that others are compared with, by each of their first numbers.
-    QHash<std::uint32_t, std::vector<std::size_t>> leaders;
-    std::vector<std::size_t> leaderOf(m_songs.size());
-    std::iota(leaderOf.begin(), leaderOf.end(), std::size_t{0});
-    std::vector<int> likeness(m_songs.size(), Same);
-    for (std::size_t song = 0; song < m_songs.size(); ++song) {
-        const Sketch& sketch = m_songs[song].sketch;
-        const std::size_t keys = std::min(Keys, sketch.size());
-        std::vector<std::size_t> compared;
-        for (std::size_t key = 0; key < keys && leaderOf[song] == song; ++key) {
-            const auto there = leaders.constFind(sketch[key]);
-            if (there == leaders.constEnd())
-                continue;
-            for (const std::size_t leader : *there) {
-                if (std::find(compared.begin(), compared.end(), leader) != compared.end())
-                    continue;
-                compared.push_back(leader);
-                const int like = Likeness(m_songs[leader].sketch, sketch);
-                if (like >= Least) {
-                    leaderOf[song] = leader;
-                    // Different letters with the same pieces are not the same song.
-                    likeness[song] = std::min(like, Same - 1);
-                    break;
-                }
+    Keyring keys{};
+    for (std::size_t key = 0; key < keys.size(); ++key) {
+        std::uint64_t joined = key;
+        for (std::size_t part = 0; part < KeyParts; ++part) {
+            const auto seed = static_cast<std::uint32_t>((key * KeyParts + part + 1) * 0x9E3779B1U);
+            std::uint32_t first = std::numeric_limits<std::uint32_t>::max();
+            for (const std::uint32_t number : sketch) {
+                std::uint32_t shuffled = (number ^ seed) * 0x85EBCA6BU;
+                shuffled ^= shuffled >> 13U;
+                shuffled *= 0xC2B2AE35U;
+                first = std::min(first, shuffled);
             }
+            joined = joined * 0x9E3779B97F4A7C15U + first + 1;
         }
-        for (std::size_t key = 0; key < keys && leaderOf[song] == song; ++key) {
-            std::vector<std::size_t>& there = leaders[sketch[key]];
-            if (there.size() < Leaders)
-                there.push_back(song);
+        keys[key] = joined;
+    }
+    return keys;
+}
+
+/// @param leaders  the songs that others are compared with, by their keys
+/// @param like     receives how much it is like it
+/// @return the song that another one is like, or as many as there are
+std::size_t LookAlikes::FindLeader(const Sketch& sketch, const Keyring& keys,
+                                   const Leading& leaders, int& like) const
+{
+    std::vector<std::size_t> compared;
+    for (const std::uint64_t key : keys) {
+        const auto there = leaders.constFind(key);
+        if (there == leaders.constEnd())
+            continue;
+        for (const std::size_t leader : *there) {
+            if (std::find(compared.begin(), compared.end(), leader) != compared.end())
+                continue;
+            compared.push_back(leader);
+            like = Likeness(m_songs[leader].sketch, sketch);
+            if (like >= Least)
+                return leader;
         }
     }
+    return m_songs.size();
+}
+
+QList<LookAlikes::Group> LookAlikes::Groups() const
+{
+    Leading leaders;
     std::vector<Group> groups(m_songs.size());
     for (std::size_t song = 0; song < m_songs.size(); ++song) {
-        Group& group = groups[leaderOf[song]];
+        const Keyring keys = KeysOf(m_songs[song].sketch);
+        int like = Same;
+        std::size_t leader = FindLeader(m_songs[song].sketch, keys, leaders, like);
+        if (leader == m_songs.size()) {
+            leader = song;
+            for (const std::uint64_t key : keys) {
+                std::vector<std::size_t>& there = leaders[key];
+                if (there.size() < Leaders)
+                    there.push_back(song);
+            }
+        }
+        Group& group = groups[leader];
         group.songs.append(m_songs[song].id);
         group.songs.append(m_songs[song].copies);
-        group.likeness = std::min(group.likeness, likeness[song]);
+        // Different letters with the same pieces are not the same song.
+        if (leader != song)
+            group.likeness = std::min({group.likeness, like, Same - 1});
     }
     QList<Group> found;
     std::copy_if(groups.begin(), groups.end(), std::back_inserter(found),

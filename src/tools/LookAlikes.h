@@ -4,6 +4,7 @@
 #include <QHash>
 #include <QList>
 
+#include <array>
 #include <cstdint>
 #include <vector>
 
@@ -11,7 +12,7 @@
 ///
 /// A text counts as the set of its pieces of eight bytes. Each song keeps the 256 smallest numbers
 /// that its pieces hash to: all of a short text, a fair sample of a long one. Songs that are alike
-/// share most of them, also of the first few, by which they are found.
+/// share most of them; they are found by keys that such songs are all but sure to share.
 class LookAlikes
 {
 public:
@@ -34,6 +35,8 @@ public:
 
 private:
     using Sketch = std::vector<std::uint32_t>;
+    using Keyring = std::array<std::uint64_t, 20>;
+    using Leading = QHash<std::uint64_t, std::vector<std::size_t>>;
     struct Song
     {
         qint64 id;
@@ -43,6 +46,9 @@ private:
 
     static Sketch SketchOf(const QByteArray& letters);
     static int Likeness(const Sketch& one, const Sketch& other);
+    static Keyring KeysOf(const Sketch& sketch);
+    std::size_t FindLeader(const Sketch& sketch, const Keyring& keys, const Leading& leaders,
+                           int& like) const;
 
     std::vector<Song> m_songs;
     QHash<QByteArray, std::size_t> m_byLetters; ///< digest of the letters to the song

@@ -238,7 +238,7 @@ void tst_acervo_convertido::Write(const QString& name, const QByteArray& bytes)
     QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
 }
 
-/// Ten files at the end of the folder: five are songs (one of them two), the others are not.
+/// Eleven files beside the folders: five are songs (one of them two), the others are not.
 void tst_acervo_convertido::WriteOddFiles()
 {
     Inventor inventor;
@@ -268,12 +268,15 @@ void tst_acervo_convertido::WriteOddFiles()
     Write(u"z7-foto.cho"_qs, QByteArray("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0", 18).repeated(40));
     Write(u"z8-zeros.cho"_qs, QByteArray(5000, '\0'));
     Write(u"z9.xml"_qs, "<musica><titulo>");
+    Write(u"z9.rtf"_qs, "{\\rtf1\\ansi Asa Branca\\par Quando olhei}");
     Write(u"z9.pdf"_qs, "%PDF-1.4\n\xE2\xE3\xCF\xD3\n1 0 obj\n");
 }
 
 void tst_acervo_convertido::initTestCase()
 {
-    constexpr int Odd = 10;
+    constexpr int Odd = 11;
+    // The files of a folder come before its folders.
+    WriteOddFiles();
     Inventor inventor;
     for (int i = 0; i < Files - Odd; ++i) {
         const Invented song = inventor.Next(i);
@@ -282,7 +285,6 @@ void tst_acervo_convertido::initTestCase()
               song.file.toUtf8());
         m_expected += Told(song);
     }
-    WriteOddFiles();
     m_exchange = m_folder.filePath(u"acervo.mld"_qs);
     m_converted =
         RunTool(QStringLiteral(MELODARIO_CONVERTE), {m_folder.filePath(u"acervo"_qs), m_exchange});
@@ -300,7 +302,7 @@ void tst_acervo_convertido::everyFileIsConverted()
 void tst_acervo_convertido::oddFilesAreTold()
 {
     for (const char16_t* name :
-         {u"z6-vazio.cho", u"z7-foto.cho", u"z8-zeros.cho", u"z9.xml", u"z9.pdf"})
+         {u"z6-vazio.cho", u"z7-foto.cho", u"z8-zeros.cho", u"z9.xml", u"z9.rtf", u"z9.pdf"})
         QVERIFY2(m_converted.err.contains(u"acervo/" + QString::fromUtf16(name) + u':'),
                  qPrintable(QString::fromUtf16(name) + u'\n' + m_converted.err.left(2000)));
     QVERIFY2(!m_converted.err.contains(u"/0000.cho"), qPrintable(m_converted.err.left(2000)));
@@ -321,7 +323,8 @@ void tst_acervo_convertido::everySongIsInTheCatalogue()
     for (qsizetype i = 0; i < qMin(stored.size(), m_expected.size()); ++i)
         QCOMPARE(stored[i], m_expected[i]);
     QCOMPARE(stored.size(), m_expected.size());
-    QCOMPARE(catalogue.Field(u"SELECT COUNT(*) FROM TEMA"_qs).toInt(), int{Themes.size()} + 1);
+    QCOMPARE(catalogue.Field(u"SELECT COUNT(DISTINCT DESCRICAO) FROM TEMA"_qs).toInt(),
+             int{Themes.size()} + 1);
 }
 
 QTEST_MAIN(tst_acervo_convertido)

@@ -5,6 +5,8 @@
 
 #include <QTest>
 
+#include <array>
+
 // Which songs count as the same, and what of a song counts.
 
 namespace {
@@ -57,6 +59,7 @@ private slots:
     void songWithoutLettersIsLikeNoOther();
     void thousandsOfCopiesAreOneGroup();
     void likesAreFoundAmongManySongs();
+    void likesAreFoundWhereAllSongsShareTheirWords();
 };
 
 void tst_lookalikes::lettersThatCount_data()
@@ -68,10 +71,10 @@ void tst_lookalikes::lettersThatCount_data()
     QTest::newRow("title and lyrics") << u"Luz"_qs << u"Sobre o mar"_qs << u"luzsobreomar"_qs;
     QTest::newRow("capitals and accents") << u"CORAÇÃO"_qs << u"É só"_qs << u"coracaoeso"_qs;
     QTest::newRow("accents in two characters")
-        << u"Cora\u0327a\u0303o"_qs << u""_qs << u"coracao"_qs;
+        << u"Corac\u0327a\u0303o"_qs << u""_qs << u"coracao"_qs;
     QTest::newRow("chord lines") << u"Luz"_qs << u"C  G7/B  Am\r\nO mar"_qs << u"luzomar"_qs;
     QTest::newRow("blanks and line ends")
-        << u" A\tB "_qs << u"lu\u00A0z \r\n\r\nx"_qs << u"abluzx"_qs;
+        << u" A\tB "_qs << u"lu\u00A0z \r\n\r\nfim"_qs << u"abluzfim"_qs;
     QTest::newRow("punctuation") << u"Luz!"_qs << u"“o — mar…” (vai)?"_qs << u"luzomarvai"_qs;
     QTest::newRow("numbers stay") << u"Salmo 22"_qs << u""_qs << u"salmo22"_qs;
     QTest::newRow("other alphabets stay") << u"Κύριε"_qs << u""_qs << u"κυριε"_qs;
@@ -190,6 +193,36 @@ void tst_lookalikes::likesAreFoundAmongManySongs()
         alikes.Add(10'000 + i, Letters(song.title, u"Outra primeira linha\r\n"_qs +
                                                        song.text.mid(song.text.size() / 20)));
         planted += QString::number(i) + u' ' + QString::number(10'000 + i);
+    }
+    QStringList found;
+    for (const LookAlikes::Group& group : alikes.Groups()) {
+        QCOMPARE(group.songs.size(), 2);
+        found += QString::number(group.songs[0]) + u' ' + QString::number(group.songs[1]);
+    }
+    QCOMPARE(found, planted);
+}
+
+/// Hymns: a few words make them all, so every piece of one is in hundreds of others.
+void tst_lookalikes::likesAreFoundWhereAllSongsShareTheirWords()
+{
+    constexpr std::array words = {u"santo",  u"glória", u"aleluia",  u"senhor", u"céus", u"terra",
+                                  u"louvor", u"amém",   u"cordeiro", u"paz",    u"povo", u"luz"};
+    SongGenerator numbers(5);
+    LookAlikes alikes;
+    QStringList planted;
+    QByteArray before;
+    for (int i = 0; i < 1500; ++i) {
+        QString text;
+        for (int word = 0; word < 300; ++word)
+            text +=
+                QString::fromUtf16(words[static_cast<std::size_t>(numbers.Below(words.size()))]);
+        QByteArray letters = Letters(QString::number(i), text);
+        if (i % 50 == 49) {
+            letters = before + "fim";
+            planted += QString::number(i - 1) + u' ' + QString::number(i);
+        }
+        alikes.Add(i, letters);
+        before = letters;
     }
     QStringList found;
     for (const LookAlikes::Group& group : alikes.Groups()) {

@@ -127,7 +127,7 @@ void tst_verifica::everyFindingIsTold_data()
     QTest::newRow("theme without a name") << u"UPDATE TEMA SET DESCRICAO = '' WHERE ID = 1"_qs
                                           << u"- Temas sem nome: 1\n    tema 1\n"_qs;
     QTest::newRow("theme twice") << u"UPDATE TEMA SET DESCRICAO = 'Natal'"_qs
-                                 << u"- Temas com o mesmo nome: 1\n    \"Natal\", 2 vezes\n"_qs;
+                                 << u"* Temas com o mesmo nome: 1\n    \"Natal\", 2 vezes\n"_qs;
     QTest::newRow("thirteen notes")
         << u"INSERT INTO TOM (NOTA, ORDEM, MAIS) VALUES ('H', 13, 'H')"_qs
         << u"* Faltam linhas com que o programa conta: 1\n"
@@ -303,7 +303,8 @@ void tst_verifica::wrongUse_data()
     QTest::newRow("repair without a name")
         << QStringList{u"a"_qs, u"--reparar"_qs} << u"--reparar precisa do nome"_qs;
     QTest::newRow("force without repair")
-        << QStringList{u"a"_qs, u"--force"_qs} << u"só têm sentido com --reparar"_qs;
+        << QStringList{u"a"_qs, u"--force"_qs}
+        << u"--simular e --force só têm sentido com --reparar\n"_qs;
     QTest::newRow("no such file") << QStringList{u"/nada/a.mdb"_qs}
                                   << u"/nada/a.mdb: O arquivo do banco de dados não existe."_qs;
 }

@@ -93,6 +93,7 @@ private slots:
     void linksToWhatIsGoneAreTaken();
     void setlistIsNumberedWithoutEmptyPlaces();
     void songsWithoutThemeGetOne();
+    void themesOfOneNameAreJoined();
     void fixedRowsComeBack();
     void missingTableAndColumnComeBack();
     void identifiersAreNotGivenTwice();
@@ -205,6 +206,28 @@ void tst_verifica_reparo::songsWithoutThemeGetOne()
                  "ON TEMA.ID = ID_TEMA ORDER BY ID_MUSICA"_qs),
              (QList<QStringList>{{u"1"_qs, u"Sem Tema"_qs, u"3"_qs, u""_qs},
                                  {u"2"_qs, u"Sem Tema"_qs, u"3"_qs, u""_qs}}));
+}
+
+void tst_verifica_reparo::themesOfOneNameAreJoined()
+{
+    const TestCatalogue catalogue;
+    for (const char16_t* title : {u"Luar", u"Asa", u"Sol"})
+        catalogue.AddSong(QString::fromUtf16(title));
+    for (const char16_t* name : {u"Natal", u"Sem Tema", u"Natal", u"natal", u"Sem Tema"})
+        catalogue.AddTheme(QString::fromUtf16(name));
+    catalogue.Link(1, 1);
+    catalogue.Link(1, 3);
+    catalogue.Link(2, 5);
+    catalogue.Link(3, 4);
+    const Outcome outcome = Repair(catalogue.Path());
+    QVERIFY2(outcome.out.contains(u"    2 temas juntados a outro com o mesmo nome\n"
+                                  "    1 ligações repetidas retiradas\n"_qs),
+             qPrintable(outcome.out + outcome.err));
+    QCOMPARE(PlainSqlite(m_new).Rows(u"SELECT DESCRICAO FROM TEMA ORDER BY ID"_qs),
+             (QList<QStringList>{{u"Natal"_qs}, {u"Sem Tema"_qs}, {u"natal"_qs}}));
+    QCOMPARE(PlainSqlite(m_new).Rows(u"SELECT * FROM TEMA_MUSICA ORDER BY ID_MUSICA"_qs),
+             (QList<QStringList>{{u"1"_qs, u"1"_qs}, {u"2"_qs, u"2"_qs}, {u"3"_qs, u"4"_qs}}));
+    QCOMPARE(outcome.code, 0);
 }
 
 void tst_verifica_reparo::fixedRowsComeBack()
