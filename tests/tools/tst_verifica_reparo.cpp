@@ -383,7 +383,7 @@ void tst_verifica_reparo::flippedBytesNeverCrash()
         return static_cast<qsizetype>((state >> 33U) % static_cast<std::uint64_t>(limit));
     };
     int repaired = 0;
-    constexpr int Rounds = 60;
+    constexpr int Rounds = 30;
     for (int round = 0; round < Rounds; ++round) {
         QByteArray damaged = bytes;
         for (int i = 0; i < 1 + round; ++i) {
