@@ -22,3 +22,4 @@ void BenchImport(const Scale& scale, ResultTable& table);
 void ImportAlone(const QString& path);
 
 void BenchStart(const Scale& scale, ResultTable& table);
+void BenchVerify(const Scale& scale, ResultTable& table);

@@ -18,7 +18,7 @@ struct Bench
     void (*run)(const Scale&, ResultTable&);
 };
 
-constexpr std::array<Bench, 12> Benches{{
+constexpr std::array<Bench, 13> Benches{{
     {u"fill", BenchFill},
     {u"search", BenchSearch},
     {u"typing", BenchTyping},
@@ -31,6 +31,7 @@ constexpr std::array<Bench, 12> Benches{{
     {u"export", BenchExport},
     {u"import", BenchImport},
     {u"start", BenchStart},
+    {u"verify", BenchVerify},
 }};
 
 Scale ShortScale()
@@ -75,7 +76,7 @@ int main(int argc, char* argv[])
     }
     if (table.IsEmpty()) {
         out << "Names: fill search typing suggestions chords viewer scroll songlist setlist "
-               "export import start\n";
+               "export import start verify\n";
         return 1;
     }
     out << table.ToText();

@@ -23,6 +23,12 @@ bool IsCatalogue(QByteArrayView bytes)
                                   bytes.sliced(4).startsWith("Standard ACE DB")));
 }
 
+/// Documents whose bytes may all be characters and are no song all the same.
+bool IsDocument(QByteArrayView bytes)
+{
+    return bytes.startsWith("%PDF-") || bytes.startsWith("{\\rtf");
+}
+
 /// Without the mark and blanks in front.
 QStringView Start(const QString& text)
 {
@@ -68,6 +74,9 @@ Source ReadSource(QByteArrayView bytes, const QString& name)
         return Refused(SourceKind::Catalogue, u"é um catálogo, não uma música"_qs);
     if (bytes.size() > LargestSource)
         return Refused(SourceKind::Unknown, u"o arquivo é grande demais para uma música"_qs);
+    if (IsDocument(bytes))
+        return Refused(SourceKind::Unknown,
+                       u"é um documento PDF ou RTF; salve-o como texto simples"_qs);
     const QString text = DecodeText(bytes);
     const QStringView start = Start(text);
     if (start.isEmpty())
