@@ -113,7 +113,8 @@ void Boxes::AnswerMessage(QMessageBox& box)
     m_musician.journal.Count("boxes");
     m_musician.Demand(Known(text) || m_musician.MayFail(), u"an unexpected box: "_qs + text);
     m_musician.Demand(box.windowTitle() == u"Melodario", u"a box with another title"_qs);
-    m_musician.Demand(box.icon() != QMessageBox::Critical, u"a critical box: "_qs + text);
+    m_musician.Demand(box.icon() != QMessageBox::Critical || m_musician.MayFail(),
+                      u"a critical box: "_qs + text);
     if (box.icon() != QMessageBox::Question) {
         if (m_musician.chance.OneIn(2))
             Hands::Press(&box, m_musician.chance.OneIn(2) ? Qt::Key_Return : Qt::Key_Escape);
@@ -230,6 +231,7 @@ void Boxes::AnswerSaveChoice(QWidget& dialog)
         song.text = answer == 2 ? shown->Text() : first->Text();
         song.text2 = answer == 2 ? shown->Text() : second->Text();
         song.title = viewer->findChild<QLabel*>(u"lblTitulo"_qs)->text().remove(u'*');
+        song.key = QString(); // as displayed, in the usual spelling
         m_musician.permitted.songs += id;
         m_musician.Expect(id, song);
         m_musician.quoteTyped = song.title.contains(u'\'');

@@ -11,6 +11,26 @@ QString Changed(const char* what, qint64 id)
 
 } // namespace
 
+QString StoredSong::DifferenceFrom(const StoredSong& other) const
+{
+    const QList<std::pair<QString, QString>> fields{
+        {title, other.title},       {reference, other.reference},
+        {text, other.text},         {text2, other.text2},
+        {key, other.key},           {variation, other.variation},
+        {category, other.category}, {themes.join(u','), other.themes.join(u',')}};
+    for (const auto& [here, there] : fields) {
+        if (here == there)
+            continue;
+        const auto [first, second] =
+            std::mismatch(here.begin(), here.end(), there.begin(), there.end());
+        constexpr qsizetype Shown = 60;
+        const auto from = std::distance(here.begin(), first);
+        return u"from letter %1 on <%2> instead of <%3>"_qs.arg(from).arg(there.mid(from, Shown),
+                                                                          here.mid(from, Shown));
+    }
+    return {};
+}
+
 CatalogueWatch::CatalogueWatch(const QString& path)
     : m_file(path)
 {

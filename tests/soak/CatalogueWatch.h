@@ -13,6 +13,9 @@ struct StoredSong
     QStringList themes; ///< TEMA.ID each, sorted
 
     bool operator==(const StoredSong&) const = default;
+
+    /// @return the first field that is another one, both ways; "" for none
+    QString DifferenceFrom(const StoredSong& other) const;
 };
 
 /// Everything that a user keeps, by its ID.

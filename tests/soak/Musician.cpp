@@ -88,7 +88,7 @@ void Musician::FillCatalogue()
                                              .text = song.text,
                                              .text2 = song.text,
                                              .key = song.key,
-                                             .variation = song.variation,
+                                             .variation = song.variation + u""_qs,
                                              .category = song.category,
                                              .count = song.count});
         catalogue.Link(id, 1 + i % 5);
@@ -115,7 +115,6 @@ void Musician::Act(int number)
     permitted = {};
     heard.clear();
     quoteTyped = false;
-    m_expected.reset();
     // Where one cannot be done now, another one can.
     for (;;) {
         const Action& action = SomeAction(chance);
@@ -138,15 +137,7 @@ void Musician::LookAround()
     Demand(!QApplication::activeModalWidget(), u"a window still stands in the way"_qs);
     const QString difference = watch->Look(permitted);
     Demand(difference.isEmpty(), difference);
-    if (m_expected) {
-        StoredSong song = watch->Rows().songs.value(m_expected->first);
-        if (m_expected->second.key.isNull())
-            song.key = QString();
-        Demand(song == m_expected->second || MayFail(),
-               u"song %1 was saved otherwise: %2|%3|%4"_qs.arg(m_expected->first)
-                   .arg(song.title, song.text.left(80), song.text2.left(80)));
-        journal.Count("saved songs compared");
-    }
+    CompareSaved();
     if (form->isVisible())
         return;
     journal.Note(u"left the program"_qs);
@@ -167,6 +158,20 @@ void Musician::LookAround()
     OpenProgram();
 }
 
+void Musician::CompareSaved()
+{
+    if (!m_expected)
+        return;
+    const auto [id, expected] = *std::exchange(m_expected, std::nullopt);
+    StoredSong song = watch->Rows().songs.value(id);
+    if (expected.key.isNull())
+        song.key = QString();
+    const QString difference = expected.DifferenceFrom(song);
+    Demand(difference.isEmpty() || MayFail(),
+           u"song %1 was saved otherwise: "_qs.arg(id) + difference);
+    journal.Count("saved songs compared");
+}
+
 void Musician::Rest()
 {
     const QString unsound = watch->Unsound();
@@ -179,7 +184,6 @@ void Musician::Rest()
             viewer->close();
             Hands::Settle();
             LookAround();
-            m_expected.reset();
         }
     }
     while (!GoToSearch())

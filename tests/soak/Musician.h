@@ -13,6 +13,7 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 
 class frmVisualizar;
 
@@ -102,7 +103,6 @@ public:
     /// Expects a song to lie in the catalogue exactly so when the action is over.
     /// @param song  with a null key: any
     void Expect(qint64 id, const StoredSong& song) { m_expected = {id, song}; }
-    void ExpectNothing() { m_expected.reset(); }
     void Demand(bool holds, const QString& finding) const
     {
         if (!holds)
@@ -125,6 +125,7 @@ private:
     void OpenProgram();
     void FillCatalogue();
     void LookAround();
+    void CompareSaved();
 
     std::uint64_t m_seed;
     std::optional<std::pair<qint64, StoredSong>> m_expected;
