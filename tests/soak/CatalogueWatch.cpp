@@ -114,7 +114,11 @@ QString CatalogueWatch::Unsound()
         u"SELECT 'song without title', ID FROM MUSICA WHERE COALESCE(TITULO, '') = ''"_qs,
         u"SELECT 'wrong category', ID FROM MUSICA WHERE CATEGORIA IS NULL OR CATEGORIA NOT IN (1, "
         "2)"_qs,
-        u"SELECT 'unknown key', ID FROM MUSICA WHERE TOM IS NULL OR (TOM NOT IN (SELECT NOTA FROM "
+        // A key that the entry panel does not offer is saved there as an empty one, and an unknown
+        // one in a viewer as a question mark.
+        u"SELECT 'unknown key', ID FROM MUSICA WHERE TOM IS NULL OR (TOM NOT IN ('', '?') AND TOM "
+        u"NOT IN "
+        u"(SELECT NOTA FROM "
         "TOM) AND TOM NOT IN (SELECT MAIS FROM TOM))"_qs,
         u"SELECT 'unknown variation', ID FROM MUSICA WHERE VARIACAO IS NULL OR VARIACAO NOT IN "
         "(SELECT NOMENCLATURA FROM VARIACAO)"_qs,

@@ -16,7 +16,9 @@ bool Exports(Musician& user)
         return true;
     user.AwaitSearch();
     auto* list = user.Seen<ListaMusicas>("lstMusicas");
-    for (int i = user.chance.Below(5); i > 0 && list->ListCount() > 0; --i)
+    if (list->ListCount() == 0)
+        user.Click("lblAlfa_26");
+    for (int i = user.chance.Below(6); i > 0 && list->ListCount() > 0; --i)
         Hands::ClickRow(list, user.chance.Below(list->ListCount()), Qt::LeftButton,
                         Qt::ControlModifier);
     user.Choose("Exportar");
@@ -65,5 +67,5 @@ bool Imports(Musician& user)
 
 void AddExchangeActions(QList<Action>& actions)
 {
-    actions += {{"export", 5, Exports}, {"import", 4, Imports}};
+    actions += {{"export", 6, Exports}, {"import", 6, Imports}};
 }

@@ -62,10 +62,14 @@ Journal::~Journal()
 
 void Journal::Begin(int number, const char* kind)
 {
-    ++m_kinds[QString::fromLatin1(kind)];
     m_last += QString::number(number) + u' ' + QString::fromLatin1(kind);
     if (m_last.size() > Remembered)
         m_last.removeFirst();
+}
+
+void Journal::End(const char* kind)
+{
+    ++m_kinds[QString::fromLatin1(kind)];
 }
 
 void Journal::Note(const QString& text)

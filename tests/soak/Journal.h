@@ -19,6 +19,8 @@ public:
     Journal& operator=(const Journal&) = delete;
 
     void Begin(int number, const char* kind);
+    /// Counts an action that could be done.
+    void End(const char* kind);
     /// Adds to the action that is under way.
     void Note(const QString& text);
     void Count(const char* what, int more = 1) { m_counts[QString::fromLatin1(what)] += more; }

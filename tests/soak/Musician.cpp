@@ -119,8 +119,10 @@ void Musician::Act(int number)
     for (;;) {
         const Action& action = SomeAction(chance);
         journal.Begin(number, action.kind);
-        if (action.perform(*this))
+        if (action.perform(*this)) {
+            journal.End(action.kind);
             break;
+        }
         journal.Note(u"not now"_qs);
     }
     Hands::Settle();
