@@ -58,12 +58,12 @@ bool IsTouched(const QWidget* widget)
             qobject_cast<const ClickableLabel*>(widget) || qobject_cast<const QLineEdit*>(widget));
 }
 
-/// Nothing of it stores what is on the screen, nor takes a song from a setlist that has no current
-/// one, which is refused with an error.
+/// Nothing of it stores what is on the screen, nor takes or moves a song of a setlist that has no
+/// current one, which is refused with an error.
 bool Harmless(const QWidget* widget)
 {
     static const QStringList refused{u"cmdCadSalvar"_qs, u"cmdCadIgualarSalvar"_qs, u"cmdSalvar"_qs,
-                                     u"cmdRemover"_qs};
+                                     u"cmdRemover"_qs, u"cmdDown"_qs};
     return !refused.contains(widget->objectName());
 }
 
