@@ -5,7 +5,7 @@ packages_to_build="g++ cmake ninja-build qt6-base-dev qt6-svg-dev libqt6svg6 qt6
     libsqlite3-dev libicu-dev libxml2-dev mdbtools-dev pkg-config fonts-inconsolata fonts-crosextra-carlito"
 packages_for_virtual_screen="xvfb openbox xdotool imagemagick x11-utils"
 packages_to_test="clang-14 lld-14 libclang-rt-14-dev llvm-14 clang-tidy-14 clang-format-14
-    libbenchmark-dev ccache git at-spi2-core dbus-daemon poppler-utils
+    g++-mingw-w64-x86-64-posix libbenchmark-dev ccache git at-spi2-core dbus-daemon poppler-utils
     appstream desktop-file-utils gtk-update-icon-cache libglib2.0-bin libxml2-utils man-db
     shared-mime-info shellcheck xdg-utils"
 packages_for_the_tar="xz-utils"
