@@ -309,7 +309,7 @@ void tst_appearance::the_text_of_a_bar_is_readable_wherever_the_bar_reaches()
         bar.setValue(value);
         return bar.grab().toImage();
     };
-    const auto ground = [Size](const QImage& image) {
+    const auto ground = [](const QImage& image) {
         return image.pixelColor(image.width() / 8, image.height() / 2);
     };
     const auto darkest = [](const QImage& image) {

@@ -503,7 +503,7 @@ void tst_statement_templates::whatIsUndoneIsForgotten()
         other.Execute(u"SELECT ID FROM MUSICA WHERE ID = 01"_qs);
         connection.Execute(u"UPDATE TEMA SET DESCRICAO = 'luz' WHERE ID = 01"_qs);
         QCOMPARE(connection.Execute(named).RecordCount(), 3);
-        QVERIFY_EXCEPTION_THROWN(connection.CommitBatch(), RuntimeError);
+        QVERIFY_THROWS_EXCEPTION(RuntimeError, connection.CommitBatch());
     }
     QCOMPARE(connection.Execute(named).RecordCount(), 2);
 }
