@@ -17,6 +17,7 @@
 #include "viewer/frmVisualizar.h"
 
 #include <QDir>
+#include <QSettings>
 #include <QTemporaryDir>
 #include <QTextStream>
 
@@ -94,6 +95,8 @@ int main(int argc, char* argv[])
     Funcoes::Prepara(application);
 
     const QTemporaryDir folder;
+    // Pickers remember the last folder: the next run would show another one.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
     const QString copy = folder.filePath(QStringLiteral("Melodario.mdb"));
     if (!QFile::copy(words.at(1), copy) || !QDir().mkpath(words.at(2))) {
         QTextStream(stderr) << "no such catalogue, or no place for the pictures" << Qt::endl;
