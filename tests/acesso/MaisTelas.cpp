@@ -1,5 +1,7 @@
 #include "acesso/MaisTelas.h"
 
+#include "pictures/TelasCadastro.h"
+#include "pictures/TelasExportacao.h"
 #include "viewer/frmVisualizar.h"
 
 #include <QAbstractButton>
@@ -83,6 +85,8 @@ void ShowTheRest(Pictures& pictures, const QString& catalogue)
     form.mnuImportar_Click();
     ShowSetlistMessages(pictures, form);
     ShowViewerTexts(pictures);
+    ShowSuggestions(pictures, form);
+    ShowExportProgress(pictures, form, 0);
     form.close();
 }
 

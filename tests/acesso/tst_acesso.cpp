@@ -2,10 +2,11 @@
 // it well: on a light desktop and on a dark one.
 
 #include "acesso/Contraste.h"
+#include "acesso/MaisTelas.h"
 #include "acesso/Regras.h"
 #include "acesso/TelasRuins.h"
 #include "app/Main.h"
-#include "pictures/TelasCadastro.h"
+#include "pictures/TelasCatalogoAntigo.h"
 #include "pictures/TelasImportacao.h"
 #include "pictures/TodasAsTelas.h"
 
@@ -155,11 +156,16 @@ void tst_acesso::every_screen_keeps_the_rules()
     Funcoes::Prepara(*qApp);
 
     const QTemporaryDir folder;
-    const QString catalogue = folder.filePath(u"Melodario.mdb"_qs);
-    QVERIFY(QFile::copy(QStringLiteral(MELODARIO_CATALOGUE), catalogue));
+    const QString first = folder.filePath(u"a.mdb"_qs);
+    const QString second = folder.filePath(u"b.mdb"_qs);
+    for (const QString& copy : {first, second})
+        QVERIFY(QFile::copy(QStringLiteral(MELODARIO_CATALOGUE), copy));
     Fiscal fiscal;
-    ShowDelivered(fiscal, catalogue);
-    ShowImport([&fiscal](const QString& name) { fiscal.Save(name); });
+    ShowDelivered(fiscal, first);
+    ShowTheRest(fiscal, second);
+    const auto look = [&fiscal](const QString& name) { fiscal.Save(name); };
+    ShowImport(look);
+    ShowOldCatalogue(look);
     for (const QString& defeito : fiscal.relatorio)
         qWarning("%s", qUtf8Printable(defeito));
     QCOMPARE(fiscal.relatorio.size(), 0);

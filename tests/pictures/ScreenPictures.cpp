@@ -36,6 +36,13 @@ void Principal::Conecta_Banco()
     Funcoes::Conexao.CursorLocation = ::Connection::UseClient;
 }
 
+void BringToFront(QWidget& form)
+{
+    form.activateWindow();
+    if (!QTest::qWaitForWindowActive(&form))
+        qFatal("another window has the keyboard");
+}
+
 void Type(QWidget& form, const QString& text)
 {
     auto* box = form.findChild<QLineEdit*>(QStringLiteral("txtTitulo"));

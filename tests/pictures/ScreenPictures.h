@@ -59,6 +59,9 @@ private:
     QString m_catalogue;
 };
 
+/// Gives a form the keyboard, as a window manager does with what lies below a closed window.
+void BringToFront(QWidget& form);
+
 /// Replaces what the search panel's title box holds and waits for the search.
 void Type(QWidget& form, const QString& text);
 

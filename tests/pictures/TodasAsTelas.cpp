@@ -31,6 +31,7 @@ void ShowDelivered(Pictures& pictures, const QString& catalogue)
     ShowEditing(pictures);
     ShowEntry(pictures, form, catalogue);
     ShowSetlist(pictures, catalogue);
+    BringToFront(form);
     form.mnuPesquisa_Click();
     ShowExportNotice(pictures, form, catalogue);
     ShowSetlists(pictures, form);

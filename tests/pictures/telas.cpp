@@ -71,7 +71,7 @@ void ShowMany(Pictures& pictures)
     pictures.Save(QStringLiteral("visualizador-categoria-aberta"));
     viewer->close();
     ShowSuggestions(pictures, form);
-    ShowExportProgress(pictures, form, ManySongs);
+    ShowExportProgress(pictures, form, ManySongs / 4);
     form.close();
 }
 
