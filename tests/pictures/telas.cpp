@@ -64,7 +64,7 @@ void ShowMany(Pictures& pictures)
     Principal form(catalogue.Path());
     form.Form_Load(QString());
     form.show();
-    QTest::qWait(SearchMs);
+    WaitForSearch(form);
     pictures.Save(QStringLiteral("principal-20000"));
     frmVisualizar* viewer = Open(ManySongs / 2);
     Click(*viewer, QStringLiteral("cmbLista"));
