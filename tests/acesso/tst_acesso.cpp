@@ -123,6 +123,8 @@ void tst_acesso::a_rule_finds_what_breaks_it_data()
     row("the lower one first", Regras::Ordem, TelasRuins::OrdemErrada, u"stands before"_qs);
     row("a grey text", Regras::Contrastes, TelasRuins::TextoApagado, u"contrast of"_qs);
     row("a dark sheet", Regras::Folhas, TelasRuins::FolhaEscura, u"is a sheet on"_qs);
+    row("pale text on a sheet", Regras::Folhas, TelasRuins::FolhaPalida,
+        u"a sheet without dark text"_qs);
     row("a focus that nobody sees", focos, TelasRuins::FocoInvisivel, u"shows the focus in"_qs);
 }
 
