@@ -12,7 +12,9 @@ endfunction()
 # melodario_test(name SOURCES file... LINKS target... [FIXTURES name] [GUI] [TIMEOUT seconds])
 # One executable per test source. Every test runs on the offscreen platform with a screen wide
 # enough for the main form, one scale, one font resolution and one time zone. FIXTURES are those of
-# the same folder.
+# the same folder. What the toolkit's pickers remember in the user's configuration (the last folder)
+# would reach the next test: the folder of that configuration stands where none can be made.
+set(MELODARIO_TEST_CONFIG "XDG_CONFIG_HOME=${CMAKE_CURRENT_LIST_FILE}/none")
 set(MELODARIO_TEST_SCREEN "${PROJECT_SOURCE_DIR}/tests/support/1366.json")
 
 function(melodario_test name)
@@ -30,7 +32,7 @@ function(melodario_test name)
     endif()
     add_test(NAME ${name} COMMAND ${name})
     set(env "QT_QPA_PLATFORM=offscreen:configfile=${MELODARIO_TEST_SCREEN}" LC_ALL=C.UTF-8 TZ=UTC
-            QT_SCALE_FACTOR=1 QT_FONT_DPI=96)
+            QT_SCALE_FACTOR=1 QT_FONT_DPI=96 "${MELODARIO_TEST_CONFIG}")
     set_tests_properties(${name} PROPERTIES ENVIRONMENT "${env}")
     if(T_GUI)
         set_tests_properties(${name} PROPERTIES LABELS gui)
@@ -47,5 +49,5 @@ function(melodario_test_at_200 name screen)
     add_test(NAME ${name}_200 COMMAND ${name})
     set(platform "offscreen:configfile=${PROJECT_SOURCE_DIR}/tests/support/${screen}.json")
     set_tests_properties(${name}_200 PROPERTIES LABELS gui ENVIRONMENT
-        "QT_QPA_PLATFORM=${platform};LC_ALL=C.UTF-8;TZ=UTC;QT_SCALE_FACTOR=2;QT_FONT_DPI=96")
+        "QT_QPA_PLATFORM=${platform};LC_ALL=C.UTF-8;TZ=UTC;QT_SCALE_FACTOR=2;QT_FONT_DPI=96;${MELODARIO_TEST_CONFIG}")
 endfunction()

@@ -29,7 +29,7 @@ public:
         setWindowModality(Qt::ApplicationModal);
         // Nothing is typed into it: who has the keyboard keeps it.
         setAttribute(Qt::WA_ShowWithoutActivating);
-        m_barra->setAccessibleName(QStringLiteral("Andamento da importação"));
+        m_barra->setAccessibleName(texto);
         m_barra->setRange(0, Partes);
         m_barra->setMinimumWidth(Largura);
         auto* linhas = new QVBoxLayout(this);

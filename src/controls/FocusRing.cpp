@@ -58,5 +58,7 @@ void FocusRing::Follow()
 void FocusRing::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    Draw(painter, rect(), palette().color(QPalette::Highlight), Width);
+    // The ground's own: under a style sheet it is not handed down.
+    const QPalette ground = parentWidget()->palette();
+    Draw(painter, rect(), ground.color(QPalette::Highlight), Width);
 }

@@ -40,6 +40,7 @@ void frmVisualizar::Prepara_Aparencia()
     // The sheet is paper, under every look.
     QPalette folha = ui->pctMusica->palette();
     folha.setColor(QPalette::Window, Appearance::Surface);
+    folha.setColor(QPalette::Highlight, Appearance::Accent); // of the ring around what is typed in
     ui->pctMusica->setPalette(folha);
     Pinta(ui->lblTemas, QPalette::WindowText, QPalette::PlaceholderText);
     Pinta(ui->lblCont, QPalette::WindowText, QPalette::PlaceholderText);

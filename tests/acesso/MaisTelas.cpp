@@ -1,5 +1,7 @@
 #include "acesso/MaisTelas.h"
 
+#include "pictures/TelasCadastro.h"
+#include "pictures/TelasExportacao.h"
 #include "viewer/frmVisualizar.h"
 
 #include <QAbstractButton>
@@ -72,8 +74,11 @@ void ShowTheRest(Pictures& pictures, const QString& catalogue)
     Principal form(catalogue);
     form.Form_Load(QString());
     form.show();
+    auto* clock = form.findChild<QTimer*>(u"Timer1"_qs);
+    clock->stop(); // however long the painting takes
     pictures.Save(u"principal-antes-da-pesquisa"_qs);
-    QTest::qWait(SearchMs);
+    clock->start();
+    WaitForSearch(form);
     SaveBox(pictures, u"sobre"_qs, [&form] { form.mnuSobre_Click(); });
     SaveBox(pictures, u"comando-abrir"_qs, [&form] { form.Executa_Comando(u"abrir@1"_qs); });
     WhenBoxIsOpen(pictures, [&pictures](QDialog& picker) {
@@ -83,6 +88,8 @@ void ShowTheRest(Pictures& pictures, const QString& catalogue)
     form.mnuImportar_Click();
     ShowSetlistMessages(pictures, form);
     ShowViewerTexts(pictures);
+    ShowSuggestions(pictures, form);
+    ShowExportProgress(pictures, form, 0);
     form.close();
 }
 

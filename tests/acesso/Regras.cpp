@@ -372,7 +372,11 @@ QStringList Regras::Folhas(QWidget& janela)
     for (QTextEdit* folha : folhas) {
         if (!folha->isVisibleTo(&janela))
             continue;
+        // A caret is dark enough for any text.
+        const int cursor = folha->cursorWidth();
+        folha->setCursorWidth(0);
         const QImage imagem = Imagem(*folha->viewport(), folha->viewport()->rect());
+        folha->setCursorWidth(cursor);
         const QColor fundo = Contraste::Fundo(imagem, imagem.rect());
         if (fundo != QColor(Qt::white) && fundo != QColor(0xC0, 0xC0, 0xC0))
             defeitos.append(Nome(folha) + u" is a sheet on "_qs + fundo.name());

@@ -71,6 +71,15 @@ inline void FolhaEscura(QWidget& janela)
     folha->setGeometry(20, 20, 200, 100);
 }
 
+/// Paper that took the text of a dark desktop.
+inline void FolhaPalida(QWidget& janela)
+{
+    auto* folha = new QTextEdit(u"C  G7"_qs, &janela);
+    folha->setAccessibleName(u"Letra"_qs);
+    folha->setStyleSheet(u"background: white; color: #d3dae2; border: none"_qs);
+    folha->setGeometry(20, 20, 200, 100);
+}
+
 /// A box whose ring is taken away and whose new border nobody sees.
 inline void FocoInvisivel(QWidget& janela)
 {

@@ -2,10 +2,11 @@
 // it well: on a light desktop and on a dark one.
 
 #include "acesso/Contraste.h"
+#include "acesso/MaisTelas.h"
 #include "acesso/Regras.h"
 #include "acesso/TelasRuins.h"
 #include "app/Main.h"
-#include "pictures/TelasCadastro.h"
+#include "pictures/TelasCatalogoAntigo.h"
 #include "pictures/TelasImportacao.h"
 #include "pictures/TodasAsTelas.h"
 
@@ -122,6 +123,8 @@ void tst_acesso::a_rule_finds_what_breaks_it_data()
     row("the lower one first", Regras::Ordem, TelasRuins::OrdemErrada, u"stands before"_qs);
     row("a grey text", Regras::Contrastes, TelasRuins::TextoApagado, u"contrast of"_qs);
     row("a dark sheet", Regras::Folhas, TelasRuins::FolhaEscura, u"is a sheet on"_qs);
+    row("pale text on a sheet", Regras::Folhas, TelasRuins::FolhaPalida,
+        u"a sheet without dark text"_qs);
     row("a focus that nobody sees", focos, TelasRuins::FocoInvisivel, u"shows the focus in"_qs);
 }
 
@@ -155,11 +158,16 @@ void tst_acesso::every_screen_keeps_the_rules()
     Funcoes::Prepara(*qApp);
 
     const QTemporaryDir folder;
-    const QString catalogue = folder.filePath(u"Melodario.mdb"_qs);
-    QVERIFY(QFile::copy(QStringLiteral(MELODARIO_CATALOGUE), catalogue));
+    const QString first = folder.filePath(u"a.mdb"_qs);
+    const QString second = folder.filePath(u"b.mdb"_qs);
+    for (const QString& copy : {first, second})
+        QVERIFY(QFile::copy(QStringLiteral(MELODARIO_CATALOGUE), copy));
     Fiscal fiscal;
-    ShowDelivered(fiscal, catalogue);
-    ShowImport([&fiscal](const QString& name) { fiscal.Save(name); });
+    ShowDelivered(fiscal, first);
+    ShowTheRest(fiscal, second);
+    const auto look = [&fiscal](const QString& name) { fiscal.Save(name); };
+    ShowImport(look);
+    ShowOldCatalogue(look);
     for (const QString& defeito : fiscal.relatorio)
         qWarning("%s", qUtf8Printable(defeito));
     QCOMPARE(fiscal.relatorio.size(), 0);
@@ -198,7 +206,7 @@ int main(int argc, char* argv[])
     QApplication::setCursorFlashTime(0);
     QAccessible::setActive(true);
     PaintMs = 30;
-    SearchMs = 500;
+    CountdownMs = 0; // no text and no rule knows one second from another
     tst_acesso test;
     return QTest::qExec(&test, argc, argv);
 }

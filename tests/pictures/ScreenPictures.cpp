@@ -4,6 +4,7 @@
 #include "support/TestCatalogue.h"
 #include "viewer/frmVisualizar.h"
 
+#include <QLabel>
 #include <QPixmap>
 #include <QScreen>
 #include <QTextStream>
@@ -36,6 +37,25 @@ void Principal::Conecta_Banco()
     Funcoes::Conexao.CursorLocation = ::Connection::UseClient;
 }
 
+void BringToFront(QWidget& form)
+{
+    form.activateWindow();
+    if (!QTest::qWaitForWindowActive(&form))
+        qFatal("another window has the keyboard");
+}
+
+void WaitForSearch(const QWidget& form)
+{
+    constexpr int Patience = 60000;
+    const auto* clock = form.findChild<QTimer*>(QStringLiteral("Timer1"));
+    const auto* result = form.findChild<QLabel*>(QStringLiteral("lblResultado"));
+    const auto over = [&] {
+        return !clock->isActive() && result->text() != QStringLiteral("Aguarde...");
+    };
+    if (!QTest::qWaitFor(over, Patience))
+        qFatal("the search does not end");
+}
+
 void Type(QWidget& form, const QString& text)
 {
     auto* box = form.findChild<QLineEdit*>(QStringLiteral("txtTitulo"));
@@ -43,7 +63,7 @@ void Type(QWidget& form, const QString& text)
     QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(box, Qt::Key_Delete);
     QTest::keyClicks(box, text);
-    QTest::qWait(SearchMs);
+    WaitForSearch(form);
 }
 
 void Click(QWidget& form, const QString& name)

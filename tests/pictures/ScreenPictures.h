@@ -20,8 +20,8 @@ class frmVisualizar;
 namespace Telas {
 
 // Whoever shows no windows to a window manager may wait less.
-inline int PaintMs = 400;   ///< a window manager maps, paints and raises within this
-inline int SearchMs = 1200; ///< the clock of the search and the search itself
+inline int PaintMs = 400;      ///< a window manager maps, paints and raises within this
+inline int CountdownMs = 2100; ///< what a viewer's countdown goes on for before it is shown
 
 class Pictures : public QObject
 {
@@ -58,6 +58,12 @@ protected:
 private:
     QString m_catalogue;
 };
+
+/// Gives a form the keyboard, as a window manager does with what lies below a closed window.
+void BringToFront(QWidget& form);
+
+/// Waits until the search panel shows what it was last asked for.
+void WaitForSearch(const QWidget& form);
 
 /// Replaces what the search panel's title box holds and waits for the search.
 void Type(QWidget& form, const QString& text);

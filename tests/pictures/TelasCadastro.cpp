@@ -31,9 +31,11 @@ void ShowThemes(Pictures& pictures, Principal& form)
     SaveAnswer(pictures, QStringLiteral("cadastro-tema-cadastrado"), QStringLiteral("Advento"),
                add);
     pictures.Save(QStringLiteral("cadastro-temas"));
-    themes->setFocus();
-    QTest::keyClick(themes, Qt::Key_Home);
-    QTest::keyClick(themes, Qt::Key_Down); // the new one, which no song has
+    // The new one, which no song has.
+    const auto fresh = themes->model()->match(themes->model()->index(0, 0), Qt::DisplayRole,
+                                              QStringLiteral("Advento"), 1, Qt::MatchExactly);
+    QTest::mouseClick(themes->viewport(), Qt::LeftButton, {},
+                      themes->visualRect(fresh.value(0)).center());
     SaveBox(pictures, QStringLiteral("cadastro-exclui-tema"),
             [themes] { QTest::keyClick(themes, Qt::Key_Delete); });
 }
@@ -63,6 +65,7 @@ void ShowEntry(Pictures& pictures, Principal& form, const QString& catalogue)
         QTest::mouseClick(themes->viewport(), Qt::LeftButton, {},
                           themes->visualRect(themes->model()->index(row, 0)).center());
     };
+    BringToFront(form);
     form.mnuCadastro_Click();
     pictures.Save(QStringLiteral("cadastro-nova"));
     SaveFailedSave(pictures, form, QStringLiteral("cadastro-sem-titulo"));
@@ -97,6 +100,7 @@ void ShowEntry(Pictures& pictures, Principal& form, const QString& catalogue)
 
 void ShowSuggestions(Pictures& pictures, frmPrincipal& form)
 {
+    BringToFront(form);
     form.mnuCadastro_Click();
     const auto type = [&](const QString& name, const QString& text, const QString& picture) {
         auto* box = form.findChild<QLineEdit*>(name);

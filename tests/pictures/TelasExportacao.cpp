@@ -46,7 +46,8 @@ void ShowExport(Pictures& pictures, Principal& form)
         SaveExported(pictures, QStringLiteral("exportar-arquivo-gerado"), dialog);
     });
     InExportForm(form, [&](QDialog& dialog) {
-        const ChosenPlace place(QStringLiteral("/proc/domingo.mld"));
+        // A place that is gone: the next picker has to begin in one that it can list.
+        const ChosenPlace place(QStringLiteral("/media/pendrive/domingo.mld"));
         SaveExported(pictures, QStringLiteral("exportar-recusado"), dialog);
     });
 }
@@ -62,7 +63,7 @@ void ShowExportNotice(Pictures& pictures, Principal& form, const QString& catalo
     InExportForm(form, [&](QDialog&) { pictures.Save(QStringLiteral("exportar-aviso")); });
 }
 
-void ShowExportProgress(Pictures& pictures, Principal& form, int songs)
+void ShowExportProgress(Pictures& pictures, Principal& form, int written)
 {
     form.mnuPesquisa_Click();
     form.Pesquisa();
@@ -75,7 +76,7 @@ void ShowExportProgress(Pictures& pictures, Principal& form, int songs)
         bool saved = false;
         QTimer watch;
         QObject::connect(&watch, &QTimer::timeout, &dialog, [&] {
-            if (bar->isVisible() && bar->value() > songs / 4 && !std::exchange(saved, true))
+            if (bar->isVisible() && bar->value() >= written && !std::exchange(saved, true))
                 pictures.Save(QStringLiteral("exportar-andamento"));
         });
         watch.start(0);

@@ -12,7 +12,7 @@ void ShowExport(Pictures& pictures, Principal& form);
 void ShowExportNotice(Pictures& pictures, Principal& form, const QString& catalogue);
 
 /// While many songs are written.
-/// @param songs  how many the form finds
-void ShowExportProgress(Pictures& pictures, Principal& form, int songs);
+/// @param written  how many are, when the picture is taken
+void ShowExportProgress(Pictures& pictures, Principal& form, int written);
 
 } // namespace Telas

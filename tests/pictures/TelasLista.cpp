@@ -16,10 +16,7 @@ void ShowSetlists(Pictures& pictures, Principal& form)
         }
         for (const int row : {2, 0, 3})
             DoubleClick(form, "lstMusicasLista", row);
-        QTimer::singleShot(PaintMs, &form, [] {
-            if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
-                box->reject();
-        });
+        WhenBoxIsOpen(form, [](QDialog& box) { box.reject(); });
         Click(form, QStringLiteral("cmdSalvar"));
     };
     store(QStringLiteral("Ensaio de quinta"), QStringLiteral("05032009"));
@@ -27,8 +24,7 @@ void ShowSetlists(Pictures& pictures, Principal& form)
     store(QStringLiteral("Natal"), QStringLiteral("24122008"));
     SaveBox(pictures, QStringLiteral("lista-mensagem"),
             [&form] { DoubleClick(form, "lstLista", 1); });
-    QTimer::singleShot(
-        0, &form, [] { Click(*QApplication::activeModalWidget(), QStringLiteral("cmdEditar")); });
+    WhenBoxIsOpen(form, [](QDialog& dialog) { Click(dialog, QStringLiteral("cmdEditar")); });
     DoubleClick(form, "lstLista", 1);
     DoubleClick(form, "lstMusicasLista", 1);
     auto* chosen = form.findChild<QAbstractItemView*>(QStringLiteral("lstMusicasSelecionadas"));

@@ -6,7 +6,7 @@ void ShowKeyboard(Pictures& pictures, const QWidget& form)
 {
     const auto click = [&form](const QString& name) {
         QTest::mouseClick(form.findChild<QWidget*>(name), Qt::LeftButton);
-        QTest::qWait(SearchMs);
+        WaitForSearch(form);
     };
     for (int i = 0; i < 3; ++i) {
         click(QStringLiteral("imgTeclado_%1").arg(i));

@@ -9,8 +9,6 @@ namespace Telas {
 
 namespace {
 
-constexpr int CountdownMs = 2100;
-
 /// At the first speed and at the fastest, after the countdown's second tick.
 void ShowScrolling(Pictures& pictures, frmVisualizar& viewer)
 {
@@ -61,15 +59,11 @@ void ShowEditing(Pictures& pictures)
     pictures.Save(QStringLiteral("visualizador-edicao"));
     QTest::keyClick(sheet, Qt::Key_Tab);
     pictures.Save(QStringLiteral("visualizador-edicao-botao"));
-    const auto point = [](const QString& name) {
-        return [name] {
-            QWidget* dialog = QApplication::activeModalWidget();
-            const QWidget* button = dialog->findChild<QWidget*>(name);
-            QTest::mouseMove(dialog->windowHandle(),
-                             button->mapTo(dialog, button->rect().center()));
-        };
+    const auto point = [](QDialog& dialog) {
+        const auto* button = dialog.findChild<QWidget*>(QStringLiteral("cmdNaoSalvar"));
+        QTest::mouseMove(dialog.windowHandle(), button->mapTo(&dialog, button->rect().center()));
     };
-    QTimer::singleShot(0, viewer, point(QStringLiteral("cmdNaoSalvar")));
+    WhenBoxIsOpen(*viewer, point);
     SaveBox(pictures, QStringLiteral("visualizador-mensagem"),
             [viewer] { Click(*viewer, QStringLiteral("cmdSalvar")); });
     SaveBox(pictures, QStringLiteral("visualizador-mensagem-inicio"), [viewer] {

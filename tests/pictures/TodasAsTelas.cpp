@@ -17,7 +17,7 @@ void ShowDelivered(Pictures& pictures, const QString& catalogue)
     splash->show();
     pictures.Save(QStringLiteral("abertura"));
     splash->Inicializar();
-    QTest::qWait(SearchMs);
+    WaitForSearch(form);
     pictures.Save(QStringLiteral("principal"));
     Type(form, QStringLiteral("zzz"));
     pictures.Save(QStringLiteral("principal-vazio"));
@@ -31,6 +31,7 @@ void ShowDelivered(Pictures& pictures, const QString& catalogue)
     ShowEditing(pictures);
     ShowEntry(pictures, form, catalogue);
     ShowSetlist(pictures, catalogue);
+    BringToFront(form);
     form.mnuPesquisa_Click();
     ShowExportNotice(pictures, form, catalogue);
     ShowSetlists(pictures, form);

@@ -17,6 +17,7 @@
 #include "viewer/frmVisualizar.h"
 
 #include <QDir>
+#include <QSettings>
 #include <QTemporaryDir>
 #include <QTextStream>
 
@@ -63,14 +64,14 @@ void ShowMany(Pictures& pictures)
     Principal form(catalogue.Path());
     form.Form_Load(QString());
     form.show();
-    QTest::qWait(SearchMs);
+    WaitForSearch(form);
     pictures.Save(QStringLiteral("principal-20000"));
     frmVisualizar* viewer = Open(ManySongs / 2);
     Click(*viewer, QStringLiteral("cmbLista"));
     pictures.Save(QStringLiteral("visualizador-categoria-aberta"));
     viewer->close();
     ShowSuggestions(pictures, form);
-    ShowExportProgress(pictures, form, ManySongs);
+    ShowExportProgress(pictures, form, ManySongs / 4);
     form.close();
 }
 
@@ -94,6 +95,8 @@ int main(int argc, char* argv[])
     Funcoes::Prepara(application);
 
     const QTemporaryDir folder;
+    // Pickers remember the last folder: the next run would show another one.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
     const QString copy = folder.filePath(QStringLiteral("Melodario.mdb"));
     if (!QFile::copy(words.at(1), copy) || !QDir().mkpath(words.at(2))) {
         QTextStream(stderr) << "no such catalogue, or no place for the pictures" << Qt::endl;
