@@ -35,6 +35,7 @@ private slots:
     void answersTitlesWithoutRoomForLyrics();
     void leavesLyricsToSqliteWhenTitlesTakeTheirRoom();
     void leavesTheSameSongToSqliteWithoutRoom();
+    void leavesLongThemesToSqlite();
     void answersNothingWithoutRoom();
     void givesTheRoomOfManyChangesBack();
     void readsOnlyTheTextsOfShownSongsThatGo_data();
@@ -318,6 +319,33 @@ void tst_shelf::readsNoTextWhenItGoes()
     rows.MoveTo(0);
     QCOMPARE(Failed([&] { rows.Fields(u"MUSICA"); }).number, int{RuntimeError::ObjectClosed});
     QCOMPARE(m_run, QStringList());
+}
+
+void tst_shelf::leavesLongThemesToSqlite()
+{
+    constexpr std::size_t Names = 300 * 10000; // bytes
+    const auto theme = SameTheme::Recognise(
+        ReadStatement(u"SELECT ID FROM TEMA WHERE DESCRICAO = 'Luz'"_qs, CatalogueSchema()));
+    const auto run = [this](const char* sql) {
+        QCOMPARE(sqlite3_exec(m_database, sql, nullptr, nullptr, nullptr), SQLITE_OK);
+    };
+    run("BEGIN");
+    run("WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 300) "
+        "INSERT INTO TEMA (DESCRICAO) SELECT i || hex(zeroblob(5000)) FROM n");
+    {
+        SongShelf roomy(m_database, *m_statements);
+        QVERIFY(roomy.Answer(*theme));
+        QVERIFY(roomy.Size() >= Names);
+        SongShelf small(m_database, *m_statements, Names / 2);
+        m_run.clear();
+        QVERIFY(!small.Answer(*theme));
+        QCOMPARE(Runs(u"SELECT rowid, ID, DESCRICAO"_qs), 1);
+        QVERIFY(small.Size() <= Names / 2);
+        m_run.clear();
+        QVERIFY(!small.Answer(*theme));
+        QCOMPARE(Runs(u"SELECT rowid, ID, DESCRICAO"_qs), 0); // tried once
+    }
+    run("ROLLBACK");
 }
 
 void tst_shelf::aHeldFileIsWaitedForOnce()

@@ -302,6 +302,10 @@ bool SongShelf::ReadAhead(int milliseconds)
         ReadLyrics(milliseconds);
     } catch (const RuntimeError&) {
         return false;
+    } catch (const std::exception&) {
+        // No memory: nothing may leave a clock's tick. A search meets it where somebody is told.
+        m_watch.Distrust();
+        return false;
     }
     return m_lyricsState == Lyrics::Partly;
 }

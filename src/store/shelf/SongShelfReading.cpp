@@ -199,7 +199,13 @@ void SongShelf::RefreshLink(qint64 row)
 bool SongShelf::RefreshThemes()
 {
     SeeVersion();
+    // What did not fit is not tried again before everything may have changed.
+    if (!m_themesFit && !m_watch.AreThemesNew()) {
+        m_watch.ForgetThemes();
+        return false;
+    }
     bool fits = m_themesFit && !m_watch.AreThemesNew();
+    m_themesFit = false; // what is thrown on the way leaves nothing half known
     for (auto id = m_watch.Themes().begin(); fits && id != m_watch.Themes().end(); ++id)
         fits = RefreshTheme(*id);
     m_themesFit = fits || LoadThemes();
@@ -214,12 +220,11 @@ bool SongShelf::RefreshThemes()
 /// @return false where a theme does not fit here
 bool SongShelf::LoadThemes()
 {
-    m_themesFit = false; // what is thrown on the way leaves nothing half known
     m_themes.Clear();
     Statement& statement = m_statements.Get(QByteArray(ThemeColumns));
     const StatementRun run(statement);
     while (statement.Step()) {
-        if (!PutTheme(m_themes, statement))
+        if (!PutTheme(m_themes, statement) || Size() > m_largestSize)
             return false;
     }
     return true;

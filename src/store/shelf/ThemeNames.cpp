@@ -33,6 +33,7 @@ void ThemeNames::Put(qint64 id, std::optional<std::string_view> name)
     if (!name)
         return;
     m_names.emplace(id, *name);
+    m_nameBytes += name->size();
     auto group = GroupOf(*name);
     if (group == m_groups.end())
         group = m_groups.emplace(Collation::Shared().HashOf(*name),
@@ -51,6 +52,7 @@ void ThemeNames::Remove(qint64 id)
     ids.erase(std::lower_bound(ids.begin(), ids.end(), id));
     if (ids.empty())
         m_groups.erase(group);
+    m_nameBytes -= known->second.size();
     m_names.erase(known);
 }
 
@@ -58,6 +60,7 @@ void ThemeNames::Clear()
 {
     m_groups.clear();
     m_names.clear();
+    m_nameBytes = 0;
 }
 
 ThemeNames::Ids ThemeNames::Find(std::string_view name) const
@@ -73,5 +76,6 @@ ThemeNames::Ids ThemeNames::Find(std::string_view name) const
 std::size_t ThemeNames::Size() const noexcept
 {
     constexpr std::size_t Node = 16 * sizeof(void*);
-    return (m_names.size() + m_groups.size()) * Node;
+    // A name may lie here twice, as a theme's and as its group's.
+    return (m_names.size() + m_groups.size()) * Node + 2 * m_nameBytes;
 }

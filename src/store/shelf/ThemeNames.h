@@ -22,8 +22,7 @@ public:
     void Clear();
 
     /// @return TEMA.ID of the themes whose name is equal in the catalogue's order, the smallest
-    /// first;
-    ///         never nullptr. It stays what it is when themes change
+    ///         first; never nullptr. It stays what it is when themes change
     Ids Find(std::string_view name) const;
 
     /// @return bytes taken, about.
@@ -42,4 +41,5 @@ private:
 
     Groups m_groups; ///< by the name's hash
     std::unordered_map<qint64, std::string> m_names;
+    std::size_t m_nameBytes = 0; ///< of m_names
 };
