@@ -74,6 +74,7 @@ CatalogueConversion::Convert(const QString& path, const QString& source, const Q
     };
     try {
         const QString target = CatalogueSwap::RealPath(destination);
+        CatalogueSwap::CheckPlace(target);
         const JetConversion::Report report =
             m_simulate ? JetConversion::TryOut(path, progress)
                        : JetConversion::Convert(path, target, m_replace, progress);

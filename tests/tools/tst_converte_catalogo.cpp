@@ -39,6 +39,7 @@ private slots:
     void wrongUse_data();
     void wrongUse();
     void theSourceIsNeverReplaced();
+    void whatAnInterruptedWriterLeftKeepsTheNewOneOut();
     void progressIsShownOnATerminalOnly();
 
 private:
@@ -187,6 +188,20 @@ void tst_converte_catalogo::theSourceIsNeverReplaced()
         QCOMPARE(outcome.code, 2);
         QCOMPARE(outcome.err, target + u": o destino é a própria origem\n");
         QVERIFY(Content(source) == CatalogoAntigo::Conteudo());
+    }
+}
+
+void tst_converte_catalogo::whatAnInterruptedWriterLeftKeepsTheNewOneOut()
+{
+    const QString left = Put(u"novo.mdb-journal"_qs, "left");
+    for (const QString& option : {u"--force"_qs, u"--simular"_qs}) {
+        const Outcome outcome = Convert({option, m_old, Path(u"novo.mdb"_qs)});
+        QCOMPARE(outcome.code, 2);
+        QVERIFY2(outcome.err.contains(
+                     QString(u"O arquivo “"_qs + left + u"” é de uma gravação interrompida")),
+                 qPrintable(outcome.err));
+        QCOMPARE(outcome.err.count(u'\n'), 1);
+        QCOMPARE(Files(), QStringList{u"novo.mdb-journal"_qs});
     }
 }
 
