@@ -73,11 +73,11 @@ QString WhyNotWritten(const QList<OutputFile>& files, const QString& folder, boo
         if (file.path != Standard() && !force && IsThere(file.path))
             return file.path + u": o arquivo já existe; --force o substitui";
     }
-    const QString noFolder = folder.isEmpty() ? QString() : WhyNoFolder(folder);
+    QString noFolder = folder.isEmpty() ? QString() : WhyNoFolder(folder);
     if (!noFolder.isEmpty() || (!folder.isEmpty() && !IsThere(folder)))
         return noFolder;
     for (const OutputFile& file : files) {
-        const QString noFile = file.path == Standard() ? QString() : WhyNoFile(file.path);
+        QString noFile = file.path == Standard() ? QString() : WhyNoFile(file.path);
         if (!noFile.isEmpty())
             return noFile;
     }

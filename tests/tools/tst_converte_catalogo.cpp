@@ -39,6 +39,7 @@ private slots:
     void wrongUse_data();
     void wrongUse();
     void theSourceIsNeverReplaced();
+    void simulationRefusesWhatTheRealRunRefuses();
     void whatAnInterruptedWriterLeftKeepsTheNewOneOut();
     void progressIsShownOnATerminalOnly();
 
@@ -189,6 +190,22 @@ void tst_converte_catalogo::theSourceIsNeverReplaced()
         QCOMPARE(outcome.err, target + u": o destino é a própria origem\n");
         QVERIFY(Content(source) == CatalogoAntigo::Conteudo());
     }
+}
+
+void tst_converte_catalogo::simulationRefusesWhatTheRealRunRefuses()
+{
+    const QString taken = Put(u"novo.mdb"_qs, "meu catálogo");
+    const QString lost = Path(u"nada/novo.mdb"_qs);
+    for (const QStringList& options : {QStringList{u"--simular"_qs}, QStringList()}) {
+        const Outcome there = Convert(options + QStringList{m_old, taken});
+        QCOMPARE(there.err, taken + u": o arquivo já existe; --force o substitui\n");
+        QCOMPARE(there.code, 2);
+        const Outcome nowhere = Convert(options + QStringList{m_old, lost});
+        QCOMPARE(nowhere.err, m_old + u": não convertido: " + lost +
+                                  u": não foi possível escrever: a pasta não existe\n");
+        QCOMPARE(nowhere.code, 2);
+    }
+    QCOMPARE(Files(), QStringList{u"novo.mdb"_qs});
 }
 
 void tst_converte_catalogo::whatAnInterruptedWriterLeftKeepsTheNewOneOut()
