@@ -70,6 +70,19 @@ QString CatalogueSwap::KeptPath(const QString& path)
     return kept;
 }
 
+void CatalogueSwap::CheckPlace(const QString& path)
+{
+    for (const QString& rest : {u"-journal"_qs, u"-wal"_qs, u"-shm"_qs}) {
+        if (IsFree(path + rest))
+            continue;
+        throw RuntimeError(RuntimeError::FileFailure,
+                           u"O arquivo “%1” é de uma gravação interrompida e estragaria o catálogo "
+                           "novo; escolha outro nome ou mude-o de lugar."_qs.arg(
+                               QDir::toNativeSeparators(path + rest)),
+                           {});
+    }
+}
+
 void CatalogueSwap::KeepOld(const QString& path, const QString& kept)
 {
     std::error_code failure;
@@ -100,6 +113,7 @@ void CatalogueSwap::CopyOld(const QString& path, const QString& kept)
 
 void CatalogueSwap::PutBeside(const QString& draft, const QString& path)
 {
+    CheckPlace(path);
     // Somebody may have put a file there meanwhile.
     if (!QFile::rename(draft, path))
         Throw(u"criar"_qs, path, {});
@@ -107,6 +121,7 @@ void CatalogueSwap::PutBeside(const QString& draft, const QString& path)
 
 void CatalogueSwap::PutInPlace(const QString& draft, const QString& path)
 {
+    CheckPlace(path);
     if (QFile::exists(path))
         QFile::setPermissions(draft, QFile::permissions(path));
     std::error_code failure;

@@ -18,6 +18,12 @@ QString DraftPath(const QString& path);
 /// @return a name beside the old catalogue that nobody has yet and under which it may be kept
 QString KeptPath(const QString& path);
 
+/// What an interrupted writer left beside a catalogue of that name would be taken for a part of the
+/// new one, whose rows the next opening would then undo.
+/// @param path  where the new catalogue is to be
+/// @throws RuntimeError FileFailure while such a file is there
+void CheckPlace(const QString& path);
+
 /// Gives the old catalogue its second name: the very file, or, where a disk knows no second names,
 /// a copy.
 /// @throws RuntimeError FileFailure, also when there is a file of that name, which stays

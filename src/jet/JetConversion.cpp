@@ -230,6 +230,7 @@ Report JetConversion::TryOut(const QString& source, const Progress& progress)
 Report JetConversion::Convert(const QString& source, const QString& destination, bool replace,
                               const Progress& progress)
 {
+    CatalogueSwap::CheckPlace(destination); // before the long work, and again after it
     CatalogueDraft draft(CatalogueSwap::DraftPath(destination));
     Report report = Fill(draft, source, progress);
     if (replace)
@@ -244,6 +245,7 @@ Report JetConversion::Convert(const QString& source, const QString& destination,
 Report JetConversion::ConvertInPlace(const QString& path, const QString& kept,
                                      const Progress& progress)
 {
+    CatalogueSwap::CheckPlace(path);
     CatalogueDraft draft(CatalogueSwap::DraftPath(path));
     Report report = Fill(draft, path, progress);
     Tell(progress, Checked);

@@ -7,6 +7,8 @@
 
 #include <QRegularExpression>
 
+#include <optional>
+
 namespace Songbook {
 
 namespace {
@@ -97,6 +99,13 @@ std::optional<QString> NamedChords(const QString& row, QString& chords)
     return match.captured(1).trimmed();
 }
 
+/// "Tom: G"
+struct Field
+{
+    QString name; ///< in small letters
+    QString value;
+};
+
 class TextSong
 {
 public:
@@ -118,20 +127,35 @@ public:
 private:
     void ReadHead()
     {
-        bool described = false;
-        for (; m_at < m_lines.size(); ++m_at) {
-            if (m_lines[m_at].kind == LineKind::Blank)
-                continue;
-            if (!Describe(m_lines[m_at]))
-                break;
-            described = true;
-        }
-        if (!described)
-            ReadTitleParagraph();
+        if (ReadFields())
+            return;
+        while (m_at < m_lines.size() && m_lines[m_at].kind == LineKind::Blank)
+            ++m_at;
+        ReadTitleParagraph();
+        ReadFields();
     }
 
-    /// @return true when the line tells a field
-    bool Describe(const TextLine& line)
+    /// Reads the lines that tell fields, and the blank ones among them.
+    /// @return true when there was one
+    bool ReadFields()
+    {
+        bool described = false;
+        for (qsizetype at = m_at; at < m_lines.size(); ++at) {
+            const TextLine& line = m_lines[at];
+            if (line.kind == LineKind::Blank)
+                continue;
+            const std::optional<Field> field = FieldOf(line);
+            if (!field)
+                break;
+            SetField(*field, line.number);
+            m_at = at + 1;
+            described = true;
+        }
+        return described;
+    }
+
+    /// @return the field that the line tells
+    static std::optional<Field> FieldOf(const TextLine& line)
     {
         static const QRegularExpression form(
             QStringLiteral("^\\s*(t\u00EDtulo|titulo|title|artista|artist|autor|author|compositor|"
@@ -141,22 +165,27 @@ private:
                 QRegularExpression::UseUnicodePropertiesOption);
         const auto match = form.match(line.text);
         if (!match.hasMatch())
-            return false;
-        const QString name = match.captured(1).toLower();
-        const QString value = match.captured(2).trimmed();
+            return std::nullopt;
+        const Field field{match.captured(1).toLower(), match.captured(2).trimmed()};
+        const bool known = field.name != u"categoria" || CategoryOf(field.value) != 0;
+        return known ? std::optional(field) : std::nullopt;
+    }
+
+    void SetField(const Field& field, int line)
+    {
+        const QString& name = field.name;
         if (name.startsWith(u"t\u00EDt") || name.startsWith(u"tit"))
-            m_song.AddTitle(value, line.number, m_remarks);
+            m_song.AddTitle(field.value, line, m_remarks);
         else if (name == u"tom" || name == u"key")
-            m_song.SetKey(value, line.number, m_remarks);
+            m_song.SetKey(field.value, line, m_remarks);
         else if (name.startsWith(u"capo"))
-            m_song.SetCapo(value);
+            m_song.SetCapo(field.value);
         else if (name.startsWith(u"t"))
-            AddThemes(value);
+            AddThemes(field.value);
         else if (name == u"categoria")
-            return SetCategory(value);
+            m_song.SetCategory(CategoryOf(field.value));
         else
-            m_song.AddArtist(value);
-        return true;
+            m_song.AddArtist(field.value);
     }
 
     void AddThemes(const QString& themes)
@@ -166,24 +195,27 @@ private:
             m_song.AddTheme(theme);
     }
 
-    bool SetCategory(const QString& value)
+    /// @return 1 or 2; 0 for what is no category
+    static int CategoryOf(const QString& value)
     {
-        const bool secular = value.compare(u"Secular", Qt::CaseInsensitive) == 0;
-        if (!secular && value.compare(u"Religiosa", Qt::CaseInsensitive) != 0)
-            return false;
-        m_song.SetCategory(secular ? 2 : 1);
-        return true;
+        if (value.compare(u"Secular", Qt::CaseInsensitive) == 0)
+            return 2;
+        return value.compare(u"Religiosa", Qt::CaseInsensitive) == 0 ? 1 : 0;
     }
 
     /// A paragraph of its own before the song: its title; two lines of it before a song with chords
-    /// are title and artist.
+    /// are title and artist. Lines below them may tell fields.
     void ReadTitleParagraph()
     {
         qsizetype end = m_at;
-        while (end < m_lines.size() && m_lines[end].kind == LineKind::Lyrics && end - m_at < 3)
+        while (end < m_lines.size() && end - m_at < 3 && IsTitle(m_lines[end]))
             ++end;
         const qsizetype length = end - m_at;
-        const bool ends = end + 1 < m_lines.size() && m_lines[end].kind == LineKind::Blank;
+        qsizetype behind = end;
+        while (length > 0 && behind < m_lines.size() && FieldOf(m_lines[behind]))
+            ++behind;
+        const bool ends = behind + 1 < m_lines.size() &&
+                          (m_lines[behind].kind == LineKind::Blank || behind > end);
         const bool artist = length == 2 && HasChords();
         if (!ends || (length != 1 && !artist) || m_lines[m_at].text.startsWith(u"    "))
             return;
@@ -195,6 +227,13 @@ private:
             m_remarks.Note(title.number + 1, u"a segunda linha ficou sendo a referência"_qs);
         }
         m_at = end;
+    }
+
+    /// @return true for a line that is neither a field nor sung nor played
+    static bool IsTitle(const TextLine& line)
+    {
+        QString chords;
+        return line.kind == LineKind::Lyrics && !FieldOf(line) && !NamedChords(line.text, chords);
     }
 
     bool HasChords() const

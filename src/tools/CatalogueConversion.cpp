@@ -5,6 +5,7 @@
 #include "jet/JetFile.h"
 #include "runtime/RuntimeError.h"
 #include "tools/ConversionOrder.h"
+#include "tools/OutputFiles.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -68,12 +69,16 @@ CatalogueConversion::Convert(const QString& path, const QString& source, const Q
         return refuse(destination, u"o destino é a própria origem"_qs);
     if (QFileInfo(destination).isDir())
         return refuse(destination, u"o destino é uma pasta"_qs);
+    const QString noPlace = WhyNoFile(CatalogueSwap::RealPath(destination));
+    if (!noPlace.isEmpty())
+        return refuse(source, u"não convertido: " + noPlace);
     const JetConversion::Progress progress = [this](double done) {
         constexpr int All = 100;
         m_listener.progress(static_cast<int>(done * All));
     };
     try {
         const QString target = CatalogueSwap::RealPath(destination);
+        CatalogueSwap::CheckPlace(target);
         const JetConversion::Report report =
             m_simulate ? JetConversion::TryOut(path, progress)
                        : JetConversion::Convert(path, target, m_replace, progress);

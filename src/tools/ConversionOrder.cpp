@@ -56,7 +56,8 @@ private:
             m_wrong = u"opção desconhecida: "_qs + argument;
             return;
         }
-        if (equals < 0 && m_at == m_arguments.size()) {
+        // A single dash may begin a number of semitones.
+        if (equals < 0 && m_arguments.value(m_at, u"--"_qs).startsWith(u"--")) {
             m_wrong = u"falta o valor de "_qs + name;
             return;
         }

@@ -34,6 +34,12 @@ public:
     /// A source that could not be read. @param line  from 1, or 0
     void TellUnread(const QString& source, int line, const QString& why);
 
+    /// A file that is none of the sources, of which nothing is lost.
+    void TellLeftOut(const QString& path, const QString& why) const
+    {
+        m_listener.tell(path + u": deixado fora: " + why);
+    }
+
     void Progress(qsizetype done, qsizetype all, const QString& what) const
     {
         m_listener.progress(done, all, what);

@@ -80,10 +80,20 @@ QString WhyNothing(const SongSources& sources, const ConversionOrder& order,
                : u"nenhuma música encontrada; nada foi escrito"_qs;
 }
 
+/// @return why a file must not be written: songs were read from it
+QString WhyASource(const SongSources& sources, const QList<OutputFile>& files)
+{
+    for (const OutputFile& file : files) {
+        if (sources.IsSource(file.path))
+            return file.path + u": é uma das origens, e nenhuma origem é alterada";
+    }
+    return {};
+}
+
 bool IsTaken(const ConversionOrder& order, const QString& path)
 {
     const QFileInfo target(path);
-    return path != Standard() && !order.force && !order.simulate && !path.endsWith(u'/') &&
+    return path != Standard() && !order.force && !path.endsWith(u'/') &&
            (target.exists() || target.isSymLink());
 }
 
@@ -124,15 +134,14 @@ int Convert(const ConversionOrder& order, QTextStream& out, QTextStream& err)
     if (!nothing.isEmpty())
         return Fail(err, nothing);
     const QList<OutputFile> files = order.kind->make(songs, order, report);
-    if (!order.simulate) {
-        const QString there = order.force ? QString() : FirstTaken(files);
-        if (!there.isEmpty())
-            return Fail(err, there + taken);
-        const bool isFolder = order.kind->ending == u"/";
-        const QString failure = WriteFiles(files, isFolder ? order.destination : QString());
-        if (!failure.isEmpty())
-            return Fail(err, failure);
-    }
+    const QString folder = order.kind->ending == u"/" ? order.destination : QString();
+    QString failure = WhyASource(sources, files);
+    if (failure.isEmpty())
+        failure = WhyNotWritten(files, folder, order.force);
+    if (failure.isEmpty() && !order.simulate)
+        failure = WriteFiles(files, folder);
+    if (!failure.isEmpty())
+        return Fail(err, failure);
     // The document itself may be on the standard output.
     QTextStream& summary = order.destination == Standard() ? err : out;
     summary << order.destination << u": "_qs << songs.songs.size() << u" música(s) de "_qs

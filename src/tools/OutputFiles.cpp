@@ -1,6 +1,7 @@
 #include "tools/OutputFiles.h"
 
 #include "tools/ConversionOrder.h"
+#include "tools/FileTrouble.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -15,7 +16,7 @@ QString WriteToStandard(const QByteArray& bytes)
     QFile out;
     const bool written =
         out.open(stdout, QIODevice::WriteOnly) && out.write(bytes) == bytes.size() && out.flush();
-    return written ? QString() : out.errorString();
+    return written ? QString() : FileTrouble(out);
 }
 
 QString WriteFile(const OutputFile& output)
@@ -23,19 +24,62 @@ QString WriteFile(const OutputFile& output)
     if (output.path == Standard())
         return WriteToStandard(output.bytes);
     QSaveFile file(output.path);
+    // A commit alone would not notice that the last bytes did not reach the disk.
     const bool written = file.open(QIODevice::WriteOnly) &&
-                         file.write(output.bytes) == output.bytes.size() && file.commit();
-    return written ? QString() : file.errorString();
+                         file.write(output.bytes) == output.bytes.size() && file.flush() &&
+                         file.commit();
+    return written ? QString() : FileTrouble(file);
+}
+
+bool IsThere(const QString& path)
+{
+    const QFileInfo file(path);
+    return file.exists() || file.isSymLink();
+}
+
+/// @return why the folder, which may not be there yet, takes no files
+QString WhyNoFolder(const QString& folder)
+{
+    QFileInfo place(QDir::cleanPath(QFileInfo(folder).absoluteFilePath()));
+    if (place.isDir())
+        return place.isWritable() ? QString() : folder + u": falta a permissão para escrever";
+    while (!IsThere(place.filePath()) && !place.isRoot())
+        place.setFile(place.path());
+    return place.isDir() && place.isWritable() ? QString()
+                                               : folder + u": a pasta não pode ser criada";
 }
 
 } // namespace
 
-QString FirstTaken(const QList<OutputFile>& files)
+QString WhyNoFile(const QString& path)
+{
+    const QString failed = path + u": não foi possível escrever: ";
+    const QFileInfo target(path);
+    // Through a link the file beyond it is written.
+    const QFileInfo place(target.isSymLink() ? QFileInfo(target.symLinkTarget()).path()
+                                             : target.path());
+    if (target.isDir())
+        return failed + u"é uma pasta";
+    if (!place.isDir())
+        return failed + u"a pasta não existe";
+    if (!place.isWritable() || (target.exists() && !target.isWritable()))
+        return failed + u"falta a permissão";
+    return {};
+}
+
+QString WhyNotWritten(const QList<OutputFile>& files, const QString& folder, bool force)
 {
     for (const OutputFile& file : files) {
-        const QFileInfo target(file.path);
-        if (file.path != Standard() && (target.exists() || target.isSymLink()))
-            return file.path;
+        if (file.path != Standard() && !force && IsThere(file.path))
+            return file.path + u": o arquivo já existe; --force o substitui";
+    }
+    QString noFolder = folder.isEmpty() ? QString() : WhyNoFolder(folder);
+    if (!noFolder.isEmpty() || (!folder.isEmpty() && !IsThere(folder)))
+        return noFolder;
+    for (const OutputFile& file : files) {
+        QString noFile = file.path == Standard() ? QString() : WhyNoFile(file.path);
+        if (!noFile.isEmpty())
+            return noFile;
     }
     return {};
 }

@@ -2,8 +2,15 @@
 
 #include "tools/DestinationKind.h"
 
-/// @return the first of the files that is there already; empty when there is none
-QString FirstTaken(const QList<OutputFile>& files);
+/// @return why no file can be written there, in Portuguese, with the path; empty when it can
+QString WhyNoFile(const QString& path);
+
+/// Looks at everything that can be known without writing, so that a simulation promises nothing
+/// that is then refused.
+/// @param folder  as for WriteFiles
+/// @param force   files that are there may be replaced
+/// @return why the files cannot be written, in Portuguese; empty when nothing is known against it
+QString WhyNotWritten(const QList<OutputFile>& files, const QString& folder, bool force);
 
 /// Writes files, each whole or not at all.
 /// @param folder  made first when it is not there; empty for a single file, whose folder would be

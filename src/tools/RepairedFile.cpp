@@ -74,7 +74,7 @@ void RepairedFile::CheckPlace(const QString& path, const QString& catalogue, boo
     if (!force && IsThere(path))
         Fail(path + u": o arquivo já existe; --force o substitui");
     // Left where it is, it would be written over the new catalogue.
-    for (const QString& rest : {u"-journal"_qs, u"-wal"_qs}) {
+    for (const QString& rest : {u"-journal"_qs, u"-wal"_qs, u"-shm"_qs}) {
         if (IsThere(path + rest))
             Fail(path + rest + u": é de uma gravação interrompida; escolha outro nome");
     }

@@ -8,8 +8,9 @@
 #include "songbook/XmlTree.h"
 #include "store/text/Collation.h"
 #include "tools/DestinationKind.h"
+#include "tools/FileTrouble.h"
+#include "tools/SongFiles.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryFile>
@@ -18,28 +19,6 @@
 #include <cstdio>
 
 namespace {
-
-/// Appends the files of a folder and of all folders below, each folder's files first.
-void AppendFiles(const QDir& folder, QStringList& files)
-{
-    for (const QString& name : folder.entryList(QDir::Files, QDir::Name))
-        files.append(folder.filePath(name));
-    const auto folders = QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks;
-    for (const QString& name : folder.entryList(folders, QDir::Name))
-        AppendFiles(QDir(folder.filePath(name)), files);
-}
-
-QStringList FilesOf(const QStringList& sources)
-{
-    QStringList files;
-    for (const QString& source : sources) {
-        if (source != Standard() && QFileInfo(source).isDir())
-            AppendFiles(QDir(source), files);
-        else
-            files.append(source);
-    }
-    return files;
-}
 
 bool IsCatalogue(const QByteArray& start)
 {
@@ -99,7 +78,7 @@ SongSources::SongSources(const ConversionOrder& order, ConversionReport& report)
 
 void SongSources::Read()
 {
-    const QStringList files = FilesOf(m_order.sources);
+    const QStringList files = FindSongFiles(m_order.sources, m_order.destination, m_report);
     for (const QString& source : files) {
         ReadSource(source);
         ++m_files;
@@ -119,14 +98,16 @@ void SongSources::ReadSource(const QString& source)
     if (Spool(file))
         ReadFile(source, file.fileName());
     else
-        m_report.TellUnread(source, 0, file.errorString());
+        m_report.TellUnread(source, 0, u"não há lugar para um arquivo provisório"_qs);
 }
 
 void SongSources::ReadFile(const QString& source, const QString& path)
 {
+    if (source != Standard())
+        m_read.insert(QFileInfo(path).canonicalFilePath());
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        m_report.TellUnread(source, 0, file.errorString());
+        m_report.TellUnread(source, 0, FileTrouble(file));
         return;
     }
     constexpr qint64 Start = 4096;
@@ -223,7 +204,7 @@ void SongSources::ReadOthers(const QString& source, QFile& file)
     // One byte more than a source may have shows that there is too much.
     const QByteArray bytes = file.read(Songbook::LargestSource + 1);
     if (file.error() != QFile::NoError) {
-        m_report.TellUnread(source, 0, file.errorString());
+        m_report.TellUnread(source, 0, FileTrouble(file));
         return;
     }
     const QString name = source == Standard() ? QString() : QFileInfo(source).completeBaseName();
@@ -262,6 +243,12 @@ ChosenSongs SongSources::Take()
     if (m_chosen.name.isEmpty() && !m_order.themes.isEmpty())
         m_chosen.name = m_order.themes.join(u", ");
     return std::move(m_chosen);
+}
+
+bool SongSources::IsSource(const QString& path) const
+{
+    const QString there = path == Standard() ? QString() : QFileInfo(path).canonicalFilePath();
+    return !there.isEmpty() && m_read.contains(there);
 }
 
 /// As lists of the program are sorted.

@@ -6,6 +6,8 @@
 #include "tools/ConversionOrder.h"
 #include "tools/ConversionReport.h"
 
+#include <QSet>
+
 class ExchangeSongs;
 class QFile;
 
@@ -23,6 +25,9 @@ public:
     ChosenSongs Take();
 
     qsizetype Files() const { return m_files; }
+
+    /// @return true for a file that was read, or tried, also by another way to it
+    bool IsSource(const QString& path) const;
 
     /// @return how many songs there were to choose from
     qsizetype SongsSeen() const { return m_seen; }
@@ -45,6 +50,7 @@ private:
     ConversionReport& m_report;
     Songbook::SongChoice m_choice;
     ChosenSongs m_chosen;
+    QSet<QString> m_read; ///< canonical paths
     qsizetype m_files = 0;
     qsizetype m_seen = 0;
     QString m_failure;

@@ -27,7 +27,9 @@ std::optional<VerificationOrder> ReadVerificationOrder(const QStringList& argume
         } else if (argument == u"--reparar" || argument.startsWith(u"--reparar=")) {
             const bool joined = argument != u"--reparar";
             order.repaired = joined ? argument.section(u'=', 1) : arguments.value(++i);
-            if (order.repaired.isEmpty())
+            const bool isOption =
+                !joined && order.repaired.startsWith(u'-') && order.repaired != u"-";
+            if (order.repaired.isEmpty() || isOption)
                 return fail(u"--reparar precisa do nome de um catálogo novo"_qs);
         } else {
             return fail(u"opção desconhecida: "_qs + argument);

@@ -21,6 +21,8 @@ private slots:
     void namesUnderWhichTheOldOneIsKept_data();
     void namesUnderWhichTheOldOneIsKept();
     void aMissingDraftChangesNothing();
+    void whatAnInterruptedWriterLeftKeepsTheNewOneOut_data();
+    void whatAnInterruptedWriterLeftKeepsTheNewOneOut();
     void aLinkLeadsToTheRealFile();
 
 private:
@@ -128,6 +130,36 @@ void tst_catalogue_swap::aMissingDraftChangesNothing()
     const QString path = Put(u"Melodario.mdb"_qs, "old");
     QVERIFY_THROWS_EXCEPTION(RuntimeError, CatalogueSwap::PutInPlace(Path(u"nada"_qs), path));
     QCOMPARE(Content(path), QByteArray("old"));
+}
+
+void tst_catalogue_swap::whatAnInterruptedWriterLeftKeepsTheNewOneOut_data()
+{
+    QTest::addColumn<QString>("rest");
+    QTest::newRow("a journal") << u"-journal"_qs;
+    QTest::newRow("a log") << u"-wal"_qs;
+    QTest::newRow("a log's index") << u"-shm"_qs;
+}
+
+void tst_catalogue_swap::whatAnInterruptedWriterLeftKeepsTheNewOneOut()
+{
+    QFETCH(QString, rest);
+    const QString draft = Put(u"x"_qs, "new");
+    const QString path = Path(u"Melodario.mdb"_qs);
+    const QString left = Put(u"Melodario.mdb"_qs + rest, "left");
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, CatalogueSwap::PutBeside(draft, path));
+    QVERIFY(!QFile::exists(path));
+    Put(u"Melodario.mdb"_qs, "old");
+    try {
+        CatalogueSwap::PutInPlace(draft, path);
+        QFAIL("the new one is in its place");
+    } catch (const RuntimeError& error) {
+        QVERIFY2(error.WhatFailed().contains(left), qPrintable(error.WhatFailed()));
+    }
+    QCOMPARE(Content(path), QByteArray("old"));
+    QCOMPARE(Content(left), QByteArray("left"));
+    QVERIFY(QFile::remove(left));
+    CatalogueSwap::PutInPlace(draft, path);
+    QCOMPARE(Content(path), QByteArray("new"));
 }
 
 void tst_catalogue_swap::aLinkLeadsToTheRealFile()

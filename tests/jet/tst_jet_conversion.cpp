@@ -69,6 +69,7 @@ private slots:
     void aDraftOfAnInterruptedConversionIsReplaced();
     void twoConversionsAtOnceDoNotMix();
     void aFileThatCameUpMeanwhileIsKept();
+    void whatAnInterruptedWriterLeftKeepsTheOldOneInItsPlace();
     void everyTableIsNeeded_data();
     void everyTableIsNeeded();
     void everyColumnIsNeeded();
@@ -218,6 +219,23 @@ void tst_jet_conversion::aFileThatCameUpMeanwhileIsKept()
     QVERIFY(other.open(QIODevice::ReadOnly));
     QCOMPARE(other.readAll(), QByteArray("mine"));
     QCOMPARE(Files(), QStringList{u"novo.mdb"_qs});
+}
+
+void tst_jet_conversion::whatAnInterruptedWriterLeftKeepsTheOldOneInItsPlace()
+{
+    const QString path = Put(CatalogoAntigo::Conteudo());
+    QFile left(path + u"-journal");
+    QVERIFY(left.open(QIODevice::WriteOnly) && left.write("left") == 4);
+    left.close();
+    bool begun = false;
+    const auto progress = [&begun](double) { begun = true; };
+    const QString kept = CatalogueSwap::KeptPath(path);
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, JetConversion::ConvertInPlace(path, kept, progress));
+    QVERIFY(!begun); // it is known before the long work
+    QCOMPARE(Files(), (QStringList{u"antigo.mdb"_qs, u"antigo.mdb-journal"_qs}));
+    QVERIFY(left.remove());
+    JetConversion::ConvertInPlace(path, kept, {});
+    QCOMPARE(CatalogoAntigo::Diferencas(path), QStringList());
 }
 
 void tst_jet_conversion::everyTableIsNeeded_data()

@@ -301,6 +301,9 @@ void tst_converte::wrongUseShowsTheHelp_data()
         u"a entrada padrão (-) só pode ser lida uma vez"_qs);
     QTest::newRow("an option without its value")
         << QStringList{u"a.mdb"_qs, u"c.pdf"_qs, u"--tema"_qs} << u"falta o valor de --tema"_qs;
+    QTest::newRow("an option in the place of a value")
+        << QStringList{u"--tema"_qs, u"--force"_qs, u"a.mdb"_qs, u"c.pdf"_qs}
+        << u"falta o valor de --tema"_qs;
     QTest::newRow("an unknown option")
         << QStringList{u"--tudo"_qs, u"a.cho"_qs, u"b.mld"_qs} << u"opção desconhecida: --tudo"_qs;
 }

@@ -39,6 +39,8 @@ private slots:
     void wrongUse_data();
     void wrongUse();
     void theSourceIsNeverReplaced();
+    void simulationRefusesWhatTheRealRunRefuses();
+    void whatAnInterruptedWriterLeftKeepsTheNewOneOut();
     void progressIsShownOnATerminalOnly();
 
 private:
@@ -187,6 +189,36 @@ void tst_converte_catalogo::theSourceIsNeverReplaced()
         QCOMPARE(outcome.code, 2);
         QCOMPARE(outcome.err, target + u": o destino é a própria origem\n");
         QVERIFY(Content(source) == CatalogoAntigo::Conteudo());
+    }
+}
+
+void tst_converte_catalogo::simulationRefusesWhatTheRealRunRefuses()
+{
+    const QString taken = Put(u"novo.mdb"_qs, "meu catálogo");
+    const QString lost = Path(u"nada/novo.mdb"_qs);
+    for (const QStringList& options : {QStringList{u"--simular"_qs}, QStringList()}) {
+        const Outcome there = Convert(options + QStringList{m_old, taken});
+        QCOMPARE(there.err, taken + u": o arquivo já existe; --force o substitui\n");
+        QCOMPARE(there.code, 2);
+        const Outcome nowhere = Convert(options + QStringList{m_old, lost});
+        QCOMPARE(nowhere.err, m_old + u": não convertido: " + lost +
+                                  u": não foi possível escrever: a pasta não existe\n");
+        QCOMPARE(nowhere.code, 2);
+    }
+    QCOMPARE(Files(), QStringList{u"novo.mdb"_qs});
+}
+
+void tst_converte_catalogo::whatAnInterruptedWriterLeftKeepsTheNewOneOut()
+{
+    const QString left = Put(u"novo.mdb-journal"_qs, "left");
+    for (const QString& option : {u"--force"_qs, u"--simular"_qs}) {
+        const Outcome outcome = Convert({option, m_old, Path(u"novo.mdb"_qs)});
+        QCOMPARE(outcome.code, 2);
+        QVERIFY2(outcome.err.contains(
+                     QString(u"O arquivo “"_qs + left + u"” é de uma gravação interrompida")),
+                 qPrintable(outcome.err));
+        QCOMPARE(outcome.err.count(u'\n'), 1);
+        QCOMPARE(Files(), QStringList{u"novo.mdb-journal"_qs});
     }
 }
 

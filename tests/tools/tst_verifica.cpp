@@ -302,6 +302,8 @@ void tst_verifica::wrongUse_data()
         << QStringList{u"--conserta"_qs, u"a"_qs} << u"opção desconhecida: --conserta"_qs;
     QTest::newRow("repair without a name")
         << QStringList{u"a"_qs, u"--reparar"_qs} << u"--reparar precisa do nome"_qs;
+    QTest::newRow("repair with an option in the place of the name")
+        << QStringList{u"a"_qs, u"--reparar"_qs, u"--force"_qs} << u"--reparar precisa do nome"_qs;
     QTest::newRow("force without repair")
         << QStringList{u"a"_qs, u"--force"_qs}
         << u"--simular e --force só têm sentido com --reparar\n"_qs;

@@ -465,12 +465,16 @@ void tst_verifica_reparo::theCatalogueItselfIsNeverTheNewOne()
 void tst_verifica_reparo::restOfAnInterruptedWriteIsKeptAwayFrom()
 {
     const TestCatalogue catalogue;
-    Write(m_new + u"-journal", "rest");
-    const Outcome outcome = Repair(catalogue.Path());
-    QVERIFY2(outcome.err.contains(u"novo.mdb-journal: é de uma gravação interrompida"),
-             qPrintable(outcome.err));
-    QCOMPARE(outcome.code, 2);
-    QVERIFY(!QFile::exists(m_new));
+    for (const QString& rest : {u"-journal"_qs, u"-wal"_qs, u"-shm"_qs}) {
+        Write(m_new + rest, "rest");
+        const Outcome outcome = Repair(catalogue.Path());
+        QVERIFY2(outcome.err.contains(
+                     QString(u"novo.mdb"_qs + rest + u": é de uma gravação interrompida")),
+                 qPrintable(outcome.err));
+        QCOMPARE(outcome.code, 2);
+        QVERIFY(!QFile::exists(m_new));
+        QVERIFY(QFile::remove(m_new + rest));
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_verifica_reparo)
