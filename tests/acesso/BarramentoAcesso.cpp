@@ -90,6 +90,7 @@ QList<BarramentoAcesso::No> BarramentoAcesso::Filhos(const No& no) const
         filho.caminho = caminho.path();
         filhos.append(filho);
     }
+    lista.endArray(); // else what read it is never freed
     return filhos;
 }
 
@@ -188,6 +189,7 @@ bool BarramentoAcesso::Faz(const No& no, const QString& acao) const
         if (nome == acao)
             indice = i;
     }
+    lista.endArray();
     QDBusMessage pedido =
         QDBusMessage::createMethodCall(no.servico, no.caminho, interface, u"DoAction"_qs);
     pedido.setArguments({indice});
