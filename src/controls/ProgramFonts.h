@@ -2,8 +2,8 @@
 
 #include <QStringList>
 
-/// Fonts that travel with the program, for computers that have none with signs of one width and none
-/// like the one for texts.
+/// Fonts that travel with the program, for computers that have none with signs of one width and
+/// none like the one for texts.
 namespace ProgramFonts {
 
 /// Makes every font file (.ttf, .otf) of a folder known to this program alone. To be called before

@@ -1,9 +1,12 @@
 #include "controls/Appearance.h"
 
 #include "controls/ClickableLabel.h"
+#include "controls/ProgramFonts.h"
 #include "controls/RichTextBox.h"
 
 #include <QApplication>
+#include <QDirIterator>
+#include <QFile>
 #include <QFontMetrics>
 #include <QIcon>
 #include <QImage>
@@ -13,6 +16,7 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QSet>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QWindow>
 
@@ -95,6 +99,7 @@ private slots:
     void plain_and_bold_of_the_sheet_font_are_equally_wide();
     void a_default_button_shows_the_accent();
     void a_label_under_the_pointer_shows_the_accent();
+    void fonts_of_a_folder_are_known();
     void the_text_of_a_bar_is_readable_wherever_the_bar_reaches();
 };
 
@@ -298,6 +303,27 @@ void tst_appearance::a_label_under_the_pointer_shows_the_accent()
     QTRY_COMPARE(accented(label.grab().toImage()), 0);
     QTest::mouseMove(form.windowHandle(), QPoint(120, 115));
     QTRY_VERIFY(accented(label.grab().toImage()) > 0);
+}
+
+void tst_appearance::fonts_of_a_folder_are_known()
+{
+    const QTemporaryDir folder;
+    QCOMPARE(ProgramFonts::Load(folder.filePath(u"none"_s)), QStringList());
+    QFile damaged(folder.filePath(u"a.ttf"_s));
+    QVERIFY(damaged.open(QIODevice::WriteOnly) && damaged.write("no font") > 0);
+    damaged.close();
+    QCOMPARE(ProgramFonts::Load(folder.path()), QStringList());
+
+    QDirIterator fonts(u"/usr/share/fonts"_s, {u"Carlito-*.ttf"_s}, QDir::Files,
+                       QDirIterator::Subdirectories);
+    int copied = 0;
+    while (fonts.hasNext()) {
+        const QString font = fonts.next();
+        QVERIFY(QFile::copy(font, folder.filePath(QFileInfo(font).fileName())));
+        ++copied;
+    }
+    QVERIFY(copied > 1);
+    QCOMPARE(ProgramFonts::Load(folder.path()), QStringList(u"Carlito"_s));
 }
 
 void tst_appearance::the_text_of_a_bar_is_readable_wherever_the_bar_reaches()
