@@ -68,7 +68,7 @@ QString CatalogueWatch::Look(const Permitted& permitted)
     if (m_file.Rows(u"PRAGMA data_version"_qs).constFirst().constFirst() == m_version)
         return {};
     StoredRows now = Read();
-    const QString difference = Difference(m_rows, now, permitted);
+    QString difference = Difference(m_rows, now, permitted);
     m_rows = std::move(now);
     return difference;
 }
@@ -95,7 +95,7 @@ QString CatalogueWatch::Difference(const StoredRows& before, const StoredRows& a
 
 QString CatalogueWatch::Unsound()
 {
-    const QString answer = m_file.Rows(u"PRAGMA integrity_check"_qs).constFirst().constFirst();
+    QString answer = m_file.Rows(u"PRAGMA integrity_check"_qs).constFirst().constFirst();
     if (answer != u"ok")
         return answer;
     // What a query finds must not be there. Places of setlists may name songs that are gone: those

@@ -75,7 +75,7 @@ Musician::~Musician()
     form->close();
 }
 
-void Musician::FillCatalogue()
+void Musician::FillCatalogue() const
 {
     for (const QString& theme : {u"Louvor"_qs, u"Natal"_qs, u"Páscoa"_qs, u"Festa"_qs})
         catalogue.AddTheme(theme);

@@ -123,7 +123,7 @@ public:
 
 private:
     void OpenProgram();
-    void FillCatalogue();
+    void FillCatalogue() const;
     void LookAround();
     void CompareSaved();
 

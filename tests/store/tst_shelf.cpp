@@ -323,7 +323,7 @@ void tst_shelf::readsNoTextWhenItGoes()
 
 void tst_shelf::leavesLongThemesToSqlite()
 {
-    constexpr std::size_t Names = 300 * 10000; // bytes
+    constexpr std::size_t Names = std::size_t{300} * 10000; // bytes
     const auto theme = SameTheme::Recognise(
         ReadStatement(u"SELECT ID FROM TEMA WHERE DESCRICAO = 'Luz'"_qs, CatalogueSchema()));
     const auto run = [this](const char* sql) {

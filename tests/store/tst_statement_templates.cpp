@@ -316,7 +316,7 @@ void tst_statement_templates::aWarmConnectionAnswersLikeAFreshOne()
         for (const QString& family : Families()) {
             Connection fresh; // knows no statement of this family yet
             Opened(fresh, catalogue);
-            const QStringList values = Values();
+            const QStringList& values = Values();
             for (qsizetype i = 0; i < values.size(); ++i) {
                 const QString sql = family.arg(values[i]);
                 const QString other = family.arg(values[values.size() - 1 - i]);

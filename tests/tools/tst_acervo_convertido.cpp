@@ -217,7 +217,7 @@ class tst_acervo_convertido : public QObject
 private slots:
     void initTestCase();
     void everyFileIsConverted();
-    void oddFilesAreTold();
+    void oddFilesAreTold() const;
     void everySongIsInTheCatalogue();
 
 private:
@@ -268,7 +268,7 @@ void tst_acervo_convertido::WriteOddFiles()
     Write(u"z7-foto.cho"_qs, QByteArray("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0", 18).repeated(40));
     Write(u"z8-zeros.cho"_qs, QByteArray(5000, '\0'));
     Write(u"z9.xml"_qs, "<musica><titulo>");
-    Write(u"z9.rtf"_qs, "{\\rtf1\\ansi Asa Branca\\par Quando olhei}");
+    Write(u"z9.rtf"_qs, R"({\rtf1\ansi Asa Branca\par Quando olhei})");
     Write(u"z9.pdf"_qs, "%PDF-1.4\n\xE2\xE3\xCF\xD3\n1 0 obj\n");
 }
 
@@ -299,7 +299,7 @@ void tst_acervo_convertido::everyFileIsConverted()
     QCOMPARE(m_converted.code, 1);
 }
 
-void tst_acervo_convertido::oddFilesAreTold()
+void tst_acervo_convertido::oddFilesAreTold() const
 {
     for (const char16_t* name :
          {u"z6-vazio.cho", u"z7-foto.cho", u"z8-zeros.cho", u"z9.xml", u"z9.rtf", u"z9.pdf"})
