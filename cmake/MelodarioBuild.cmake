@@ -4,9 +4,11 @@ if(NOT CMAKE_CXX_COMPILER_LAUNCHER)
     find_program(MELODARIO_CCACHE ccache)
     if(MELODARIO_CCACHE)
         set(CMAKE_C_COMPILER_LAUNCHER "${MELODARIO_CCACHE}")
-        # Without these two a second clone never hits the cache of the first.
+        # Without the first two a second clone never hits the cache of the first, without the
+        # third nothing is kept that is compiled with precompiled headers.
         set(CMAKE_CXX_COMPILER_LAUNCHER
             "${CMAKE_COMMAND}" -E env "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}" CCACHE_NOHASHDIR=1
+            CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
             "${MELODARIO_CCACHE}")
     endif()
 endif()

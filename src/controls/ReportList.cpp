@@ -1,5 +1,6 @@
 #include "controls/ReportList.h"
 
+#include "controls/Appearance.h"
 #include "controls/LongTexts.h"
 
 #include <QHeaderView>
@@ -59,6 +60,15 @@ void ReportList::SortBy(int column)
     header()->setSortIndicatorShown(true);
 }
 
+void ReportList::ShowWhenEmpty(const QString& drawing)
+{
+    if (drawing == m_drawing) // asked for after every fill
+        return;
+    m_drawing = drawing;
+    m_whenEmpty = Appearance::Icon(drawing);
+    viewport()->update();
+}
+
 void ReportList::ForgetSorting()
 {
     header()->setSortIndicatorShown(false);
@@ -94,6 +104,22 @@ bool ReportList::viewportEvent(QEvent* event)
         QToolTip::showText(help->globalPos(), LongTexts::Literal(text), viewport(),
                            visualRect(index));
     return true;
+}
+
+void ReportList::paintEvent(QPaintEvent* event)
+{
+    QTreeView::paintEvent(event);
+    if (m_whenEmpty.isNull() || model()->rowCount() > 0)
+        return;
+    constexpr int Side = 96; // pixels at 100 %
+    constexpr qreal Faint = 0.14;
+    QRect place(0, 0, Side, Side);
+    place.moveCenter(viewport()->rect().center());
+    if (!viewport()->rect().contains(place))
+        return;
+    QPainter painter(viewport());
+    painter.setOpacity(Faint);
+    m_whenEmpty.paint(&painter, place);
 }
 
 void ReportList::drawRow(QPainter* painter, const QStyleOptionViewItem& option,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QIcon>
 #include <QTreeView>
 
 /// Rows in columns below a clickable header, all of one height: what the list of songs and the grid
@@ -15,6 +16,11 @@ public:
     /// sorts by the texts of a column. @param column  position from 0
     void SortBy(int column);
 
+    /// From now on a list without rows shows a drawing faintly in its middle. Asked for after the
+    /// first fill: before it nobody knows yet that there is nothing.
+    /// @param drawing  a picture's file, usually from Artwork::Path
+    void ShowWhenEmpty(const QString& drawing);
+
 signals:
     /// The left button, twice, on a row, which is current and selected then.
     void DblClick();
@@ -28,6 +34,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     /// Shows what a row's tip says, letter by letter, also where it looks like markup.
     bool viewportEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     /// The current row as a whole is framed while the list has the focus.
     void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                  const QModelIndex& index) const override;
@@ -37,4 +44,6 @@ protected:
 
 private:
     Qt::SortOrder m_direction = Qt::AscendingOrder;
+    QString m_drawing; ///< the file of m_whenEmpty
+    QIcon m_whenEmpty;
 };

@@ -4,6 +4,7 @@
 
 #include "ui_PainelLista.h"
 
+#include "artwork/Artwork.h"
 #include "controls/Resposta_Mensagem.h"
 #include "main/Datas.h"
 #include "main/SQL_Lista.h"
@@ -34,6 +35,8 @@ bool PainelLista::Preenche_Listas()
                           Funcoes::Inverte_Data(dia), Funcoes::Prepara_Data(dia)});
     }
     ui->lstLista->Preenche(std::move(linhas));
+    if (quantas == 0)
+        ui->lstLista->ShowWhenEmpty(Artwork::Path(QStringLiteral("toolbar/lista")));
     ui->lblResultado2->setText(QString::number(quantas) % u" Registro(s) Encontrado(s).");
     Funcoes::Consulta.Close();
     return true;

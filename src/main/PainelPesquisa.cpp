@@ -2,6 +2,7 @@
 
 #include "ui_PainelPesquisa.h"
 
+#include "artwork/Artwork.h"
 #include "main/Linhas_Musicas.h"
 #include "main/SQL_Pesquisa.h"
 #include "main/ServicosPrincipal.h"
@@ -135,6 +136,7 @@ void PainelPesquisa::Preenche_Musicas(QString sql, ListaMusicas& lista)
         Funcoes::Consulta = musicas;
         if (musicas.Eof()) {
             Funcoes::Consulta = Recordset();
+            lista.ShowWhenEmpty(Artwork::Path(QStringLiteral("toolbar/pesquisa")));
             ui->lblResultado->setText(Texto_Contagem(0));
             return;
         }

@@ -4,6 +4,7 @@
 
 #include "controls/RecordingDialogs.h"
 
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QTimer>
 
@@ -49,6 +50,23 @@ protected:
     void Anota_Comandos()
     {
         Funcoes::Conexao.SetStatementHook([this](const QString& sql) { m_comandos.append(sql); });
+    }
+
+    /// @return whether something is drawn in the middle of a list, where no row of a short one lies
+    static bool Desenho_No_Meio(QAbstractScrollArea& lista)
+    {
+        constexpr int Lado = 96;
+        QRect meio(0, 0, Lado, Lado);
+        meio.moveCenter(lista.viewport()->rect().center());
+        const QImage visto = lista.viewport()->grab(meio).toImage();
+        const QRgb fundo = visto.pixel(0, 0);
+        for (int y = 0; y < visto.height(); ++y) {
+            for (int x = 0; x < visto.width(); ++x) {
+                if (visto.pixel(x, y) != fundo)
+                    return true;
+            }
+        }
+        return false;
     }
 
     static QList<QWidget*> Visualizadores()

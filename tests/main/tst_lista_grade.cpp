@@ -99,6 +99,7 @@ void tst_lista_grade::anEmptyGrid()
     Carrega();
     QCOMPARE(Grade(), QStringList());
     QCOMPARE(Texto("lblResultado2"), u"0 Registro(s) Encontrado(s)."_qs);
+    QVERIFY(Desenho_No_Meio(*Acha<GradeListas>("lstLista")));
 }
 
 void tst_lista_grade::columnsHaveTheirNames()

@@ -13,6 +13,7 @@ private slots:
     void heldEnterInABoxOpensOneViewer();
     void enterFollowsTheSortOfTheList();
     void enterOnAnEmptyListDoesNothing();
+    void onlyASearchWithoutHitsLeavesAPicture();
     void enterBeforeThePendingSearchOpensTheOldList();
     void doubleClickOpensASong();
     void enterOpensTheSelectedSong();
@@ -85,6 +86,23 @@ void tst_resultado::enterOnAnEmptyListDoesNothing()
     QVERIFY(Visualizadores().isEmpty());
     QVERIFY(m_form->chamadas.isEmpty());
     QVERIFY(m_caixas->boxes.isEmpty());
+}
+
+void tst_resultado::onlyASearchWithoutHitsLeavesAPicture()
+{
+    Musica(u"Bossa"_qs);
+    QVERIFY(Mostra_Formulario());
+    m_lista = Acha<ListaMusicas>("lstMusicas");
+    QVERIFY(!Desenho_No_Meio(*m_lista)); // nothing was looked for yet
+    QTest::keyClicks(Acha<QWidget>("txtTitulo"), u"zzz"_qs);
+    Espera_Pesquisa();
+    QCOMPARE(m_lista->ListCount(), 0);
+    QVERIFY(Desenho_No_Meio(*m_lista));
+    QTest::keyClick(Acha<QWidget>("txtTitulo"), Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(Acha<QWidget>("txtTitulo"), u"bos"_qs);
+    Espera_Pesquisa();
+    QCOMPARE(m_lista->ListCount(), 1);
+    QVERIFY(!Desenho_No_Meio(*m_lista));
 }
 
 void tst_resultado::enterBeforeThePendingSearchOpensTheOldList()
