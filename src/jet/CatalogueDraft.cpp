@@ -111,7 +111,7 @@ void CatalogueDraft::Insert(std::size_t table, const std::vector<Value>& fields)
     const std::optional<int> key = target.Find(u"ID");
     // SQLite would make a number of its own of it.
     if (key && fields[static_cast<std::size_t>(*key)].IsNull())
-        JetFailure::ThrowDamaged(target.name + u" has a row without ID");
+        JetFailure::ThrowDamaged(u"há uma linha sem ID na tabela "_qs + target.name);
     Statement& insert = m_inserts[table];
     const StatementRun run(insert);
     insert.Bind(fields);

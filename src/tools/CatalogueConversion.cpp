@@ -5,6 +5,7 @@
 #include "jet/JetFile.h"
 #include "runtime/RuntimeError.h"
 #include "tools/ConversionOrder.h"
+#include "tools/Messages.h"
 #include "tools/OutputFiles.h"
 
 #include <QFile>
@@ -30,12 +31,6 @@ bool KeepInput(QTemporaryFile& file)
             return false;
     } while (!bytes.isEmpty());
     return input.error() == QFile::NoError && file.flush();
-}
-
-QString Reason(const RuntimeError& error)
-{
-    const QString& words = error.Description();
-    return words.isEmpty() ? error.WhatFailed() : error.WhatFailed() + u" (" + words + u')';
 }
 
 } // namespace

@@ -1,5 +1,8 @@
 #include "tools/Messages.h"
 
+#include "jet/JetFailure.h"
+#include "runtime/RuntimeError.h"
+
 #include <QFile>
 #include <QTextStream>
 
@@ -15,6 +18,24 @@ bool MessagesGoToATerminal()
 
 } // namespace
 
+QString Reason(const RuntimeError& error)
+{
+    const bool isPortuguese =
+        error.Number() == RuntimeError::FileFailure || dynamic_cast<const JetError*>(&error);
+    return isPortuguese && !error.Description().isEmpty()
+               ? error.WhatFailed() + u" (" + error.Description() + u')'
+               : error.WhatFailed();
+}
+
+QString Showable(QString text)
+{
+    for (QChar& sign : text) {
+        if (!sign.isPrint() && !sign.isSurrogate())
+            sign = u'?';
+    }
+    return text;
+}
+
 Messages::Messages(QTextStream& err)
     : m_err(err)
     , m_terminal(MessagesGoToATerminal())
@@ -24,7 +45,7 @@ Messages::Messages(QTextStream& err)
 void Messages::Tell(const QString& line)
 {
     Clear();
-    m_err << line << Qt::endl;
+    m_err << Showable(line) << Qt::endl;
 }
 
 void Messages::Progress(qsizetype done, qsizetype all, const QString& what)

@@ -3,6 +3,15 @@
 #include <QString>
 
 class QTextStream;
+class RuntimeError;
+
+/// @return what failed, for the user of a command, with the reason where it is in Portuguese: the
+/// store's own words are not
+QString Reason(const RuntimeError& error);
+
+/// @return the text with '?' for what a terminal would obey instead of showing; the name of a file
+/// may hold a line feed
+QString Showable(QString text);
 
 /// Messages and, on a terminal, one line below them that tells how far the work is.
 class Messages
@@ -11,6 +20,7 @@ public:
     /// @param err  what the messages are written to; must outlive them
     explicit Messages(QTextStream& err);
 
+    /// @param line  may hold names as the user wrote them
     void Tell(const QString& line);
 
     /// @param what  is counted, in Portuguese: "arquivos"
