@@ -130,6 +130,10 @@ void tst_converte_catalogo::whatCannotBeConvertedLeavesNothing_data()
         << QByteArray("SQLite format 3\0", 16) + QByteArray(1000, '\0') << foreign;
     QTest::newRow("empty") << QByteArray() << foreign;
     QTest::newRow("half of it") << whole.first(whole.size() / 2) << u": não convertido: "_qs;
+    QTest::newRow("nothing behind the name")
+        << whole.first(4096) + QByteArray(whole.size() - 4096, '\0')
+        << u": não convertido: O catálogo antigo está danificado. (a relação das tabelas não pode "
+           "ser lida)\n"_qs;
     QTest::newRow("a table is missing")
         << CatalogoAntigo::SemTabela("LISTA_MUSICA")
         << u": não convertido: Falta no catálogo antigo a tabela LISTA_MUSICA.\n"_qs;
