@@ -82,7 +82,10 @@ void CatalogueDraft::Lock()
         return;
     if (m_lock->error() == QLockFile::LockFailedError)
         JetFailure::Throw(u"O catálogo está sendo convertido por outro programa."_qs, m_path);
-    JetFailure::Throw(u"Não é possível gravar na pasta do catálogo novo."_qs, m_path);
+    JetFailure::Throw(u"Não é possível gravar na pasta do catálogo novo."_qs,
+                      m_lock->error() == QLockFile::PermissionError
+                          ? u"falta a permissão"_qs
+                          : u"o disco está cheio ou não aceita a gravação"_qs);
 }
 
 void CatalogueDraft::Open(int flags)

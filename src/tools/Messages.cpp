@@ -16,7 +16,24 @@ bool MessagesGoToATerminal()
     return target.startsWith(u"/dev/pts/") || target.startsWith(u"/dev/tty");
 }
 
+void TellOnlyTheFatal(QtMsgType type, const QMessageLogContext&, const QString& words)
+{
+    if (type == QtFatalMsg || type == QtCriticalMsg)
+        QTextStream(stderr) << words << Qt::endl;
+}
+
 } // namespace
+
+QString WrongUse(const QString& why, const QString& help)
+{
+    return Showable(why) + u"\n\n" + help.section(u'\n', 0, 0) +
+           u"\n--help mostra todas as opções.\n";
+}
+
+void SilenceLibraries()
+{
+    qInstallMessageHandler(TellOnlyTheFatal);
+}
 
 QString Reason(const RuntimeError& error)
 {

@@ -13,6 +13,15 @@ QString Reason(const RuntimeError& error);
 /// may hold a line feed
 QString Showable(QString text);
 
+/// What somebody sees who used a command wrongly: why, and how it is used. The whole help would
+/// push the reason out of the window.
+/// @param help  begins with one line that shows the use
+QString WrongUse(const QString& why, const QString& help);
+
+/// The libraries' warnings are in English and not for the user of a command; only what ends it is
+/// written.
+void SilenceLibraries();
+
 /// Messages and, on a terminal, one line below them that tells how far the work is.
 class Messages
 {

@@ -94,12 +94,24 @@ int TellResult(QTextStream& out, const CatalogueCheck::Result& result,
     return SomethingFound;
 }
 
+/// @throws RuntimeError, which tells that it was the new catalogue where something failed
+CatalogueRepair::Outcome NewCatalogue(const CheckedCatalogue& catalogue, const QString& path,
+                                      const CatalogueCheck::Progress& progress)
+{
+    try {
+        return CatalogueRepair::Repair(catalogue, path, progress);
+    } catch (const RuntimeError& error) {
+        throw RuntimeError(error.Number(),
+                           u"o catálogo novo não pôde ser feito: "_qs + error.WhatFailed(),
+                           error.Description());
+    }
+}
+
 int Repair(const CheckedCatalogue& catalogue, const VerificationOrder& order, QTextStream& out,
            const CatalogueCheck::Progress& progress)
 {
     RepairedFile file(order.repaired, order.force, order.simulate);
-    const CatalogueRepair::Outcome outcome =
-        CatalogueRepair::Repair(catalogue, file.DraftPath(), progress);
+    const CatalogueRepair::Outcome outcome = NewCatalogue(catalogue, file.DraftPath(), progress);
     file.Keep();
     out << (order.simulate ? u"\nSeria escrito: "_qs : u"\nEscrito: "_qs)
         << Showable(order.repaired) << u", com "_qs << Counts(outcome.after) << u'\n';
@@ -178,7 +190,7 @@ int Run(const QStringList& arguments, QTextStream& out, QTextStream& err)
     if (order)
         // The catalogue itself may be on the standard output.
         return Work(*order, order->repaired == u"-" ? err : out, err);
-    err << Showable(wrong) << u"\n\n"_qs << Help;
+    err << (arguments.isEmpty() ? QString(wrong + u"\n\n" + Help) : WrongUse(wrong, Help));
     return NotDone;
 }
 
@@ -186,6 +198,7 @@ int Run(const QStringList& arguments, QTextStream& out, QTextStream& err)
 
 int main(int argc, char** argv)
 {
+    SilenceLibraries();
     const QCoreApplication application(argc, argv);
     QTextStream out(stdout);
     QTextStream err(stderr);

@@ -70,6 +70,7 @@ private slots:
     void catalogueThroughAPipe();
     void nameWithALineFeedStaysOnItsLine();
     void fullDiskBehindTheOutputIsTold();
+    void fullDiskUnderTheNewCatalogueIsTold();
     void helpIsPortuguese();
     void wrongUse_data();
     void wrongUse();
@@ -351,6 +352,19 @@ void tst_verifica::fullDiskBehindTheOutputIsTold()
     QCOMPARE(process.exitCode(), 2);
 }
 
+/// The system takes no file of more than a few kilobytes.
+void tst_verifica::fullDiskUnderTheNewCatalogueIsTold()
+{
+    const Tidy catalogue;
+    const Outcome outcome = RunTool(
+        u"/bin/sh"_qs, {u"-c"_qs, u"trap '' XFSZ; ulimit -f 8; exec \"$@\""_qs, u"sh"_qs, Tool,
+                        catalogue.Path(), u"--reparar"_qs, catalogue.Folder() + u"/novo.mdb"});
+    QCOMPARE(outcome.code, 2);
+    QCOMPARE(outcome.err, catalogue.Path() + u": o catálogo novo não pôde ser feito: O arquivo do "
+                                             "banco de dados não pode ser lido ou gravado.\n");
+    QCOMPARE(QDir(catalogue.Folder()).entryList(QDir::Files), QStringList{u"Melodario.mdb"_qs});
+}
+
 void tst_verifica::helpIsPortuguese()
 {
     const Outcome outcome = RunTool(Tool, {u"--help"_qs});
@@ -397,6 +411,8 @@ void tst_verifica::wrongUse()
     QFETCH(QString, told);
     const Outcome outcome = RunTool(Tool, arguments);
     QVERIFY2(outcome.err.startsWith(told), qPrintable(outcome.err));
+    // A whole help would push the reason out of a window.
+    QVERIFY(arguments.isEmpty() || outcome.err.count(u'\n') <= 4);
     QCOMPARE(outcome.out, QString());
     QCOMPARE(outcome.code, 2);
 }
