@@ -72,12 +72,12 @@ void CatalogueCheck::Finish()
         Statement count(m_catalogue, "SELECT COUNT(*) FROM " + name.toUtf8());
         count.Step();
         if (count.Whole(0) != m_progress[table].compared)
-            Refuse(name + u": " + QString::number(m_progress[table].compared) + u" and " +
+            Refuse(name + u": " + QString::number(m_progress[table].compared) + u" e " +
                    QString::number(count.Whole(0)));
     }
     m_progress.clear();
     Statement integrity(m_catalogue, "PRAGMA integrity_check(1)");
     integrity.Step();
     if (integrity.Text(0) != "ok")
-        Refuse(u"integrity_check"_qs);
+        Refuse(u"a estrutura do arquivo não está certa"_qs);
 }

@@ -82,7 +82,10 @@ void CatalogueDraft::Lock()
         return;
     if (m_lock->error() == QLockFile::LockFailedError)
         JetFailure::Throw(u"O catálogo está sendo convertido por outro programa."_qs, m_path);
-    JetFailure::Throw(u"Não é possível gravar na pasta do catálogo novo."_qs, m_path);
+    JetFailure::Throw(u"Não é possível gravar na pasta do catálogo novo."_qs,
+                      m_lock->error() == QLockFile::PermissionError
+                          ? u"falta a permissão"_qs
+                          : u"o disco está cheio ou não aceita a gravação"_qs);
 }
 
 void CatalogueDraft::Open(int flags)
@@ -111,7 +114,7 @@ void CatalogueDraft::Insert(std::size_t table, const std::vector<Value>& fields)
     const std::optional<int> key = target.Find(u"ID");
     // SQLite would make a number of its own of it.
     if (key && fields[static_cast<std::size_t>(*key)].IsNull())
-        JetFailure::ThrowDamaged(target.name + u" has a row without ID");
+        JetFailure::ThrowDamaged(u"há uma linha sem ID na tabela "_qs + target.name);
     Statement& insert = m_inserts[table];
     const StatementRun run(insert);
     insert.Bind(fields);

@@ -1,5 +1,6 @@
 #include "jet/CatalogueSwap.h"
 
+#include "runtime/FileTrouble.h"
 #include "runtime/RuntimeError.h"
 
 #include <QDir>
@@ -88,7 +89,7 @@ void CatalogueSwap::KeepOld(const QString& path, const QString& kept)
     std::error_code failure;
     std::filesystem::create_hard_link(Native(path), Native(kept), failure);
     if (failure && !IsFree(kept))
-        Throw(u"guardar"_qs, kept, QString::fromStdString(failure.message()));
+        Throw(u"guardar"_qs, kept, FileTrouble(failure));
     if (failure)
         CopyOld(path, kept);
 }
@@ -104,10 +105,10 @@ void CatalogueSwap::CopyOld(const QString& path, const QString& kept)
     }
     if (!copied || !copy.flush() || !copy.commit())
         Throw(u"guardar"_qs, kept,
-              old.error() == QFile::NoError ? copy.errorString() : old.errorString());
+              old.error() == QFile::NoError ? FileTrouble(copy) : FileTrouble(old));
     if (!SameContent(path, kept)) {
         QFile::remove(kept);
-        Throw(u"guardar"_qs, kept, QStringLiteral("the copy differs"));
+        Throw(u"guardar"_qs, kept, u"a cópia saiu diferente"_qs);
     }
 }
 
@@ -127,5 +128,5 @@ void CatalogueSwap::PutInPlace(const QString& draft, const QString& path)
     std::error_code failure;
     std::filesystem::rename(Native(draft), Native(path), failure);
     if (failure)
-        Throw(u"substituir"_qs, path, QString::fromStdString(failure.message()));
+        Throw(u"substituir"_qs, path, FileTrouble(failure));
 }

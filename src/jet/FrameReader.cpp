@@ -15,7 +15,7 @@ constexpr qsizetype HeadSize = 5; // kind and length
 const char* FrameContent::Take(qsizetype size)
 {
     if (size > m_content.size() - m_at)
-        JetFailure::ThrowDamaged(QStringLiteral("a frame ends too early"));
+        JetFailure::ThrowDamaged(u"um bloco lido acaba cedo demais"_qs);
     const char* taken = m_content.constData() + m_at;
     m_at += size;
     return taken;
@@ -45,14 +45,14 @@ QByteArrayView FrameContent::Bytes()
 void FrameContent::ExpectEnd() const
 {
     if (m_at != m_content.size())
-        JetFailure::ThrowDamaged(QStringLiteral("a frame goes on after its end"));
+        JetFailure::ThrowDamaged(u"um bloco lido continua depois do fim"_qs);
 }
 
 void FrameReader::Add(const QByteArray& bytes)
 {
     const auto size = static_cast<quint64>(bytes.size());
     if (size > m_left)
-        JetFailure::ThrowDamaged(QStringLiteral("more comes out than the file can hold"));
+        JetFailure::ThrowDamaged(u"sai mais do que o arquivo pode conter"_qs);
     m_left -= size;
     m_bytes.remove(0, m_at);
     m_at = 0;
@@ -66,7 +66,7 @@ std::optional<FrameContent> FrameReader::Next()
     const char* const head = m_bytes.constData() + m_at;
     const auto length = qFromLittleEndian<quint32>(head + 1);
     if (length > RowStream::LargestFrame)
-        JetFailure::ThrowDamaged(QStringLiteral("a frame is longer than any"));
+        JetFailure::ThrowDamaged(u"um bloco lido é longo demais"_qs);
     if (m_bytes.size() - m_at - HeadSize < qsizetype{length})
         return std::nullopt;
     FrameContent frame(static_cast<RowStream::Frame>(*head),

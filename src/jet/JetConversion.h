@@ -16,6 +16,7 @@ struct LeftBehind
     QStringList tables;
     QStringList columns; ///< as table.column
 
+    bool operator==(const LeftBehind&) const = default;
     bool IsEmpty() const { return tables.isEmpty() && columns.isEmpty(); }
 
     /// @return "a tabela X; as colunas A.B e A.C" and the like; "" for nothing

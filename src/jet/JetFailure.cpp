@@ -1,10 +1,8 @@
 #include "jet/JetFailure.h"
 
-#include "runtime/RuntimeError.h"
-
 void JetFailure::Throw(const QString& whatFailed, const QString& description)
 {
-    throw RuntimeError(RuntimeError::StoreFailure, whatFailed, description);
+    throw JetError(whatFailed, description);
 }
 
 void JetFailure::ThrowDamaged(const QString& description)

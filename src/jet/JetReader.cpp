@@ -4,6 +4,7 @@
 #include "jet/JetFields.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <QProcess>
 
@@ -35,7 +36,7 @@ QProcessEnvironment Environment()
 
 [[noreturn]] void ThrowDisorder()
 {
-    JetFailure::ThrowDamaged(QStringLiteral("frames come in another order"));
+    JetFailure::ThrowDamaged(u"os blocos lidos vêm em outra ordem"_qs);
 }
 
 /// Ends the other process when this one has no more use for it.
@@ -81,12 +82,12 @@ void JetReader::Read(const Listener& listener)
     Follow(process);
     const bool ended = process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
     if (!ended || m_state != State::Done || !m_frames->AtEnd())
-        JetFailure::Throw(
-            u"O catálogo antigo está danificado: a leitura dele parou de repente ou "
-            "passou do limite de tempo ou de memória."_qs,
-            u"melodario-jet: %1 %2"_qs
-                .arg(process.exitStatus() == QProcess::NormalExit ? u"exit code"_qs : u"crash"_qs)
-                .arg(process.exitCode()));
+        JetFailure::Throw(u"O catálogo antigo está danificado: a leitura dele parou de repente ou "
+                          "passou do limite de tempo ou de memória."_qs,
+                          u"melodario-jet %1 %2"_qs
+                              .arg(process.exitStatus() == QProcess::NormalExit ? u"terminou com"_qs
+                                                                                : u"caiu com"_qs)
+                              .arg(process.exitCode()));
 }
 
 void JetReader::Start(QProcess& process) const
@@ -97,7 +98,7 @@ void JetReader::Start(QProcess& process) const
     process.start(Program(), Arguments(m_path, m_wanted), QIODevice::ReadOnly);
     if (!process.waitForStarted())
         JetFailure::Throw(u"Falta o programa melodario-jet, que lê catálogos no formato antigo."_qs,
-                          process.errorString());
+                          QDir::toNativeSeparators(Program()));
 }
 
 void JetReader::Follow(QProcess& process)

@@ -5,33 +5,40 @@
 #include "jet/CatalogueSwap.h"
 #include "jet/JetConversion.h"
 #include "jet/JetFile.h"
+#include "main/Texto_Deixado.h"
 #include "runtime/RuntimeError.h"
 
 #include <QFileInfo>
 
 namespace {
 
-/// @return what no new catalogue gets, so that it is known before the answer; "" also for a file
-/// of which not even the tables can be read: the conversion will tell
-QString Texto_Deixado(const QString& caminho)
+/// @return what no new catalogue gets; nothing also for a file of which not even the tables can be
+/// read: the conversion will tell
+std::optional<JetConversion::LeftBehind> Ve_Antes(const QString& caminho)
 {
     try {
-        const QString deixado = JetConversion::Preview(caminho).ToText();
-        return deixado.isEmpty() ? QString()
-                                 : u"\n\nO Melodario não conhece, e por isso não leva para o "
-                                   "catálogo novo: "_qs +
-                                       deixado + u'.';
+        return JetConversion::Preview(caminho);
     } catch (const RuntimeError&) {
-        return {};
+        return std::nullopt;
     }
 }
 
-QString Texto_Pergunta(const QString& caminho, const QString& guardado)
+QString Texto_Pergunta(const QString& caminho, const QString& guardado, const QString& deixado)
 {
     return u"O banco de dados '"_qs + QFileInfo(caminho).fileName() +
            u"' está no formato antigo (Jet). Deseja convertê-lo agora?\n\nO arquivo antigo "
            u"continua na mesma pasta, sem nenhuma alteração, com o nome '" +
-           QFileInfo(guardado).fileName() + u"'." + Texto_Deixado(caminho);
+           QFileInfo(guardado).fileName() + u"'." + deixado;
+}
+
+/// @return what stayed behind
+JetConversion::LeftBehind Converte(const QString& catalogo, const QString& guardado)
+{
+    // The main form is not shown yet: the window stands alone.
+    Andamento andamento(nullptr, u"Melodario"_qs, u"Convertendo o catálogo..."_qs);
+    return JetConversion::ConvertInPlace(catalogo, guardado,
+                                         [&andamento](double parte) { andamento.Avanca(parte); })
+        .left;
 }
 
 } // namespace
@@ -42,10 +49,12 @@ void Funcoes::Oferece_Conversao(QWidget* pai, const QString& caminho)
         return;
     const QString catalogo = CatalogueSwap::RealPath(caminho);
     const QString guardado = CatalogueSwap::KeptPath(catalogo);
-    if (!Pergunta(pai, Texto_Pergunta(catalogo, guardado)))
+    const auto visto = Ve_Antes(catalogo);
+    if (!Pergunta(pai, Texto_Pergunta(catalogo, guardado, Texto_Deixado::Antes(visto))))
         return;
-    // The main form is not shown yet: the window stands alone.
-    Andamento andamento(nullptr, u"Melodario"_qs, u"Convertendo o catálogo..."_qs);
-    JetConversion::ConvertInPlace(catalogo, guardado,
-                                  [&andamento](double parte) { andamento.Avanca(parte); });
+    const JetConversion::LeftBehind deixado = Converte(catalogo, guardado);
+    const bool dito = deixado.IsEmpty() || (Texto_Deixado::Diz_Tudo(visto) && *visto == deixado);
+    if (!dito)
+        Mostra_Mensagem(pai, Texto_Deixado::Depois(deixado, QFileInfo(guardado).fileName()),
+                        Icone::Informacao);
 }

@@ -25,7 +25,7 @@ public:
 
     /// @param number       one of Code, or a code of the failing library
     /// @param whatFailed   a sentence in Portuguese for the user
-    /// @param description  the own words of whoever failed (the store's, the system's); may be
+    /// @param description  the store's own words; of a FileFailure the reason in Portuguese; may be
     /// empty
     RuntimeError(int number, QString whatFailed, QString description);
 

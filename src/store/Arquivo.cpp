@@ -1,5 +1,6 @@
 #include "store/Arquivo.h"
 
+#include "runtime/FileTrouble.h"
 #include "runtime/RuntimeError.h"
 #include "store/CodePage.h"
 #include "store/Ini.h"
@@ -41,7 +42,7 @@ void WriteWhole(const QString& path, const QByteArray& content)
     const bool written = file.open(QIODevice::WriteOnly) && file.write(content) == content.size() &&
                          file.flush() && file.commit();
     if (!written)
-        ThrowFileFailure(ToWrite(), path, file.errorString());
+        ThrowFileFailure(ToWrite(), path, FileTrouble(file));
 }
 
 /// @return the content of the file; empty when there is none.
@@ -52,10 +53,10 @@ QByteArray ContentToKeep(const QString& path)
     if (!file.exists())
         return QByteArray();
     if (!file.open(QIODevice::ReadOnly))
-        ThrowFileFailure(ToRead(), path, file.errorString());
+        ThrowFileFailure(ToRead(), path, FileTrouble(file));
     QByteArray content = file.readAll();
     if (file.error() != QFileDevice::NoError)
-        ThrowFileFailure(ToRead(), path, file.errorString());
+        ThrowFileFailure(ToRead(), path, FileTrouble(file));
     return content;
 }
 
@@ -96,7 +97,7 @@ void Funcoes::Cria_Arquivo(const QString& caminho, bool sobrescreve)
     }
     QFile file(caminho);
     if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
-        ThrowFileFailure(ToWrite(), caminho, file.errorString());
+        ThrowFileFailure(ToWrite(), caminho, FileTrouble(file));
 }
 
 void Funcoes::Grava_Arquivo(const QString& texto, const QString& caminho)

@@ -1,5 +1,6 @@
 #include "store/CatalogueFile.h"
 
+#include "runtime/FileTrouble.h"
 #include "runtime/RuntimeError.h"
 #include "store/dialect/Schema.h"
 #include "store/sqlite/Statement.h"
@@ -42,6 +43,30 @@ const QByteArray JetNames[] = {QByteArrayLiteral("Standard Jet DB"),
 [[noreturn]] void Refuse(const QString& whatFailed, const QString& description)
 {
     throw RuntimeError(RuntimeError::StoreFailure, whatFailed, description);
+}
+
+[[noreturn]] void RefuseUnread(const QFile& file)
+{
+    Refuse(
+        QStringLiteral("O arquivo do banco de dados não pode ser lido: %1.").arg(FileTrouble(file)),
+        file.fileName());
+}
+
+/// A folder or a device has a name as well.
+void CheckKind(const QString& path)
+{
+    const QFileInfo found(path);
+    if (found.isFile())
+        return;
+    if (found.isDir())
+        Refuse(QStringLiteral("O banco de dados é um arquivo, e isto é uma pasta."), path);
+    if (found.exists())
+        Refuse(QStringLiteral("O banco de dados é um arquivo comum, e isto não é."), path);
+    // In a folder that one may not enter nothing seems to exist.
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) && file.error() == QFileDevice::PermissionsError)
+        RefuseUnread(file);
+    Refuse(QStringLiteral("O arquivo do banco de dados não existe."), path);
 }
 
 ColumnType TypeOf(std::string_view declared)
@@ -111,13 +136,13 @@ bool CatalogueFile::IsOlderFormat(QByteArrayView header)
 
 void CatalogueFile::CheckHeader(const QString& path)
 {
-    if (!QFileInfo(path).isFile())
-        Refuse(QStringLiteral("O arquivo do banco de dados não existe."), path);
+    CheckKind(path);
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        Refuse(QStringLiteral("O arquivo do banco de dados não pode ser lido."),
-               file.errorString());
+        RefuseUnread(file);
     const QByteArray header = file.read(HeaderLength);
+    if (file.error() != QFileDevice::NoError)
+        RefuseUnread(file);
     if (header.isEmpty())
         Refuse(QStringLiteral("O arquivo do banco de dados está vazio."), path);
     if (IsOlderFormat(header))

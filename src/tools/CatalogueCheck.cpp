@@ -37,31 +37,31 @@ struct Question
 };
 
 // A song as a musician knows it; a title or reference that is missing leaves its quotes empty.
-#define SONG "M.ID || ' \"' || ifnull(M.TITULO, '') || '\" (' || ifnull(M.REFERENCIA, '') || ')'"
+#define SONG "TRECHO(M.ID) || ' \"' || TRECHO(M.TITULO) || '\" (' || TRECHO(M.REFERENCIA) || ')'"
 
 constexpr std::array<Question, 11> Questions{{
     {u"Ligações de temas com músicas que não existem", true, "TEMA_MUSICA MUSICA",
-     "SELECT 'música ' || ifnull(L.ID_MUSICA, '(nenhuma)') || ', tema ' || "
-     "ifnull('\"' || (SELECT DESCRICAO FROM TEMA WHERE ID = L.ID_TEMA) || '\"', ifnull(L.ID_TEMA, "
-     "'(nenhum)')) "
+     "SELECT 'música ' || TRECHO(ifnull(L.ID_MUSICA, '(nenhuma)')) || ', tema ' || "
+     "ifnull((SELECT '\"' || TRECHO(DESCRICAO) || '\"' FROM TEMA WHERE ID = L.ID_TEMA), "
+     "TRECHO(ifnull(L.ID_TEMA, '(nenhum)'))) "
      "FROM TEMA_MUSICA AS L WHERE NOT EXISTS (SELECT 1 FROM MUSICA WHERE ID = L.ID_MUSICA) "
      "ORDER BY L.rowid"},
     {u"Ligações de músicas com temas que não existem", true, "TEMA_MUSICA MUSICA TEMA",
-     "SELECT " SONG " || ', tema ' || ifnull(L.ID_TEMA, '(nenhum)') FROM TEMA_MUSICA AS L "
+     "SELECT " SONG " || ', tema ' || TRECHO(ifnull(L.ID_TEMA, '(nenhum)')) FROM TEMA_MUSICA AS L "
      "JOIN MUSICA AS M ON M.ID = L.ID_MUSICA "
      "WHERE NOT EXISTS (SELECT 1 FROM TEMA WHERE ID = L.ID_TEMA) ORDER BY L.rowid"},
     {u"Ligações repetidas de uma música com um tema", true, "TEMA_MUSICA MUSICA TEMA",
-     "SELECT " SONG " || ', tema \"' || ifnull(T.DESCRICAO, '') || '\", ' || COUNT(*) || ' vezes' "
+     "SELECT " SONG " || ', tema \"' || TRECHO(T.DESCRICAO) || '\", ' || COUNT(*) || ' vezes' "
      "FROM TEMA_MUSICA AS L JOIN MUSICA AS M ON M.ID = L.ID_MUSICA "
      "JOIN TEMA AS T ON T.ID = L.ID_TEMA GROUP BY M.ID, T.ID HAVING COUNT(*) > 1 ORDER BY M.ID"},
     {u"Lugares em listas com músicas que não existem", true, "LISTA LISTA_MUSICA MUSICA",
-     "SELECT 'lista \"' || ifnull(S.NOME, '') || '\", lugar ' || ifnull(L.ORDEM + 1, '?') || "
-     "', música ' || ifnull(L.ID_MUSICA, '(nenhuma)') FROM LISTA_MUSICA AS L "
+     "SELECT 'lista \"' || TRECHO(S.NOME) || '\", lugar ' || TRECHO(ifnull(L.ORDEM + 1, '?')) || "
+     "', música ' || TRECHO(ifnull(L.ID_MUSICA, '(nenhuma)')) FROM LISTA_MUSICA AS L "
      "JOIN LISTA AS S ON S.ID = L.ID_LISTA "
      "WHERE NOT EXISTS (SELECT 1 FROM MUSICA WHERE ID = L.ID_MUSICA) ORDER BY S.ID, L.ORDEM"},
     {u"Lugares em listas que não existem", true, "LISTA LISTA_MUSICA",
-     "SELECT 'lista ' || ifnull(L.ID_LISTA, '(nenhuma)') || ', lugar ' || "
-     "ifnull(L.ORDEM + 1, '?') FROM LISTA_MUSICA AS L "
+     "SELECT 'lista ' || TRECHO(ifnull(L.ID_LISTA, '(nenhuma)')) || ', lugar ' || "
+     "TRECHO(ifnull(L.ORDEM + 1, '?')) FROM LISTA_MUSICA AS L "
      "WHERE NOT EXISTS (SELECT 1 FROM LISTA WHERE ID = L.ID_LISTA) ORDER BY L.rowid"},
     {u"Músicas sem tema", true, "MUSICA TEMA_MUSICA TEMA",
      "SELECT " SONG " FROM MUSICA AS M WHERE NOT EXISTS (SELECT 1 FROM TEMA_MUSICA AS L "
@@ -73,13 +73,14 @@ constexpr std::array<Question, 11> Questions{{
      "trim(ifnull(M.MUSICA, ''), char(9, 10, 13, 32, 160)) = '' AND "
      "trim(ifnull(M.MUSICA2, ''), char(9, 10, 13, 32, 160)) = '' ORDER BY M.ID"},
     {u"Músicas com um tom que não existe", false, "MUSICA TOM",
-     "SELECT " SONG " || ', tom \"' || M.TOM || '\"' FROM MUSICA AS M WHERE M.TOM <> '' AND "
+     "SELECT " SONG
+     " || ', tom \"' || TRECHO(M.TOM) || '\"' FROM MUSICA AS M WHERE M.TOM <> '' AND "
      "NOT EXISTS (SELECT 1 FROM TOM AS N WHERE N.NOTA = M.TOM OR N.MAIS = M.TOM) ORDER BY M.ID"},
     {u"Temas sem nome", false, "TEMA",
-     "SELECT 'tema ' || T.ID FROM TEMA AS T WHERE trim(ifnull(T.DESCRICAO, '')) = '' "
+     "SELECT 'tema ' || TRECHO(T.ID) FROM TEMA AS T WHERE trim(ifnull(T.DESCRICAO, '')) = '' "
      "ORDER BY T.ID"},
     {u"Temas com o mesmo nome", true, "TEMA",
-     "SELECT '\"' || T.DESCRICAO || '\", ' || COUNT(*) || ' vezes' FROM TEMA AS T "
+     "SELECT '\"' || TRECHO(T.DESCRICAO) || '\", ' || COUNT(*) || ' vezes' FROM TEMA AS T "
      "WHERE T.DESCRICAO <> '' GROUP BY T.DESCRICAO HAVING COUNT(*) > 1 ORDER BY MIN(T.ID)"},
 }};
 
@@ -210,7 +211,7 @@ void Examination::Ask(const Question& question)
     Attempt(finding.what, [&] {
         Statement rows(m_catalogue.Handle(), question.sql);
         while (rows.Step())
-            finding.cases.append(ToQString(rows.Text(0)).simplified());
+            finding.cases.append(ToQString(rows.Text(0)));
     });
     finding.count = finding.cases.size();
     Add(finding);
@@ -241,7 +242,7 @@ QStringList Names(const CheckedCatalogue& catalogue, const QList<qint64>& songs)
     for (const qint64 song : songs) {
         StatementRun run(rows);
         rows.Bind({Value(song)});
-        names.append(rows.Step() ? ToQString(rows.Text(0)).simplified() : QString::number(song));
+        names.append(rows.Step() ? ToQString(rows.Text(0)) : QString::number(song));
     }
     return names;
 }

@@ -2,9 +2,11 @@
 
 #include "jet/CatalogueSwap.h"
 #include "jet/JetConversion.h"
-#include "jet/JetFile.h"
+#include "runtime/FileTrouble.h"
 #include "runtime/RuntimeError.h"
+#include "store/CatalogueFile.h"
 #include "tools/ConversionOrder.h"
+#include "tools/Messages.h"
 #include "tools/OutputFiles.h"
 
 #include <QFile>
@@ -16,26 +18,47 @@
 namespace {
 
 /// The format is read back and forth, which a pipe does not allow.
-/// @return false when it could not be kept
-bool KeepInput(QTemporaryFile& file)
+/// @return why it could not be kept, in Portuguese; empty when it was
+QString KeepInput(QTemporaryFile& file)
 {
     constexpr qint64 Piece = qint64{1} << 20;
+    const QString noPlace = u"não há lugar para um arquivo provisório: "_qs;
+    if (!file.open())
+        return noPlace + FileTrouble(file);
     QFile input;
-    if (!file.open() || !input.open(stdin, QIODevice::ReadOnly))
-        return false;
-    QByteArray bytes;
-    do {
-        bytes = input.read(Piece);
+    bool read = input.open(stdin, QIODevice::ReadOnly);
+    while (read) {
+        const QByteArray bytes = input.read(Piece);
+        if (bytes.isEmpty())
+            break;
         if (file.write(bytes) != bytes.size())
-            return false;
-    } while (!bytes.isEmpty());
-    return input.error() == QFile::NoError && file.flush();
+            return noPlace + FileTrouble(file);
+    }
+    read = read && input.error() == QFile::NoError;
+    if (!read)
+        return FileTrouble(input);
+    return file.flush() ? QString() : noPlace + FileTrouble(file);
 }
 
-QString Reason(const RuntimeError& error)
+/// @return why no catalogue in the older format can be read there, in Portuguese
+QString WhyNotOld(const QString& path)
 {
-    const QString& words = error.Description();
-    return words.isEmpty() ? error.WhatFailed() : error.WhatFailed() + u" (" + words + u')';
+    const QFileInfo found(path);
+    if (found.isDir())
+        return u"é uma pasta"_qs;
+    if (found.exists() && !found.isFile())
+        return u"não é um arquivo comum"_qs;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return FileTrouble(file);
+    const QByteArray header = file.read(CatalogueFile::HeaderLength);
+    if (file.error() != QFileDevice::NoError)
+        return FileTrouble(file);
+    if (CatalogueFile::IsOlderFormat(header))
+        return {};
+    return header.startsWith("SQLite format 3")
+               ? u"já é um catálogo no formato novo; não há o que converter"_qs
+               : u"não é um catálogo no formato antigo (Jet); só dele se faz um catálogo novo"_qs;
 }
 
 } // namespace
@@ -46,8 +69,9 @@ CatalogueConversion::Outcome CatalogueConversion::Run(const QString& source,
     if (source != Standard())
         return Convert(source, source, destination);
     QTemporaryFile kept;
-    if (!KeepInput(kept)) {
-        m_listener.tell(u"(entrada): não lida"_qs);
+    const QString notKept = KeepInput(kept);
+    if (!notKept.isEmpty()) {
+        m_listener.tell(u"(entrada): não lida: "_qs + notKept);
         return Outcome::NotDone;
     }
     return Convert(kept.fileName(), u"(entrada)"_qs, destination);
@@ -60,11 +84,9 @@ CatalogueConversion::Convert(const QString& path, const QString& source, const Q
         m_listener.tell(where + u": " + why);
         return Outcome::NotDone;
     };
-    if (!QFileInfo(path).isFile())
-        return refuse(source, u"o arquivo não existe"_qs);
-    if (!JetFile::Recognises(path))
-        return refuse(source, u"não é um catálogo no formato antigo (Jet); só dele se faz um "
-                              "catálogo novo"_qs);
+    const QString notOld = WhyNotOld(path);
+    if (!notOld.isEmpty())
+        return refuse(source, notOld);
     if (CatalogueSwap::RealPath(path) == CatalogueSwap::RealPath(destination))
         return refuse(destination, u"o destino é a própria origem"_qs);
     if (QFileInfo(destination).isDir())

@@ -1,6 +1,7 @@
 #include "tools/CatalogueRepair.h"
 
 #include "runtime/RuntimeError.h"
+#include "songbook/Reading.h"
 #include "store/sqlite/Statement.h"
 #include "tools/CheckedCatalogue.h"
 #include "tools/RowRescue.h"
@@ -172,8 +173,8 @@ void Workshop::TellLostSongs()
             kept.Bind({Value(rows.Whole(0))});
             if (!kept.Step())
                 outcome.lost.append(u"música perdida: %1 \"%2\" (%3)"_qs.arg(
-                    QString::number(rows.Whole(0)), ToQString(rows.Text(1)),
-                    ToQString(rows.Text(2))));
+                    QString::number(rows.Whole(0)), Songbook::Excerpt(ToQString(rows.Text(1))),
+                    Songbook::Excerpt(ToQString(rows.Text(2)))));
         }
     } catch (const RuntimeError&) {
         // Then the numbers above are all that is known.

@@ -4,6 +4,7 @@
 #include "store/CatalogueFile.h"
 #include "store/sqlite/Failure.h"
 #include "store/sqlite/Statement.h"
+#include "tools/ExcerptFunction.h"
 
 #include <QFileInfo>
 
@@ -47,9 +48,10 @@ CheckedCatalogue::CheckedCatalogue(const QString& path)
 
 void CheckedCatalogue::Open()
 {
+    // An absolute path is never taken for one of SQLite's special names.
+    const QByteArray name = QFileInfo(m_path).absoluteFilePath().toUtf8();
     sqlite3* raw = nullptr;
-    const int opened =
-        sqlite3_open_v2(m_path.toUtf8().constData(), &raw, SQLITE_OPEN_READONLY, nullptr);
+    const int opened = sqlite3_open_v2(name.constData(), &raw, SQLITE_OPEN_READONLY, nullptr);
     m_handle.reset(raw);
     if (!raw)
         throw RuntimeError(RuntimeError::StoreFailure, u"Falta memória."_qs, m_path);
@@ -57,6 +59,7 @@ void CheckedCatalogue::Open()
     if (opened != SQLITE_OK)
         Failure::ThrowLast(raw);
     sqlite3_busy_timeout(raw, Patience);
+    ExcerptFunction::AddTo(raw);
     // What a foreign file has in its schema must not run anything.
     sqlite3_db_config(raw, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
     sqlite3_exec(raw, "BEGIN", nullptr, nullptr, nullptr);

@@ -14,6 +14,7 @@ public:
     /// catalogue of ours, in use, or waiting for an interrupted write to be undone
     explicit CheckedCatalogue(const QString& path);
 
+    /// Its statements may use TRECHO of ExcerptFunction.
     sqlite3* Handle() const noexcept { return m_handle.get(); }
 
     const QString& Path() const noexcept { return m_path; }

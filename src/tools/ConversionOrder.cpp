@@ -119,6 +119,10 @@ private:
             return;
         }
         m_order.destination = m_order.sources.takeLast();
+        if (m_order.sources.contains(QString())) {
+            m_wrong = u"o nome de uma origem está vazio"_qs;
+            return;
+        }
         m_order.kind = FindDestination(m_order.destination, m_format, m_wrong);
     }
 

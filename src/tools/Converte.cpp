@@ -63,7 +63,7 @@ const QString Help =
 
 int Fail(QTextStream& err, const QString& why)
 {
-    err << why << u'\n';
+    err << Showable(why) << u'\n';
     return NotDone;
 }
 
@@ -108,7 +108,7 @@ int ConvertCatalogue(const ConversionOrder& order, QTextStream& out, QTextStream
     messages.Clear();
     if (outcome == CatalogueConversion::Outcome::NotDone)
         return NotDone;
-    out << conversion.Summary()
+    out << Showable(conversion.Summary())
         << (order.simulate ? u" (simulação: nada foi escrito)\n"_qs : u"\n"_qs);
     return outcome == CatalogueConversion::Outcome::SomethingLeft ? SomethingLeft : Done;
 }
@@ -144,7 +144,7 @@ int Convert(const ConversionOrder& order, QTextStream& out, QTextStream& err)
         return Fail(err, failure);
     // The document itself may be on the standard output.
     QTextStream& summary = order.destination == Standard() ? err : out;
-    summary << order.destination << u": "_qs << songs.songs.size() << u" música(s) de "_qs
+    summary << Showable(order.destination) << u": "_qs << songs.songs.size() << u" música(s) de "_qs
             << sources.Files() << u" arquivo(s)"_qs;
     if (report.SourcesWithLosses() > 0)
         summary << u"; em "_qs << report.SourcesWithLosses() << u" algo ficou para trás"_qs;
@@ -162,7 +162,7 @@ int Run(const QStringList& arguments, QTextStream& out, QTextStream& err)
     const std::optional<ConversionOrder> order = ReadOrder(arguments, wrong);
     if (order)
         return Convert(*order, out, err);
-    err << wrong << u"\n\n"_qs << Help;
+    err << (arguments.isEmpty() ? QString(wrong + u"\n\n" + Help) : WrongUse(wrong, Help));
     return NotDone;
 }
 
@@ -174,19 +174,11 @@ bool NeedsFonts(int argc, char** argv)
     });
 }
 
-/// What Qt notes about the desktop is not for the user of a command.
-void TellOnlyTheFatal(QtMsgType type, const QMessageLogContext&, const QString& words)
-{
-    if (type == QtFatalMsg || type == QtCriticalMsg)
-        QTextStream(stderr) << words << Qt::endl;
-}
-
 std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char** argv)
 {
     if (!NeedsFonts(argc, argv))
         return std::make_unique<QCoreApplication>(argc, argv);
     // Pages are drawn without a screen; and the same songs give the same file.
-    qInstallMessageHandler(TellOnlyTheFatal);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QHashSeed::setDeterministicGlobalSeed();
     return std::make_unique<QGuiApplication>(argc, argv);
@@ -196,8 +188,14 @@ std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char** argv)
 
 int main(int argc, char** argv)
 {
+    SilenceLibraries();
     const std::unique_ptr<QCoreApplication> application = MakeApplication(argc, argv);
     QTextStream out(stdout);
     QTextStream err(stderr);
-    return Run(QCoreApplication::arguments().mid(1), out, err);
+    const int code = Run(QCoreApplication::arguments().mid(1), out, err);
+    out.flush();
+    if (out.status() == QTextStream::Ok)
+        return code;
+    err << u"não foi possível escrever na saída padrão\n"_qs;
+    return qMax(code, SomethingLeft);
 }

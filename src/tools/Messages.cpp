@@ -1,5 +1,8 @@
 #include "tools/Messages.h"
 
+#include "jet/JetFailure.h"
+#include "runtime/RuntimeError.h"
+
 #include <QFile>
 #include <QTextStream>
 
@@ -13,7 +16,42 @@ bool MessagesGoToATerminal()
     return target.startsWith(u"/dev/pts/") || target.startsWith(u"/dev/tty");
 }
 
+void TellOnlyTheFatal(QtMsgType type, const QMessageLogContext&, const QString& words)
+{
+    if (type == QtFatalMsg || type == QtCriticalMsg)
+        QTextStream(stderr) << words << Qt::endl;
+}
+
 } // namespace
+
+QString WrongUse(const QString& why, const QString& help)
+{
+    return Showable(why) + u"\n\n" + help.section(u'\n', 0, 0) +
+           u"\n--help mostra todas as opções.\n";
+}
+
+void SilenceLibraries()
+{
+    qInstallMessageHandler(TellOnlyTheFatal);
+}
+
+QString Reason(const RuntimeError& error)
+{
+    const bool isPortuguese =
+        error.Number() == RuntimeError::FileFailure || dynamic_cast<const JetError*>(&error);
+    return isPortuguese && !error.Description().isEmpty()
+               ? error.WhatFailed() + u" (" + error.Description() + u')'
+               : error.WhatFailed();
+}
+
+QString Showable(QString text)
+{
+    for (QChar& sign : text) {
+        if (!sign.isPrint() && !sign.isSurrogate())
+            sign = u'?';
+    }
+    return text;
+}
 
 Messages::Messages(QTextStream& err)
     : m_err(err)
@@ -24,7 +62,7 @@ Messages::Messages(QTextStream& err)
 void Messages::Tell(const QString& line)
 {
     Clear();
-    m_err << line << Qt::endl;
+    m_err << Showable(line) << Qt::endl;
 }
 
 void Messages::Progress(qsizetype done, qsizetype all, const QString& what)

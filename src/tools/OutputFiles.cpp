@@ -1,7 +1,7 @@
 #include "tools/OutputFiles.h"
 
+#include "runtime/FileTrouble.h"
 #include "tools/ConversionOrder.h"
-#include "tools/FileTrouble.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,7 +1,9 @@
 #include "tools/RepairedFile.h"
 
+#include "runtime/FileTrouble.h"
 #include "runtime/RuntimeError.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -32,10 +34,10 @@ void CopyToStandard(const QString& path)
         Fail(u"não foi possível escrever na saída padrão"_qs);
     for (QByteArray block = from.read(Block); !block.isEmpty(); block = from.read(Block)) {
         if (out.write(block) != block.size())
-            Fail(u"não foi possível escrever na saída padrão"_qs, out.errorString());
+            Fail(u"não foi possível escrever na saída padrão"_qs, FileTrouble(out));
     }
     if (!out.flush())
-        Fail(u"não foi possível escrever na saída padrão"_qs, out.errorString());
+        Fail(u"não foi possível escrever na saída padrão"_qs, FileTrouble(out));
 }
 
 } // namespace
@@ -48,7 +50,7 @@ RepairedFile::RepairedFile(QString path, bool force, bool simulate)
     if (m_simulate || m_path == Standard) {
         m_folder.emplace();
         if (!m_folder->isValid())
-            Fail(u"não há lugar para um arquivo provisório"_qs, m_folder->errorString());
+            Fail(u"não há lugar para um arquivo provisório"_qs, QDir::toNativeSeparators(QDir::tempPath()));
         m_draft = m_folder->filePath(u"Melodario.mdb"_qs);
         return;
     }
@@ -99,5 +101,5 @@ void RepairedFile::Keep()
     std::error_code failure;
     std::filesystem::rename(m_draft.toStdU16String(), m_path.toStdU16String(), failure);
     if (failure)
-        Fail(m_path + u": não foi possível substituir o arquivo");
+        Fail(m_path + u": não foi possível substituir o arquivo", FileTrouble(failure));
 }

@@ -1,6 +1,7 @@
 #include "tools/SongSources.h"
 
 #include "mld/ExchangeReader.h"
+#include "runtime/FileTrouble.h"
 #include "runtime/RuntimeError.h"
 #include "songbook/Source.h"
 #include "songbook/SourceText.h"
@@ -8,7 +9,6 @@
 #include "songbook/XmlTree.h"
 #include "store/text/Collation.h"
 #include "tools/DestinationKind.h"
-#include "tools/FileTrouble.h"
 #include "tools/SongFiles.h"
 
 #include <QFile>

@@ -1,5 +1,6 @@
 // melodario-verifica: tells what is wrong with a catalogue, and repairs it into a new one.
 
+#include "runtime/FileTrouble.h"
 #include "runtime/RuntimeError.h"
 #include "tools/CatalogueRepair.h"
 #include "tools/CheckedCatalogue.h"
@@ -80,7 +81,7 @@ bool HasMendable(const CatalogueCheck::Result& result)
 int TellResult(QTextStream& out, const CatalogueCheck::Result& result,
                const VerificationOrder& order)
 {
-    out << order.catalogue << u": "_qs << Counts(result) << u'\n';
+    out << Showable(order.catalogue) << u": "_qs << Counts(result) << u'\n';
     if (result.findings.isEmpty()) {
         out << u"Tudo em ordem.\n"_qs;
         return AllWell;
@@ -93,15 +94,27 @@ int TellResult(QTextStream& out, const CatalogueCheck::Result& result,
     return SomethingFound;
 }
 
+/// @throws RuntimeError, which tells that it was the new catalogue where something failed
+CatalogueRepair::Outcome NewCatalogue(const CheckedCatalogue& catalogue, const QString& path,
+                                      const CatalogueCheck::Progress& progress)
+{
+    try {
+        return CatalogueRepair::Repair(catalogue, path, progress);
+    } catch (const RuntimeError& error) {
+        throw RuntimeError(error.Number(),
+                           u"o catálogo novo não pôde ser feito: "_qs + error.WhatFailed(),
+                           error.Description());
+    }
+}
+
 int Repair(const CheckedCatalogue& catalogue, const VerificationOrder& order, QTextStream& out,
            const CatalogueCheck::Progress& progress)
 {
     RepairedFile file(order.repaired, order.force, order.simulate);
-    const CatalogueRepair::Outcome outcome =
-        CatalogueRepair::Repair(catalogue, file.DraftPath(), progress);
+    const CatalogueRepair::Outcome outcome = NewCatalogue(catalogue, file.DraftPath(), progress);
     file.Keep();
-    out << (order.simulate ? u"\nSeria escrito: "_qs : u"\nEscrito: "_qs) << order.repaired
-        << u", com "_qs << Counts(outcome.after) << u'\n';
+    out << (order.simulate ? u"\nSeria escrito: "_qs : u"\nEscrito: "_qs)
+        << Showable(order.repaired) << u", com "_qs << Counts(outcome.after) << u'\n';
     TellCases(out, outcome.mended, true);
     if (!outcome.lost.isEmpty()) {
         out << u"Perdido: "_qs << outcome.lost.size() << u'\n';
@@ -120,17 +133,26 @@ int Repair(const CheckedCatalogue& catalogue, const VerificationOrder& order, QT
 /// SQLite reads files, so what comes through a pipe becomes one.
 QString FromStandardInput(QTemporaryFile& file)
 {
+    const auto noPlace = [&file] {
+        throw RuntimeError(RuntimeError::FileFailure,
+                           u"não há lugar para o catálogo que veio da entrada padrão"_qs,
+                           FileTrouble(file));
+    };
     QFile in;
-    if (!in.open(stdin, QIODevice::ReadOnly) || !file.open())
-        throw RuntimeError(RuntimeError::FileFailure, u"A entrada padrão não pôde ser lida."_qs,
-                           in.errorString());
+    if (!file.open())
+        noPlace();
+    bool read = in.open(stdin, QIODevice::ReadOnly);
     constexpr qint64 Block = 1 << 20;
     for (QByteArray block = in.read(Block); !block.isEmpty(); block = in.read(Block)) {
         if (file.write(block) != block.size())
-            throw RuntimeError(RuntimeError::FileFailure,
-                               u"Não há lugar para o catálogo que veio da entrada padrão."_qs,
-                               file.errorString());
+            noPlace();
     }
+    read = read && in.error() == QFileDevice::NoError;
+    if (!read)
+        throw RuntimeError(RuntimeError::FileFailure, u"a entrada padrão não pôde ser lida"_qs,
+                           FileTrouble(in));
+    if (!file.flush())
+        noPlace();
     file.close();
     return file.fileName();
 }
@@ -152,7 +174,7 @@ int Work(const VerificationOrder& order, QTextStream& out, QTextStream& err)
         return order.repaired.isEmpty() ? code : Repair(catalogue, order, out, progress);
     } catch (const RuntimeError& error) {
         out.flush();
-        err << order.catalogue << u": "_qs << error.WhatFailed() << u'\n';
+        messages.Tell(order.catalogue + u": " + Reason(error));
         return NotDone;
     }
 }
@@ -168,7 +190,7 @@ int Run(const QStringList& arguments, QTextStream& out, QTextStream& err)
     if (order)
         // The catalogue itself may be on the standard output.
         return Work(*order, order->repaired == u"-" ? err : out, err);
-    err << wrong << u"\n\n"_qs << Help;
+    err << (arguments.isEmpty() ? QString(wrong + u"\n\n" + Help) : WrongUse(wrong, Help));
     return NotDone;
 }
 
@@ -176,8 +198,14 @@ int Run(const QStringList& arguments, QTextStream& out, QTextStream& err)
 
 int main(int argc, char** argv)
 {
+    SilenceLibraries();
     const QCoreApplication application(argc, argv);
     QTextStream out(stdout);
     QTextStream err(stderr);
-    return Run(QCoreApplication::arguments().mid(1), out, err);
+    const int code = Run(QCoreApplication::arguments().mid(1), out, err);
+    out.flush();
+    if (out.status() == QTextStream::Ok)
+        return code;
+    err << u"não foi possível escrever na saída padrão\n"_qs;
+    return NotDone;
 }

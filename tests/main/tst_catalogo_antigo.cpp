@@ -6,14 +6,18 @@
 #include "store/Arquivo.h"
 #include "store/Connection.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLabel>
+#include <QMessageBox>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QtEndian>
 
 #include <memory>
 
@@ -53,6 +57,9 @@ private slots:
     void aLinkToTheCatalogueStaysALink();
     void aTypedPathIsOfferedToo();
     void aLongConversionShowsHowFarItIs();
+    void whatCannotBeSeenInTimeIsToldAfterwards();
+    void aLongListIsToldAfterwardsAndShortened();
+    void realBoxesTellAndGoOn();
 
 private:
     QString Caminho(const QString& nome) const { return m_pasta->filePath(nome); }
@@ -88,6 +95,44 @@ private:
         QVERIFY(Conteudo(Catalogo()) == conteudo);
     }
 
+    /// Puts a script in the place of the reader. LEITOR in it is the real one.
+    static void Poe_Leitor(QByteArray texto)
+    {
+        QFile::remove(JetReader::Program());
+        texto.replace("LEITOR", "'" MELODARIO_JET "' \"$@\"");
+        Escreve(JetReader::Program(), "#!/bin/sh\n" + texto + '\n');
+        QVERIFY(QFile::setPermissions(JetReader::Program(),
+                                      QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    }
+    /// A reader that finds twenty tables more than the file has.
+    static void Poe_Leitor_De_Muitas_Tabelas()
+    {
+        QByteArray quadros;
+        for (int i = 1; i <= 20; ++i) {
+            const QByteArray nome = "MARCA" + QByteArray::number(i);
+            const auto texto = [](const QByteArray& bytes) -> QByteArray {
+                return Numero(bytes.size()) + bytes;
+            };
+            const QByteArray conteudo =
+                texto(nome) + Numero(0) + Numero(0) + texto(QByteArray()) + Numero(0);
+            quadros += 'T' + Numero(conteudo.size()) + conteudo;
+        }
+        QByteArray escritos;
+        for (const char byte : quadros)
+            escritos +=
+                '\\' +
+                QByteArray::number(static_cast<unsigned char>(byte), 8).rightJustified(3, '0');
+        // The first frame tells of the file itself and has 13 bytes.
+        Poe_Leitor("LEITOR | { dd bs=1 count=13 2>/dev/null; printf '" + escritos + "'; cat; }");
+    }
+    /// 32 bits as the reader sends them.
+    static QByteArray Numero(qsizetype valor)
+    {
+        QByteArray bytes(4, '\0');
+        qToLittleEndian(static_cast<quint32>(valor), bytes.data());
+        return bytes;
+    }
+
     std::unique_ptr<QTemporaryDir> m_pasta;
     std::unique_ptr<RecordingDialogs> m_caixas;
 };
@@ -106,6 +151,7 @@ void tst_catalogo_antigo::cleanup()
 {
     if (Funcoes::Conexao.IsOpen())
         Funcoes::Conexao.Close();
+    QFile::remove(JetReader::Program());
     QFile::remove(Funcoes::Caminho_Configuracao());
     m_caixas.reset();
 }
@@ -216,10 +262,7 @@ void tst_catalogo_antigo::aTypedPathIsOfferedToo()
 void tst_catalogo_antigo::aLongConversionShowsHowFarItIs()
 {
     // A reader that takes its time after each beginning.
-    QVERIFY(QFile::remove(JetReader::Program()));
-    Escreve(JetReader::Program(), "#!/bin/sh\nsleep 1\nexec '" MELODARIO_JET "' \"$@\"\n");
-    QVERIFY(QFile::setPermissions(JetReader::Program(),
-                                  QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    Poe_Leitor("sleep 1\nexec LEITOR");
     QStringList vistos;
     QTimer olhar;
     connect(&olhar, &QTimer::timeout, &olhar, [&vistos] {
@@ -234,7 +277,67 @@ void tst_catalogo_antigo::aLongConversionShowsHowFarItIs()
     QCOMPARE(vistos, QStringList{u"Convertendo o catálogo..."_qs});
     QVERIFY(Funcoes::Conexao.IsOpen());
     QVERIFY(QApplication::topLevelWidgets().isEmpty());
-    QVERIFY(QFile::remove(JetReader::Program()));
+}
+
+/// Asked for the tables alone, the reader fails, as it does when it takes too long.
+void tst_catalogo_antigo::whatCannotBeSeenInTimeIsToldAfterwards()
+{
+    Poe_Leitor("test $# -gt 1 && exec LEITOR");
+    Funcoes::Conecta_Banco();
+    QCOMPARE(m_caixas->boxes.size(), 2);
+    QVERIFY2(m_caixas->boxes[0].text.endsWith(
+                 u"com o nome 'Melodario (formato antigo).mdb'.\n\n"
+                 "O que o Melodario não conhece não é levado para o catálogo novo; se houver algo "
+                 "assim, será dito depois da conversão."),
+             qPrintable(m_caixas->boxes[0].text));
+    QCOMPARE(m_caixas->boxes[1].text,
+             u"O catálogo foi convertido.\n\nO Melodario não conhece o que segue, que por isso "
+             "ficou só no arquivo antigo, 'Melodario (formato antigo).mdb':\n\n"
+             "a tabela INTERPRETE\na coluna MUSICA.FAVORITA"_qs);
+    QCOMPARE(m_caixas->boxes[1].icon, Icone::Informacao);
+    QCOMPARE(m_caixas->boxes[1].title, u"Melodario"_qs);
+    QVERIFY(Funcoes::Conexao.IsOpen());
+    QCOMPARE(Arquivos(), (QStringList{Guardado, Nome}));
+}
+
+void tst_catalogo_antigo::aLongListIsToldAfterwardsAndShortened()
+{
+    Poe_Leitor_De_Muitas_Tabelas();
+    Funcoes::Conecta_Banco();
+    QCOMPARE(m_caixas->boxes.size(), 2);
+    QVERIFY2(m_caixas->boxes[0].text.endsWith(
+                 u"O Melodario não conhece 22 tabelas e colunas deste arquivo, e por isso não as "
+                 "leva para o catálogo novo; depois da conversão será dito quais são."),
+             qPrintable(m_caixas->boxes[0].text));
+    const QString relatorio = m_caixas->boxes[1].text;
+    QVERIFY2(relatorio.contains(u"a tabela MARCA1\na tabela MARCA2\n"), qPrintable(relatorio));
+    QVERIFY2(relatorio.endsWith(u"a tabela MARCA12\n... e mais 10"), qPrintable(relatorio));
+    QVERIFY(Funcoes::Conexao.IsOpen());
+}
+
+void tst_catalogo_antigo::realBoxesTellAndGoOn()
+{
+    m_caixas.reset();
+    Poe_Leitor_De_Muitas_Tabelas();
+    QStringList vistas;
+    QTimer olhar;
+    connect(&olhar, &QTimer::timeout, &olhar, [&vistas] {
+        auto* caixa = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!caixa)
+            return;
+        vistas += caixa->text();
+        // All of it is on the screen.
+        QVERIFY2(caixa->screen()->availableGeometry().contains(caixa->frameGeometry()),
+                 qPrintable(caixa->text()));
+        QAbstractButton* const sim = caixa->button(QMessageBox::Yes);
+        QTest::mouseClick(sim ? sim : caixa->button(QMessageBox::Ok), Qt::LeftButton);
+    });
+    olhar.start(10);
+    Funcoes::Conecta_Banco();
+    QCOMPARE(vistas.size(), 2);
+    QVERIFY(vistas[0].contains(u"Deseja convertê-lo agora?"));
+    QVERIFY(vistas[1].startsWith(u"O catálogo foi convertido."));
+    QVERIFY(Funcoes::Conexao.IsOpen());
 }
 
 QTEST_MAIN(tst_catalogo_antigo)

@@ -240,6 +240,7 @@ void tst_Arquivo::aConfigurationThatIsThereButCannotBeReadFails()
     QCOMPARE(failed.number, int(RuntimeError::FileFailure));
     QVERIFY2(failed.whatFailed.startsWith(u"Não foi possível ler o arquivo"_qs),
              qPrintable(failed.whatFailed));
+    QCOMPARE(failed.description, u"é uma pasta"_qs);
 }
 
 void tst_Arquivo::pathsOfEveryKind_data()

@@ -163,7 +163,9 @@ void tst_connection::createsNoFile()
              u"O arquivo do banco de dados não existe."_qs);
     QVERIFY(!QFile::exists(path));
     QCOMPARE(Opening(TestCatalogue::ConnectionString(catalogue.Folder())).whatFailed,
-             u"O arquivo do banco de dados não existe."_qs);
+             u"O banco de dados é um arquivo, e isto é uma pasta."_qs);
+    QCOMPARE(Opening(TestCatalogue::ConnectionString(u"/dev/null"_qs)).whatFailed,
+             u"O banco de dados é um arquivo comum, e isto não é."_qs);
     QVERIFY(Opening(TestCatalogue::ConnectionString(u":memory:"_qs)).number != 0);
     QVERIFY(Opening(TestCatalogue::ConnectionString(u"file:"_qs + catalogue.Path())).number != 0);
 }

@@ -66,8 +66,10 @@ private slots:
     void hostileTextsLeaveTheFileReadable();
     void failuresLeaveNoFile_data();
     void failuresLeaveNoFile();
-    void wrongUseShowsTheHelp_data();
-    void wrongUseShowsTheHelp();
+    void wrongUseShowsWhyAndHow_data();
+    void wrongUseShowsWhyAndHow();
+    void namesWithLineFeedsStayOnTheirLine();
+    void fullDiskBehindTheSummaryIsTold();
     void helpIsNoError();
     void progressIsShownOnATerminalOnly();
 
@@ -262,7 +264,7 @@ void tst_converte::failuresLeaveNoFile()
              QStringList{u"a.cho"_qs});
 }
 
-void tst_converte::wrongUseShowsTheHelp_data()
+void tst_converte::wrongUseShowsWhyAndHow_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("wrong");
@@ -304,11 +306,16 @@ void tst_converte::wrongUseShowsTheHelp_data()
     QTest::newRow("an option in the place of a value")
         << QStringList{u"--tema"_qs, u"--force"_qs, u"a.mdb"_qs, u"c.pdf"_qs}
         << u"falta o valor de --tema"_qs;
+    QTest::newRow("a source without a name")
+        << QStringList{u""_qs, u"b.mld"_qs} << u"o nome de uma origem está vazio"_qs;
+    QTest::newRow("an unknown option with a line feed")
+        << QStringList{u"--tu\ndo"_qs, u"a.cho"_qs, u"b.mld"_qs}
+        << u"opção desconhecida: --tu?do"_qs;
     QTest::newRow("an unknown option")
         << QStringList{u"--tudo"_qs, u"a.cho"_qs, u"b.mld"_qs} << u"opção desconhecida: --tudo"_qs;
 }
 
-void tst_converte::wrongUseShowsTheHelp()
+void tst_converte::wrongUseShowsWhyAndHow()
 {
     QFETCH(QStringList, arguments);
     QFETCH(QString, wrong);
@@ -316,7 +323,35 @@ void tst_converte::wrongUseShowsTheHelp()
     QCOMPARE(outcome.code, 2);
     QVERIFY2(outcome.err.startsWith(QString(wrong + u"\n\nUso: melodario-converte")),
              qPrintable(outcome.err));
+    QVERIFY(outcome.err.contains(u"--help"));
+    // A whole help would push the reason out of a window.
+    QVERIFY(arguments.isEmpty() || outcome.err.count(u'\n') <= 4);
     QCOMPARE(outcome.out, QString());
+}
+
+void tst_converte::namesWithLineFeedsStayOnTheirLine()
+{
+    const QString source = Put(u"a\n\u001b[2Jb.cho"_qs, PeixeVivo);
+    const Outcome done = Convert({source, Path(u"c\nd.mld"_qs)});
+    QCOMPARE(done.code, 0);
+    QCOMPARE(done.out, Path(u"c?d.mld: 1 música(s) de 1 arquivo(s)\n"_qs));
+    const Outcome refused = Convert({source, Path(u"c\nd.mld"_qs)});
+    QCOMPARE(refused.err, Path(u"c?d.mld: o arquivo já existe; --force o substitui\n"_qs));
+    QCOMPARE(Convert({source + u'x', Path(u"e.mld"_qs)}).err,
+             Path(u"a??[2Jb.chox: não lido: o arquivo não existe\n"
+                  "nenhuma música encontrada; nada foi escrito\n"_qs));
+}
+
+void tst_converte::fullDiskBehindTheSummaryIsTold()
+{
+    QProcess process;
+    process.setStandardOutputFile(u"/dev/full"_qs);
+    process.start(Tool, {Put(u"a.cho"_qs, PeixeVivo), Path(u"b.mld"_qs)});
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(QString::fromUtf8(process.readAllStandardError()),
+             u"não foi possível escrever na saída padrão\n"_qs);
+    QCOMPARE(process.exitCode(), 1);
+    QVERIFY(QFile::exists(Path(u"b.mld"_qs)));
 }
 
 void tst_converte::helpIsNoError()

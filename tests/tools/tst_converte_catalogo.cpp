@@ -127,9 +127,14 @@ void tst_converte_catalogo::whatCannotBeConvertedLeavesNothing_data()
                             "catálogo novo\n"_qs;
     QTest::newRow("a text") << QByteArray("Só um texto\n") << foreign;
     QTest::newRow("a catalogue that is new already")
-        << QByteArray("SQLite format 3\0", 16) + QByteArray(1000, '\0') << foreign;
+        << QByteArray("SQLite format 3\0", 16) + QByteArray(1000, '\0')
+        << u": já é um catálogo no formato novo; não há o que converter\n"_qs;
     QTest::newRow("empty") << QByteArray() << foreign;
     QTest::newRow("half of it") << whole.first(whole.size() / 2) << u": não convertido: "_qs;
+    QTest::newRow("nothing behind the name")
+        << whole.first(4096) + QByteArray(whole.size() - 4096, '\0')
+        << u": não convertido: O catálogo antigo está danificado. (a relação das tabelas não pode "
+           "ser lida)\n"_qs;
     QTest::newRow("a table is missing")
         << CatalogoAntigo::SemTabela("LISTA_MUSICA")
         << u": não convertido: Falta no catálogo antigo a tabela LISTA_MUSICA.\n"_qs;
@@ -161,7 +166,14 @@ void tst_converte_catalogo::wrongUse_data()
         << QStringList{u"--formato"_qs, u"mdb"_qs, m_old, u"-"_qs}
         << u"--formato da saída padrão é "_qs;
     QTest::newRow("a missing source")
-        << QStringList{u"nada.mdb"_qs, u"novo.mdb"_qs} << u"nada.mdb: o arquivo não existe"_qs;
+        << QStringList{u"nada.mdb"_qs, u"novo.mdb"_qs} << u"nada.mdb: o arquivo não existe\n"_qs;
+    QTest::newRow("a folder as source")
+        << QStringList{u"/"_qs, u"novo.mdb"_qs} << u"/: é uma pasta\n"_qs;
+    QTest::newRow("a device as source") << QStringList{u"/dev/null"_qs, u"novo.mdb"_qs}
+                                        << u"/dev/null: não é um arquivo comum\n"_qs;
+    QTest::newRow("a source that cannot be read")
+        << QStringList{u"/proc/self/mem"_qs, u"novo.mdb"_qs}
+        << u"/proc/self/mem: o disco não entrega o conteúdo\n"_qs;
     QTest::newRow("into a folder that is not there")
         << QStringList{m_old, u"nada/novo.mdb"_qs} << m_old + u": não convertido: ";
 }

@@ -60,12 +60,17 @@ private slots:
     void everyFindingIsTold();
     void casesAreToldUpToTwenty();
     void likesAreToldWithTheirTitles();
+    void hostileTextsAreQuotedShort_data();
+    void hostileTextsAreQuotedShort();
     void catalogueIsNeverChanged();
     void whatIsNoCatalogueIsNotDone_data();
     void whatIsNoCatalogueIsNotDone();
     void interruptedWriteIsNotUndone();
     void damageIsTold();
     void catalogueThroughAPipe();
+    void nameWithALineFeedStaysOnItsLine();
+    void fullDiskBehindTheOutputIsTold();
+    void fullDiskUnderTheNewCatalogueIsTold();
     void helpIsPortuguese();
     void wrongUse_data();
     void wrongUse();
@@ -117,7 +122,7 @@ void tst_verifica::everyFindingIsTold_data()
         << u"DELETE FROM TEMA_MUSICA WHERE ID_MUSICA = 2"_qs
         << u"* Músicas sem tema: 1\n    2 \"Luar\" (Anônimo)\n"_qs;
     QTest::newRow("song without a title") << u"UPDATE MUSICA SET TITULO = ' ' WHERE ID = 1"_qs
-                                          << u"- Músicas sem título: 1\n    1 \" \" (Anônimo)\n"_qs;
+                                          << u"- Músicas sem título: 1\n    1 \"\" (Anônimo)\n"_qs;
     QTest::newRow("song without a text")
         << u"UPDATE MUSICA SET MUSICA = NULL, MUSICA2 = char(13, 10) WHERE ID = 1"_qs
         << u"- Músicas sem letra: 1\n    1 \"Asa Branca\" (Anônimo)\n"_qs;
@@ -185,6 +190,48 @@ void tst_verifica::likesAreToldWithTheirTitles()
                              "3 \"ASA BRANCA\" (Luiz)\n"),
         qPrintable(outcome.out));
     QCOMPARE(outcome.code, 1);
+}
+
+void tst_verifica::hostileTextsAreQuotedShort_data()
+{
+    QTest::addColumn<QString>("change");
+
+    const QString hostile = u"char(27) || '[2J' || char(10) || char(7) || char(8238) || "
+                            "replace(hex(zeroblob(50000)), '0', 'á')"_qs;
+    QTest::newRow("title") << u"UPDATE MUSICA SET TITULO = %1 WHERE ID = 2; "
+                              "DELETE FROM TEMA_MUSICA"_qs.arg(hostile);
+    QTest::newRow("reference") << u"UPDATE MUSICA SET REFERENCIA = %1; "
+                                  "DELETE FROM TEMA_MUSICA"_qs.arg(hostile);
+    QTest::newRow("key") << u"UPDATE MUSICA SET TOM = %1"_qs.arg(hostile);
+    QTest::newRow("theme without its song")
+        << u"UPDATE TEMA SET DESCRICAO = %1; INSERT INTO TEMA_MUSICA VALUES (77, 1)"_qs.arg(
+               hostile);
+    QTest::newRow("themes of one name") << u"UPDATE TEMA SET DESCRICAO = %1"_qs.arg(hostile);
+    QTest::newRow("link twice") << u"UPDATE TEMA SET DESCRICAO = %1 WHERE ID = 1; "
+                                   "INSERT INTO TEMA_MUSICA VALUES (1, 1)"_qs.arg(hostile);
+    QTest::newRow("setlist") << u"UPDATE LISTA SET NOME = %1; "
+                                "INSERT INTO LISTA_MUSICA VALUES (1, 5, 2)"_qs.arg(hostile);
+    QTest::newRow("number of a song that is a text")
+        << u"INSERT INTO TEMA_MUSICA VALUES (%1, 1)"_qs.arg(hostile);
+    QTest::newRow("look-alikes")
+        << u"UPDATE MUSICA SET TITULO = %1, MUSICA = 'Quando olhei a terra ardendo'"_qs.arg(
+               hostile);
+}
+
+/// A title may be as long as a book, and may hold what moves the cursor of a terminal.
+void tst_verifica::hostileTextsAreQuotedShort()
+{
+    QFETCH(QString, change);
+    const Tidy catalogue;
+    catalogue.Run(change);
+    const Outcome outcome = RunTool(Tool, {catalogue.Path()});
+    QCOMPARE(outcome.code, 1);
+    QVERIFY2(outcome.out.contains(u"ááá…"), qPrintable(outcome.out.left(2000)));
+    for (const QString& line : outcome.out.split(u'\n')) {
+        QVERIFY2(line.size() < 400, qPrintable(line.left(400)));
+        for (const QChar sign : line)
+            QVERIFY2(sign.isPrint(), qPrintable(line));
+    }
 }
 
 void tst_verifica::catalogueIsNeverChanged()
@@ -281,6 +328,43 @@ void tst_verifica::catalogueThroughAPipe()
     QCOMPARE(RunTool(Tool, {path}).code, 0);
 }
 
+void tst_verifica::nameWithALineFeedStaysOnItsLine()
+{
+    const Tidy catalogue;
+    const QString path = catalogue.Folder() + u"/a\n\u001b[2Jb.mdb";
+    QVERIFY(QFile::copy(catalogue.Path(), path));
+    const Outcome outcome = RunTool(Tool, {path});
+    QVERIFY2(outcome.out.startsWith(catalogue.Folder() + u"/a??[2Jb.mdb: 2 música(s)"),
+             qPrintable(outcome.out));
+    QCOMPARE(RunTool(Tool, {path + u'x'}).err,
+             catalogue.Folder() + u"/a??[2Jb.mdbx: O arquivo do banco de dados não existe.\n");
+}
+
+void tst_verifica::fullDiskBehindTheOutputIsTold()
+{
+    const Tidy catalogue;
+    QProcess process;
+    process.setStandardOutputFile(u"/dev/full"_qs);
+    process.start(Tool, {catalogue.Path()});
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(QString::fromUtf8(process.readAllStandardError()),
+             u"não foi possível escrever na saída padrão\n"_qs);
+    QCOMPARE(process.exitCode(), 2);
+}
+
+/// The system takes no file of more than a few kilobytes.
+void tst_verifica::fullDiskUnderTheNewCatalogueIsTold()
+{
+    const Tidy catalogue;
+    const Outcome outcome = RunTool(
+        u"/bin/sh"_qs, {u"-c"_qs, u"trap '' XFSZ; ulimit -f 8; exec \"$@\""_qs, u"sh"_qs, Tool,
+                        catalogue.Path(), u"--reparar"_qs, catalogue.Folder() + u"/novo.mdb"});
+    QCOMPARE(outcome.code, 2);
+    QCOMPARE(outcome.err, catalogue.Path() + u": o catálogo novo não pôde ser feito: O arquivo do "
+                                             "banco de dados não pode ser lido ou gravado.\n");
+    QCOMPARE(QDir(catalogue.Folder()).entryList(QDir::Files), QStringList{u"Melodario.mdb"_qs});
+}
+
 void tst_verifica::helpIsPortuguese()
 {
     const Outcome outcome = RunTool(Tool, {u"--help"_qs});
@@ -308,7 +392,17 @@ void tst_verifica::wrongUse_data()
         << QStringList{u"a"_qs, u"--force"_qs}
         << u"--simular e --force só têm sentido com --reparar\n"_qs;
     QTest::newRow("no such file") << QStringList{u"/nada/a.mdb"_qs}
-                                  << u"/nada/a.mdb: O arquivo do banco de dados não existe."_qs;
+                                  << u"/nada/a.mdb: O arquivo do banco de dados não existe.\n"_qs;
+    QTest::newRow("folder") << QStringList{u"/"_qs}
+                            << u"/: O banco de dados é um arquivo, e isto é uma pasta.\n"_qs;
+    QTest::newRow("device")
+        << QStringList{u"/dev/null"_qs}
+        << u"/dev/null: O banco de dados é um arquivo comum, e isto não é.\n"_qs;
+    // A file that nobody can read, whatever his rights.
+    QTest::newRow("unreadable")
+        << QStringList{u"/proc/self/mem"_qs}
+        << u"/proc/self/mem: O arquivo do banco de dados não pode ser lido: "
+           "o disco não entrega o conteúdo.\n"_qs;
 }
 
 void tst_verifica::wrongUse()
@@ -317,6 +411,8 @@ void tst_verifica::wrongUse()
     QFETCH(QString, told);
     const Outcome outcome = RunTool(Tool, arguments);
     QVERIFY2(outcome.err.startsWith(told), qPrintable(outcome.err));
+    // A whole help would push the reason out of a window.
+    QVERIFY(arguments.isEmpty() || outcome.err.count(u'\n') <= 4);
     QCOMPARE(outcome.out, QString());
     QCOMPARE(outcome.code, 2);
 }

@@ -23,9 +23,9 @@ JetPage::JetPage(const unsigned char* bytes, unsigned pageSize, unsigned countAt
     , m_count(Libmdb::Word(bytes + countAt))
 {
     if (bytes[0] != MDB_PAGE_DATA || Libmdb::DoubleWord(bytes + OwnerAt) != owner)
-        JetTrouble::Damaged("a page of rows belongs to something else");
+        JetTrouble::Damaged("uma página de linhas é de outra coisa");
     if (m_entries + m_count * EntrySize > m_size)
-        JetTrouble::Damaged("a page claims more rows than it can hold");
+        JetTrouble::Damaged("uma página diz ter mais linhas do que lhe cabem");
 }
 
 unsigned JetPage::Entry(unsigned number) const
@@ -36,13 +36,13 @@ unsigned JetPage::Entry(unsigned number) const
 JetPage::Row JetPage::At(unsigned number) const
 {
     if (number >= m_count)
-        JetTrouble::Damaged("a row is missing in its page");
+        JetTrouble::Damaged("falta uma linha na sua página");
     const unsigned entry = Entry(number);
     // A deleted row carries both flags, one that was moved to its page only that of deletion.
     Row row{entry & PlaceMask, 0, (entry & DeletedFlag) != 0, (entry & MovedFlag) != 0};
     const unsigned end = number == 0 ? m_size : Entry(number - 1) & PlaceMask;
     if (row.start > end || end > m_size || row.start < m_entries + m_count * EntrySize)
-        JetTrouble::Damaged("a row lies outside its page");
+        JetTrouble::Damaged("uma linha está fora da sua página");
     row.size = end - row.start;
     return row;
 }

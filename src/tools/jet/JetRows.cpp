@@ -27,7 +27,7 @@ const unsigned char* Bytes(std::string_view text)
 void CheckSize(std::string_view value, std::size_t size)
 {
     if (value.size() != size)
-        JetTrouble::Damaged("a field has another size than its type");
+        JetTrouble::Damaged("um campo não tem o tamanho do seu tipo");
 }
 
 double Real(std::string_view value)
@@ -56,16 +56,16 @@ void JetRows::Send()
     mdb_rewind_table(&m_table);
     while (const int page = mdb_read_next_dpg(&m_table)) {
         if (!pages.insert(page).second)
-            JetTrouble::Damaged("a page belongs twice to a table");
+            JetTrouble::Damaged("uma página está duas vezes numa tabela");
         rows += SendPage(m_file.cur_pg);
         if (rows > m_table.num_rows)
             break;
     }
     // A damaged file loses or doubles rows without a word.
     if (rows != m_table.num_rows)
-        JetTrouble::Damaged(std::string(m_table.name) + " says that it has " +
-                            std::to_string(m_table.num_rows) + " rows, but has " +
-                            (rows > m_table.num_rows ? "more" : std::to_string(rows)));
+        JetTrouble::Damaged(std::string(m_table.name) + " diz que tem " +
+                            std::to_string(m_table.num_rows) + " linhas, mas tem " +
+                            (rows > m_table.num_rows ? "mais" : std::to_string(rows)));
 }
 
 JetPage JetRows::PageInBuffer() const
@@ -99,27 +99,27 @@ void JetRows::SendMoved(const JetPage::Row& pointer)
     constexpr std::uint32_t RowMask = 0xFF;
     constexpr unsigned PageShift = 8;
     if (pointer.size < PointerSize)
-        JetTrouble::Damaged("a moved row leads nowhere");
+        JetTrouble::Damaged("uma linha mudada de lugar não leva a nada");
     const std::uint32_t target = Libmdb::DoubleWord(m_file.pg_buf + pointer.start);
     if (mdb_read_pg(&m_file, target >> PageShift) != m_file.fmt->pg_size)
-        JetTrouble::Damaged("a moved row leads out of the file");
+        JetTrouble::Damaged("uma linha mudada de lugar leva para fora do arquivo");
     const JetPage::Row row = PageInBuffer().At(target & RowMask);
     if (row.moved || !row.deleted)
-        JetTrouble::Damaged("a moved row leads to another one");
+        JetTrouble::Damaged("uma linha mudada de lugar leva a outra igual");
     SendRow(row);
 }
 
 void JetRows::SendRow(const JetPage::Row& row)
 {
     if (mdb_crack_row(&m_table, static_cast<int>(row.start), row.size, m_fields.data()) < 0)
-        JetTrouble::Damaged("a row cannot be taken apart");
+        JetTrouble::Damaged("uma linha não pode ser separada em campos");
     m_out.Begin(RowStream::Frame::Row);
     for (const MdbColumn* column : m_columns) {
         const MdbField& field = m_fields[PositionOf(m_table, *column)];
         const auto end = static_cast<int>(row.start + row.size);
         if (!field.is_null && (field.start < static_cast<int>(row.start) || field.siz < 0 ||
                                field.siz > end - field.start))
-            JetTrouble::Damaged("a field lies outside its row");
+            JetTrouble::Damaged("um campo está fora da sua linha");
         SendField(*column, field);
     }
     m_out.Send();

@@ -24,7 +24,7 @@ JetTables::JetTables(const char* path)
         throw JetTrouble{RowStream::Trouble::Unreadable, path};
     const GPtrArray* catalog = mdb_read_catalog(m_file.get(), MDB_TABLE);
     if (!catalog)
-        JetTrouble::Damaged("the list of tables cannot be read");
+        JetTrouble::Damaged("a relação das tabelas não pode ser lida");
     for (unsigned i = 0; i < catalog->len; ++i) {
         auto& entry = *static_cast<MdbCatalogEntry*>(catalog->pdata[i]);
         if (mdb_is_user_table(&entry))
@@ -54,13 +54,13 @@ MdbTableDef& JetTables::Find(const std::string& name) const
         if (!SameName(entry.name.c_str(), name))
             continue;
         if (found)
-            JetTrouble::Damaged("there are two tables " + name);
+            JetTrouble::Damaged("há duas tabelas " + name);
         found = &entry;
     }
     if (!found)
         throw JetTrouble{RowStream::Trouble::MissingTable, name};
     if (!found->table)
-        JetTrouble::Damaged("the definition of the table " + name + " cannot be read");
+        JetTrouble::Damaged("a definição da tabela " + name + " não pode ser lida");
     return *found->table;
 }
 
@@ -72,7 +72,7 @@ const MdbColumn& JetTables::Find(const MdbTableDef& table, const std::string& co
         if (!SameName(candidate.name, column))
             continue;
         if (found)
-            JetTrouble::Damaged("there are two columns " + column);
+            JetTrouble::Damaged("há duas colunas " + column);
         found = &candidate;
     }
     if (!found)

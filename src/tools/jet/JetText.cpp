@@ -23,12 +23,12 @@ std::string_view Piece(MdbHandle& file, std::uint32_t pointer)
     constexpr std::uint32_t RowMask = 0xFF;
     constexpr unsigned PageShift = 8;
     if (mdb_read_alt_pg(&file, pointer >> PageShift) != file.fmt->pg_size)
-        JetTrouble::Damaged("a long text leads out of the file");
+        JetTrouble::Damaged("um texto longo aponta para fora do arquivo");
     const JetPage page(file.alt_pg_buf, static_cast<unsigned>(file.fmt->pg_size),
                        file.fmt->row_count_offset, JetPage::LongTexts);
     const JetPage::Row row = page.At(pointer & RowMask);
     if (row.deleted || row.moved)
-        JetTrouble::Damaged("a long text leads to a deleted one");
+        JetTrouble::Damaged("um texto longo aponta para um apagado");
     return {reinterpret_cast<const char*>(file.alt_pg_buf) + row.start, row.size};
 }
 
@@ -39,7 +39,7 @@ std::string GatherPages(MdbHandle& file, std::uint32_t pointer, std::size_t leng
         const std::string_view piece = Piece(file, pointer);
         // A piece without content would let a circle of them go on for ever.
         if (piece.size() <= PointerSize || text.size() + piece.size() - PointerSize > length)
-            JetTrouble::Damaged("a long text has another length than it says");
+            JetTrouble::Damaged("um texto longo não tem o tamanho que diz");
         pointer = Libmdb::DoubleWord(Bytes(piece));
         text += piece.substr(PointerSize);
     }
@@ -53,12 +53,12 @@ std::string JetText::Gather(MdbHandle& file, std::string_view header)
     if (header.empty())
         return {};
     if (header.size() < MDB_MEMO_OVERHEAD)
-        JetTrouble::Damaged("a long text without its header");
+        JetTrouble::Damaged("um texto longo está sem o seu começo");
     const std::uint32_t head = Libmdb::DoubleWord(Bytes(header));
     const std::uint32_t pointer = Libmdb::DoubleWord(Bytes(header) + PointerAt);
     const std::size_t length = head & LengthMask;
     if (length > RowStream::LargestText)
-        JetTrouble::Damaged("a long text is longer than any");
+        JetTrouble::Damaged("um texto longo diz ser longo demais");
     std::string text;
     switch (static_cast<Where>(head >> WhereShift)) {
     case Where::Inside:
@@ -71,10 +71,10 @@ std::string JetText::Gather(MdbHandle& file, std::string_view header)
         text = GatherPages(file, pointer, length);
         break;
     default:
-        JetTrouble::Damaged("a long text lies nowhere");
+        JetTrouble::Damaged("um texto longo não está em lugar nenhum");
     }
     if (text.size() != length)
-        JetTrouble::Damaged("a long text has another length than it says");
+        JetTrouble::Damaged("um texto longo não tem o tamanho que diz");
     return text;
 }
 
@@ -101,6 +101,6 @@ std::string JetText::Unpack(std::string_view stored)
         }
     }
     if (wide.size() % 2 != 0)
-        JetTrouble::Damaged("a text ends within a letter");
+        JetTrouble::Damaged("um texto acaba no meio de uma letra");
     return wide;
 }

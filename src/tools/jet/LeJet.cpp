@@ -119,7 +119,7 @@ int Run(const char* path, const std::vector<Wanted>& wanted, FrameWriter& out)
     } catch (const JetTrouble& trouble) {
         return Fail(trouble, out);
     } catch (const std::bad_alloc&) {
-        return Fail({RowStream::Trouble::Damaged, "there is not enough memory"}, out);
+        return Fail({RowStream::Trouble::Damaged, "a memória não bastou"}, out);
     }
 }
 
