@@ -6,13 +6,6 @@
 
 namespace {
 
-/// No sheet has such a line, and it is no chord line.
-const QString& SongsApart()
-{
-    static const QString line = u"\r\n"_qs + QString(72, u'=') + u"\r\n\r\n";
-    return line;
-}
-
 QByteArray TextDocument(const ExchangeSong& song, int version)
 {
     ExchangeSong shown = song;
@@ -28,7 +21,7 @@ QList<OutputFile> MakeTextFile(const ChosenSongs& songs, const ConversionOrder& 
     QByteArray document;
     for (const ChosenSong& chosen : songs.songs) {
         if (!document.isEmpty())
-            document += SongsApart().toUtf8();
+            document += "\r\n" + Songbook::SongsApart().toUtf8() + "\r\n\r\n";
         document += TextDocument(chosen.song, order.version);
     }
     return {{order.destination, document}};

@@ -202,7 +202,7 @@ void SongSources::TellDefects(const QString& source, const ExchangeSongs& songs)
 void SongSources::ReadOthers(const QString& source, QFile& file)
 {
     // One byte more than a source may have shows that there is too much.
-    const QByteArray bytes = file.read(Songbook::LargestSource + 1);
+    const QByteArray bytes = file.read(Songbook::LargestBook + 1);
     if (file.error() != QFile::NoError) {
         m_report.TellUnread(source, 0, FileTrouble(file));
         return;
