@@ -10,8 +10,7 @@ namespace {
 QString Line(QStringView name, const QString& value)
 {
     QString unbroken = value;
-    for (const QChar end : {u'\r', u'\n', u'\u2028', u'\u2029'})
-        unbroken.replace(end, u' ');
+    unbroken.replace(u"\r\n"_qs, u" "_qs).replace(u'\r', u' ').replace(u'\n', u' ');
     return name + u": " + unbroken + u"\r\n";
 }
 

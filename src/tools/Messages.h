@@ -10,6 +10,9 @@ class Messages
 public:
     /// @param err  what the messages are written to; must outlive them
     explicit Messages(QTextStream& err);
+    ~Messages() { Clear(); }
+    Messages(const Messages&) = delete;
+    Messages& operator=(const Messages&) = delete;
 
     void Tell(const QString& line);
 
