@@ -1,10 +1,12 @@
 // Plain text with chords: read alike whichever way lines end and in whichever code page it is, and
-// what is read comes back through the ChordPro writer.
+// what is read comes back through the ChordPro writer and, one song or many, through that of texts.
 
 #include "Input.h"
 #include "SongsTakenBack.h"
 
 #include "songbook/ChordTextReader.h"
+#include "songbook/PlainTextReader.h"
+#include "songbook/PlainTextWriter.h"
 #include "songbook/SourceText.h"
 #include "store/CodePage.h"
 
@@ -36,6 +38,18 @@ const std::vector<QString>& Pieces()
     return pieces;
 }
 
+/// A text of the song twice is read as that song twice.
+void TakenBackFromText(const ExchangeSong& song)
+{
+    const QString written = Songbook::WritePlainText(song, 1);
+    const QString book = written + u"\r\n" + Songbook::SongsApart() + u"\r\n\r\n" + written;
+    Holds("a text is known as ours", Songbook::LooksLikePlainText(written));
+    const Songbook::Reading back = Songbook::ReadPlainText(book, u"?"_qs);
+    Same("songs taken back from a text", std::int64_t{back.songs.size()}, std::int64_t{2});
+    SameSong("first song taken back from a text", song, back.songs.first());
+    SameSong("second song taken back from a text", song, back.songs.last());
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -46,6 +60,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     text.replace(u"\r\n"_qs, u"\n"_qs).replace(u'\r', u'\n');
     const Songbook::Reading reading = Songbook::ReadChordText(text, u"nome"_qs);
     TakenBack(reading);
+    for (const ExchangeSong& song : reading.songs)
+        TakenBackFromText(song);
     QString otherEnds = text;
     otherEnds.replace(u'\n', u'\r');
     SameReading("lines that end with CR", reading, Songbook::ReadChordText(otherEnds, u"nome"_qs));

@@ -37,6 +37,9 @@ public:
         return m_layout;
     }
 
+    /// @return the height of the highest block, in points
+    double Highest() const { return m_highest; }
+
 private:
     double Height() const { return m_page == 0 ? m_room.firstHeight : m_room.nextHeight; }
     double Gap() const { return m_top > 0 ? BlockGap * m_layout.size : 0; }
@@ -69,6 +72,7 @@ private:
                 height += HeightOfUnit(part);
             }
         }
+        m_highest = qMax(m_highest, height);
         // A block that no column can hold begins where there is room for its first rows.
         const bool canBeWhole = height <= m_room.nextHeight || height <= m_room.firstHeight;
         if (m_top > 0 && canBeWhole && !Fits(Gap() + height))
@@ -96,6 +100,7 @@ private:
     int m_page = 0;
     int m_column = 0;
     double m_top = 0;
+    double m_highest = 0;
 };
 
 double Worth(const SongLayout& layout)
@@ -129,6 +134,27 @@ SongLayout Best(const QList<Block>& blocks, const Room& room, double smallest)
     return best;
 }
 
+/// @return the same layout of one page with columns as even as its blocks allow
+SongLayout Balanced(const QList<Block>& blocks, const Room& room, SongLayout layout)
+{
+    Filling highest(room, layout.size, layout.columns);
+    highest.Fill(blocks);
+    Room shorter = room;
+    double tooShort = highest.Highest(); // less would break a block
+    double enough = room.firstHeight;
+    while (enough - tooShort > Step) {
+        shorter.firstHeight = (enough + tooShort) / 2;
+        SongLayout even = Filling(shorter, layout.size, layout.columns).Fill(blocks);
+        if (even.pages == 1) {
+            enough = shorter.firstHeight;
+            layout = std::move(even);
+        } else {
+            tooShort = shorter.firstHeight;
+        }
+    }
+    return layout;
+}
+
 } // namespace
 
 double HeightOf(const Unit& unit)
@@ -142,7 +168,9 @@ double HeightOf(const Unit& unit)
 SongLayout LayOut(const QList<Block>& blocks, const Room& room)
 {
     SongLayout best = Best(blocks, room, room.smallest);
-    return best.pages == 1 ? best : Best(blocks, room, room.smallestOfMany);
+    if (best.pages > 1)
+        return Best(blocks, room, room.smallestOfMany);
+    return best.columns > 1 ? Balanced(blocks, room, std::move(best)) : best;
 }
 
 } // namespace Pages

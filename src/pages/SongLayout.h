@@ -41,7 +41,7 @@ struct SongLayout
 
 /// Chooses size and columns: on one page if that can be, else on as few as possible; then as large
 /// as possible, without cutting lines where a smaller size keeps them whole, in one column rather
-/// than in two.
+/// than in two. Two columns of one page are as even as whole blocks allow.
 SongLayout LayOut(const QList<Block>& blocks, const Room& room);
 
 /// How far the rows of a unit reach below its top, in parts of the size.

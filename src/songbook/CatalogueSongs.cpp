@@ -113,11 +113,18 @@ QList<Setlist> CatalogueSongs::Setlists()
     return lists;
 }
 
-QList<ExchangeSong> CatalogueSongs::Songs()
+QList<ExchangeSong>
+CatalogueSongs::Songs(const std::function<void(qsizetype done, qsizetype all)>& progress)
 {
+    qsizetype all = 0;
+    if (Statement count(m_handle.get(), "SELECT COUNT(*) FROM MUSICA"); count.Step())
+        all = count.Whole(0);
     Statement rows(m_handle.get(), Columns + "MUSICA AS M ORDER BY M.ID");
     int gone = 0;
-    return Read(rows, true, gone);
+    return Read(rows, true, gone, [&progress, all](qsizetype done) {
+        if (progress)
+            progress(done, all);
+    });
 }
 
 QList<ExchangeSong> CatalogueSongs::SongsOf(qint64 setlist, bool repeats, int& gone)
@@ -129,7 +136,8 @@ QList<ExchangeSong> CatalogueSongs::SongsOf(qint64 setlist, bool repeats, int& g
     return Read(rows, repeats, gone);
 }
 
-QList<ExchangeSong> CatalogueSongs::Read(Statement& rows, bool repeats, int& gone)
+QList<ExchangeSong> CatalogueSongs::Read(Statement& rows, bool repeats, int& gone,
+                                         const std::function<void(qsizetype done)>& progress)
 {
     gone = 0;
     QSet<qint64> read;
@@ -149,6 +157,8 @@ QList<ExchangeSong> CatalogueSongs::Read(Statement& rows, bool repeats, int& gon
             song.letra2 = song.letra1;
         ReadThemes(rows.Whole(0), song);
         songs.append(std::move(song));
+        if (progress)
+            progress(songs.size());
     }
     return songs;
 }

@@ -5,6 +5,7 @@
 #include <QList>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 class Statement;
@@ -38,9 +39,12 @@ public:
     /// @return all setlists, newest first. @throws RuntimeError StoreFailure
     QList<Setlist> Setlists();
 
+    /// @param progress  told after each song how many of all were read; may be empty. What it
+    ///                  throws ends the reading
     /// @return all songs in the order of their ID; NULL columns have no value.
     /// @throws RuntimeError StoreFailure
-    QList<ExchangeSong> Songs();
+    QList<ExchangeSong>
+    Songs(const std::function<void(qsizetype done, qsizetype all)>& progress = {});
 
     /// @param setlist  LISTA.ID
     /// @param gone     receives how many of its songs the catalogue has no more
@@ -54,7 +58,8 @@ private:
         void operator()(sqlite3* handle) const noexcept;
     };
 
-    QList<ExchangeSong> Read(Statement& rows, bool repeats, int& gone);
+    QList<ExchangeSong> Read(Statement& rows, bool repeats, int& gone,
+                             const std::function<void(qsizetype done)>& progress = {});
     void ReadThemes(qint64 song, ExchangeSong& into);
     void LoadScale();
 

@@ -3,8 +3,6 @@
 #include "chords/Notas.h"
 #include "songbook/ChordSuffix.h"
 
-#include <QStringList>
-
 #include <array>
 #include <utility>
 
@@ -147,43 +145,6 @@ std::optional<QString> SpellChord(QStringView text, ChordSpelling spelling)
     if (slash < behind.size())
         spelled += u'/' + TakeNote(behind.sliced(slash + 1), spelling)->name;
     return spelled;
-}
-
-std::optional<KeyName> SpellKey(QStringView text)
-{
-    const QStringView key = text.trimmed();
-    const auto note = TakeNote(key, ChordSpelling::Marked);
-    if (!note)
-        return std::nullopt;
-    const QString mode = key.sliced(note->length).trimmed().toString();
-    const QString small = mode.toLower();
-    KeyName name;
-    name.tom = Funcoes::Notas[static_cast<std::size_t>(note->index)];
-    static const QStringList majors = {u""_qs, u"maj"_qs, u"major"_qs, u"maior"_qs, u"dur"_qs};
-    static const QStringList minors = {u"m"_qs,     u"min"_qs,  u"mi"_qs, u"minor"_qs,
-                                       u"menor"_qs, u"moll"_qs, u"-"_qs};
-    if (mode == u"M" || majors.contains(small))
-        return name;
-    name.whole = minors.contains(small);
-    if (name.whole || (mode.startsWith(u'm') && !small.startsWith(u"ma")))
-        name.variacao = u"m"_qs;
-    return name;
-}
-
-std::optional<KeyName> KeyOfChord(QStringView chord)
-{
-    const auto spelled = SpellChord(chord, ChordSpelling::Loose);
-    if (!spelled)
-        return std::nullopt;
-    const auto note = TakeNote(*spelled, ChordSpelling::Loose);
-    if (!note)
-        return std::nullopt;
-    KeyName name;
-    name.tom = Funcoes::Notas[static_cast<std::size_t>(note->index)];
-    const QStringView suffix = QStringView(*spelled).sliced(note->length);
-    if (suffix.startsWith(u'm') || suffix.startsWith(u'-'))
-        name.variacao = u"m"_qs;
-    return name;
 }
 
 } // namespace Songbook

@@ -4,7 +4,7 @@
 
 #include <optional>
 
-/// Chords and keys as other programs write them, respelled as ours knows them. Everything here
+/// Chords as other programs write them, respelled as ours knows them. Everything here
 /// reads Notas and Notas_Mais.
 namespace Songbook {
 
@@ -19,21 +19,5 @@ enum class ChordSpelling {
 ///         survive offset 0; respelling it again changes nothing. Nothing when text is no chord.
 ///         "N.C." gives "X"
 std::optional<QString> SpellChord(QStringView text, ChordSpelling spelling);
-
-/// A key as the columns TOM and VARIACAO hold it.
-struct KeyName
-{
-    QString tom;       ///< a name of Notas
-    QString variacao;  ///< "" or "m"
-    bool whole = true; ///< false when something of the text was left over
-};
-
-/// @param text  "Bb", "F#m", "A minor", "Ré menor"
-/// @return nothing when it does not begin with a note
-std::optional<KeyName> SpellKey(QStringView text);
-
-/// @return the key that a chord by itself would be: its root, minor when it is; nothing for what
-///         is no chord
-std::optional<KeyName> KeyOfChord(QStringView chord);
 
 } // namespace Songbook

@@ -2,6 +2,7 @@
 
 #include "songbook/ChordName.h"
 #include "songbook/ChordProReader.h"
+#include "songbook/KeyName.h"
 #include "songbook/SongDraft.h"
 
 #include <QRegularExpression>

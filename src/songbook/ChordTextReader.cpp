@@ -125,21 +125,21 @@ public:
     }
 
 private:
+    /// Fields may stand before the title, behind it or on both sides.
     void ReadHead()
     {
-        if (ReadFields())
-            return;
+        ReadFields();
         while (m_at < m_lines.size() && m_lines[m_at].kind == LineKind::Blank)
             ++m_at;
+        if (m_song.HasTitle())
+            return;
         ReadTitleParagraph();
         ReadFields();
     }
 
     /// Reads the lines that tell fields, and the blank ones among them.
-    /// @return true when there was one
-    bool ReadFields()
+    void ReadFields()
     {
-        bool described = false;
         for (qsizetype at = m_at; at < m_lines.size(); ++at) {
             const TextLine& line = m_lines[at];
             if (line.kind == LineKind::Blank)
@@ -149,26 +149,24 @@ private:
                 break;
             SetField(*field, line.number);
             m_at = at + 1;
-            described = true;
         }
-        return described;
     }
 
     /// @return the field that the line tells
     static std::optional<Field> FieldOf(const TextLine& line)
     {
         static const QRegularExpression form(
-            QStringLiteral("^\\s*(t\u00EDtulo|titulo|title|artista|artist|autor|author|compositor|"
-                           "refer\u00EAncia|referencia|tom|key|capo|capotraste|temas?|themes?|"
-                           "categoria)\\s*:\\s*(\\S.*)$"),
+            QStringLiteral(
+                "^\\s*(t\u00EDtulo|titulo|title|artista|artist|int\u00E9rprete|interprete|"
+                "cantora?|banda|autora?|author|compositora?|"
+                "refer\u00EAncia|referencia|tom|key|capo|capotraste|temas?|themes?|"
+                "categoria)\\s*:\\s*(\\S.*)$"),
             QRegularExpression::CaseInsensitiveOption |
                 QRegularExpression::UseUnicodePropertiesOption);
         const auto match = form.match(line.text);
         if (!match.hasMatch())
             return std::nullopt;
-        const Field field{match.captured(1).toLower(), match.captured(2).trimmed()};
-        const bool known = field.name != u"categoria" || CategoryOf(field.value) != 0;
-        return known ? std::optional(field) : std::nullopt;
+        return Field{match.captured(1).toLower(), match.captured(2).trimmed()};
     }
 
     void SetField(const Field& field, int line)
@@ -183,7 +181,7 @@ private:
         else if (name.startsWith(u"t"))
             AddThemes(field.value);
         else if (name == u"categoria")
-            m_song.SetCategory(CategoryOf(field.value));
+            SetCategory(field.value, line);
         else
             m_song.AddArtist(field.value);
     }
@@ -195,16 +193,16 @@ private:
             m_song.AddTheme(theme);
     }
 
-    /// @return 1 or 2; 0 for what is no category
-    static int CategoryOf(const QString& value)
+    void SetCategory(const QString& value, int line)
     {
         if (value.compare(u"Secular", Qt::CaseInsensitive) == 0)
-            return 2;
-        return value.compare(u"Religiosa", Qt::CaseInsensitive) == 0 ? 1 : 0;
+            m_song.SetCategory(2);
+        else if (value.compare(u"Religiosa", Qt::CaseInsensitive) != 0)
+            m_remarks.Lost(line, u"a categoria \"%1\" não foi reconhecida"_qs.arg(Excerpt(value)));
     }
 
     /// A paragraph of its own before the song: its title; two lines of it before a song with chords
-    /// are title and artist. Lines below them may tell fields.
+    /// are title and artist, unless a field told the artist. Lines below them may tell fields.
     void ReadTitleParagraph()
     {
         qsizetype end = m_at;
@@ -216,15 +214,15 @@ private:
             ++behind;
         const bool ends = behind + 1 < m_lines.size() &&
                           (m_lines[behind].kind == LineKind::Blank || behind > end);
-        const bool artist = length == 2 && HasChords();
+        const bool artist = length == 2 && HasChords() && !m_song.HasArtist();
         if (!ends || (length != 1 && !artist) || m_lines[m_at].text.startsWith(u"    "))
             return;
         const TextLine& title = m_lines[m_at];
         m_song.AddTitle(title.text, title.number, m_remarks);
-        m_remarks.Note(title.number, u"a primeira linha ficou sendo o título"_qs);
+        m_remarks.Note(title.number, u"esta linha ficou sendo o título"_qs);
         if (artist) {
             m_song.AddArtist(m_lines[m_at + 1].text);
-            m_remarks.Note(title.number + 1, u"a segunda linha ficou sendo a referência"_qs);
+            m_remarks.Note(title.number + 1, u"esta linha ficou sendo a referência"_qs);
         }
         m_at = end;
     }

@@ -9,4 +9,8 @@ namespace Songbook {
 /// @return lines ended by CR LF
 QString WritePlainText(const ExchangeSong& song, int version);
 
+/// @return the line that stands between songs of one text, without its end. No sheet has such a
+///         line, and it is no chord line
+const QString& SongsApart();
+
 } // namespace Songbook

@@ -1,6 +1,6 @@
 #include "songbook/SongDraft.h"
 
-#include "songbook/ChordName.h"
+#include "songbook/KeyName.h"
 
 namespace Songbook {
 

@@ -16,6 +16,9 @@ public:
     /// Who is known for the song; all of them make the reference.
     void AddArtist(const QString& artist) { Append(m_artists, artist); }
 
+    bool HasTitle() const { return !m_titles.isEmpty(); }
+    bool HasArtist() const { return !m_artists.isEmpty(); }
+
     /// Who wrote it: the reference of a song without an artist.
     void AddAuthor(const QString& author, int line) { Append(m_authors, author, line); }
 

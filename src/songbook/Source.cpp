@@ -4,6 +4,7 @@
 #include "songbook/ChordTextReader.h"
 #include "songbook/OpenLyricsReader.h"
 #include "songbook/OpenSongReader.h"
+#include "songbook/PlainTextReader.h"
 #include "songbook/SourceText.h"
 #include "songbook/XmlTree.h"
 
@@ -14,6 +15,11 @@ namespace {
 Source Refused(SourceKind kind, const QString& why, int line = 0)
 {
     return {kind, Failed(why, line)};
+}
+
+Source TooLarge()
+{
+    return Refused(SourceKind::Unknown, u"o arquivo é grande demais para uma música"_qs);
 }
 
 bool IsCatalogue(QByteArrayView bytes)
@@ -72,8 +78,8 @@ Source ReadSource(QByteArrayView bytes, const QString& name)
 {
     if (IsCatalogue(bytes))
         return Refused(SourceKind::Catalogue, u"é um catálogo, não uma música"_qs);
-    if (bytes.size() > LargestSource)
-        return Refused(SourceKind::Unknown, u"o arquivo é grande demais para uma música"_qs);
+    if (bytes.size() > LargestBook)
+        return TooLarge();
     if (IsDocument(bytes))
         return Refused(SourceKind::Unknown,
                        u"é um documento PDF ou RTF; salve-o como texto simples"_qs);
@@ -84,7 +90,9 @@ Source ReadSource(QByteArrayView bytes, const QString& name)
     if (text.contains(QChar(u'\0')))
         return Refused(SourceKind::Unknown, u"o arquivo não é um texto"_qs);
     if (IsMarkup(start))
-        return ReadXml(bytes, name);
+        return bytes.size() > LargestSource ? TooLarge() : ReadXml(bytes, name);
+    if (LooksLikePlainText(text))
+        return {SourceKind::ChordText, ReadPlainText(text, name)};
     if (LooksLikeChordPro(text))
         return {SourceKind::ChordPro, ReadChordPro(text, name)};
     return {SourceKind::ChordText, ReadChordText(text, name)};

@@ -23,7 +23,7 @@ struct Source
 };
 
 /// Reads a song file of another program. Reads Notas and Notas_Mais.
-/// @param bytes  the whole file; above LargestSource it is refused
+/// @param bytes  the whole file; above LargestBook, or LargestSource for XML, it is refused
 /// @param name   what a song without a title is called: the file's name without its ending
 Source ReadSource(QByteArrayView bytes, const QString& name);
 

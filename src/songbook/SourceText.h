@@ -10,6 +10,9 @@ namespace Songbook {
 /// The most bytes that one source may have: above any songbook, and bounding memory and time.
 constexpr qsizetype LargestSource = qsizetype{32} * 1024 * 1024;
 
+/// The same for a text of many songs: a library of twenty thousand fits twice.
+constexpr qsizetype LargestBook = qsizetype{64} * 1024 * 1024;
+
 /// @return the text of a file: by its byte-order mark; else UTF-8 where the bytes are valid; else
 ///         the ANSI code page, in which every byte is a character
 QString DecodeText(QByteArrayView bytes);

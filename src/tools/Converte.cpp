@@ -5,6 +5,7 @@
 #include "tools/CatalogueConversion.h"
 #include "tools/ConversionOrder.h"
 #include "tools/DestinationKind.h"
+#include "tools/Interruption.h"
 #include "tools/Messages.h"
 #include "tools/OutputFiles.h"
 #include "tools/SongSources.h"
@@ -80,30 +81,61 @@ QString WhyNothing(const SongSources& sources, const ConversionOrder& order,
                : u"nenhuma música encontrada; nada foi escrito"_qs;
 }
 
+QString IsASource(const QString& path)
+{
+    return path + u": é uma das origens, e nenhuma origem é alterada";
+}
+
 /// @return why a file must not be written: songs were read from it
 QString WhyASource(const SongSources& sources, const QList<OutputFile>& files)
 {
     for (const OutputFile& file : files) {
         if (sources.IsSource(file.path))
-            return file.path + u": é uma das origens, e nenhuma origem é alterada";
+            return IsASource(file.path);
     }
     return {};
 }
 
-bool IsTaken(const ConversionOrder& order, const QString& path)
+/// @return true when the destination is a file that is named as a source, also by another way to it
+bool IsNamedAsSource(const ConversionOrder& order)
 {
+    const QFileInfo destination(order.destination);
+    const QString there = destination.canonicalFilePath();
+    const auto isThere = [&there](const QString& source) {
+        return source != Standard() && QFileInfo(source).canonicalFilePath() == there;
+    };
+    return order.destination != Standard() && destination.isFile() &&
+           std::any_of(order.sources.begin(), order.sources.end(), isThere);
+}
+
+/// Looks at the destination before anything is read, which may take long.
+/// @return why it cannot be written, in Portuguese; empty when nothing is known against it
+QString WhyNoDestination(const ConversionOrder& order)
+{
+    const QString& path = order.destination;
+    if (path == Standard())
+        return {};
+    if (IsNamedAsSource(order))
+        return IsASource(path);
+    if (order.kind->ending == u"/")
+        return WhyNoFolder(path);
     const QFileInfo target(path);
-    return path != Standard() && !order.force && !path.endsWith(u'/') &&
-           (target.exists() || target.isSymLink());
+    if (!order.force && (target.exists() || target.isSymLink()))
+        return path + u": o arquivo já existe; --force o substitui";
+    return order.kind->make ? WhyNoFile(path) : QString(); // a catalogue's place is looked at there
 }
 
 int ConvertCatalogue(const ConversionOrder& order, QTextStream& out, QTextStream& err)
 {
     Messages messages(err);
-    CatalogueConversion conversion(
-        {[&messages](const QString& line) { messages.Tell(line); },
-         [&messages](int done) { messages.Show(QString::number(done) + u" %"); }},
-        order.simulate, order.force);
+    CatalogueConversion conversion({[&messages](const QString& line) { messages.Tell(line); },
+                                    [&messages](int done) {
+                                        constexpr int All = 100;
+                                        if (done < All)
+                                            Interruption::Check();
+                                        messages.Show(QString::number(done) + u" %");
+                                    }},
+                                   order.simulate, order.force);
     const auto outcome = conversion.Run(order.sources.first(), order.destination);
     messages.Clear();
     if (outcome == CatalogueConversion::Outcome::NotDone)
@@ -115,15 +147,16 @@ int ConvertCatalogue(const ConversionOrder& order, QTextStream& out, QTextStream
 
 int Convert(const ConversionOrder& order, QTextStream& out, QTextStream& err)
 {
-    const QString taken = u": o arquivo já existe; --force o substitui"_qs;
-    if (IsTaken(order, order.destination))
-        return Fail(err, order.destination + taken);
+    const QString noDestination = WhyNoDestination(order);
+    if (!noDestination.isEmpty())
+        return Fail(err, noDestination);
     if (!order.kind->make)
         return ConvertCatalogue(order, out, err);
     Songbook::LoadUsualScale();
     Messages messages(err);
     ConversionReport report({[&messages](const QString& line) { messages.Tell(line); },
                              [&messages](qsizetype done, qsizetype all, const QString& what) {
+                                 Interruption::Check();
                                  messages.Progress(done, all, what);
                              }},
                             order.simulate);
@@ -139,7 +172,7 @@ int Convert(const ConversionOrder& order, QTextStream& out, QTextStream& err)
     if (failure.isEmpty())
         failure = WhyNotWritten(files, folder, order.force);
     if (failure.isEmpty() && !order.simulate)
-        failure = WriteFiles(files, folder);
+        failure = WriteFiles(files, folder, report);
     if (!failure.isEmpty())
         return Fail(err, failure);
     // The document itself may be on the standard output.
@@ -160,10 +193,16 @@ int Run(const QStringList& arguments, QTextStream& out, QTextStream& err)
     }
     QString wrong;
     const std::optional<ConversionOrder> order = ReadOrder(arguments, wrong);
-    if (order)
+    if (!order) {
+        err << (arguments.isEmpty() ? QString(wrong + u"\n\n" + Help) : WrongUse(wrong, Help));
+        return NotDone;
+    }
+    try {
+        Interruption::Watch();
         return Convert(*order, out, err);
-    err << (arguments.isEmpty() ? QString(wrong + u"\n\n" + Help) : WrongUse(wrong, Help));
-    return NotDone;
+    } catch (const Interrupted&) {
+        return Fail(err, u"interrompido; nada foi escrito"_qs);
+    }
 }
 
 /// Only pages need fonts, whose loading takes longer than most conversions.

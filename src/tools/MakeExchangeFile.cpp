@@ -23,6 +23,7 @@ QList<OutputFile> MakeExchangeFile(const ChosenSongs& songs, const ConversionOrd
             ExchangeWriter::Append(document,
                                    Songbook::MadeExchangeable(songs.songs[i + 1].song, narrowed));
         report.Tell(first.source, first.TitleAmongMany(), narrowed.All());
+        report.Progress(i + 1, songs.songs.size(), u"músicas"_qs);
     }
     document += ExchangeWriter::Tail();
     return {{order.destination, CodePage::FromUnicode(document)}};

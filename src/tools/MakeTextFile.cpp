@@ -2,16 +2,10 @@
 #include "songbook/PlainTextWriter.h"
 #include "tools/ChosenSongs.h"
 #include "tools/ConversionOrder.h"
+#include "tools/ConversionReport.h"
 #include "tools/DestinationKind.h"
 
 namespace {
-
-/// No sheet has such a line, and it is no chord line.
-const QString& SongsApart()
-{
-    static const QString line = u"\r\n"_qs + QString(72, u'=') + u"\r\n\r\n";
-    return line;
-}
 
 QByteArray TextDocument(const ExchangeSong& song, int version)
 {
@@ -23,25 +17,28 @@ QByteArray TextDocument(const ExchangeSong& song, int version)
 } // namespace
 
 QList<OutputFile> MakeTextFile(const ChosenSongs& songs, const ConversionOrder& order,
-                               ConversionReport&)
+                               ConversionReport& report)
 {
     QByteArray document;
+    qsizetype done = 0;
     for (const ChosenSong& chosen : songs.songs) {
         if (!document.isEmpty())
-            document += SongsApart().toUtf8();
+            document += "\r\n" + Songbook::SongsApart().toUtf8() + "\r\n\r\n";
         document += TextDocument(chosen.song, order.version);
+        report.Progress(++done, songs.songs.size(), u"músicas"_qs);
     }
     return {{order.destination, document}};
 }
 
 QList<OutputFile> MakeTextFolder(const ChosenSongs& songs, const ConversionOrder& order,
-                                 ConversionReport&)
+                                 ConversionReport& report)
 {
     Songbook::FileNames names;
     QList<OutputFile> files;
     for (const ChosenSong& chosen : songs.songs) {
         const QString name = names.For(chosen.song.titulo.value_or(QString()), u".txt"_qs);
         files.append({order.destination + name, TextDocument(chosen.song, order.version)});
+        report.Progress(files.size(), songs.songs.size(), u"músicas"_qs);
     }
     return files;
 }

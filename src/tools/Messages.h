@@ -28,6 +28,9 @@ class Messages
 public:
     /// @param err  what the messages are written to; must outlive them
     explicit Messages(QTextStream& err);
+    ~Messages() { Clear(); }
+    Messages(const Messages&) = delete;
+    Messages& operator=(const Messages&) = delete;
 
     /// @param line  may hold names as the user wrote them
     void Tell(const QString& line);

@@ -2,6 +2,9 @@
 
 #include "runtime/FileTrouble.h"
 #include "tools/ConversionOrder.h"
+#include "tools/ConversionReport.h"
+#include "tools/DraftFolder.h"
+#include "tools/Interruption.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -13,40 +16,17 @@ namespace {
 
 QString WriteToStandard(const QByteArray& bytes)
 {
+    Interruption::LetThrough(); // whoever reads may take as long as he likes
     QFile out;
     const bool written =
         out.open(stdout, QIODevice::WriteOnly) && out.write(bytes) == bytes.size() && out.flush();
     return written ? QString() : FileTrouble(out);
 }
 
-QString WriteFile(const OutputFile& output)
-{
-    if (output.path == Standard())
-        return WriteToStandard(output.bytes);
-    QSaveFile file(output.path);
-    // A commit alone would not notice that the last bytes did not reach the disk.
-    const bool written = file.open(QIODevice::WriteOnly) &&
-                         file.write(output.bytes) == output.bytes.size() && file.flush() &&
-                         file.commit();
-    return written ? QString() : FileTrouble(file);
-}
-
 bool IsThere(const QString& path)
 {
     const QFileInfo file(path);
     return file.exists() || file.isSymLink();
-}
-
-/// @return why the folder, which may not be there yet, takes no files
-QString WhyNoFolder(const QString& folder)
-{
-    QFileInfo place(QDir::cleanPath(QFileInfo(folder).absoluteFilePath()));
-    if (place.isDir())
-        return place.isWritable() ? QString() : folder + u": falta a permissão para escrever";
-    while (!IsThere(place.filePath()) && !place.isRoot())
-        place.setFile(place.path());
-    return place.isDir() && place.isWritable() ? QString()
-                                               : folder + u": a pasta não pode ser criada";
 }
 
 } // namespace
@@ -67,6 +47,17 @@ QString WhyNoFile(const QString& path)
     return {};
 }
 
+QString WhyNoFolder(const QString& folder)
+{
+    QFileInfo place(QDir::cleanPath(QFileInfo(folder).absoluteFilePath()));
+    if (place.isDir())
+        return place.isWritable() ? QString() : folder + u": falta a permissão para escrever";
+    while (!IsThere(place.filePath()) && !place.isRoot())
+        place.setFile(place.path());
+    return place.isDir() && place.isWritable() ? QString()
+                                               : folder + u": a pasta não pode ser criada";
+}
+
 QString WhyNotWritten(const QList<OutputFile>& files, const QString& folder, bool force)
 {
     for (const OutputFile& file : files) {
@@ -84,14 +75,39 @@ QString WhyNotWritten(const QList<OutputFile>& files, const QString& folder, boo
     return {};
 }
 
-QString WriteFiles(const QList<OutputFile>& files, const QString& folder)
+QString WriteFile(const OutputFile& output)
 {
-    if (!folder.isEmpty() && !QDir().mkpath(folder))
-        return folder + u": a pasta não pode ser criada"_qs;
+    if (output.path == Standard())
+        return WriteToStandard(output.bytes);
+    QSaveFile file(output.path);
+    // A commit alone would not notice that the last bytes did not reach the disk.
+    const bool written = file.open(QIODevice::WriteOnly) &&
+                         file.write(output.bytes) == output.bytes.size() && file.flush();
+    Interruption::Check();
+    return written && file.commit() ? QString() : FileTrouble(file);
+}
+
+QString WriteFiles(const QList<OutputFile>& files, const QString& folder,
+                   const ConversionReport& report)
+{
+    if (folder.isEmpty()) {
+        for (const OutputFile& file : files) {
+            const QString failure = WriteFile(file);
+            if (!failure.isEmpty())
+                return file.path + u": não foi possível escrever: " + failure;
+        }
+        return {};
+    }
+    DraftFolder draft(folder);
+    const QString noDraft = draft.Begin();
+    if (!noDraft.isEmpty())
+        return noDraft;
+    qsizetype done = 0;
     for (const OutputFile& file : files) {
-        const QString failure = WriteFile(file);
+        const QString failure = draft.Add(file);
         if (!failure.isEmpty())
             return file.path + u": não foi possível escrever: " + failure;
+        report.Progress(++done, files.size(), u"arquivos gravados"_qs);
     }
-    return {};
+    return draft.Keep();
 }

@@ -9,6 +9,7 @@
 #include "songbook/XmlTree.h"
 #include "store/text/Collation.h"
 #include "tools/DestinationKind.h"
+#include "tools/Interruption.h"
 #include "tools/SongFiles.h"
 
 #include <QFile>
@@ -82,7 +83,7 @@ void SongSources::Read()
     for (const QString& source : files) {
         ReadSource(source);
         ++m_files;
-        m_report.Progress(m_files, files.size(), u"arquivos"_qs);
+        m_report.Progress(m_files, files.size(), u"arquivos lidos"_qs);
         if (!m_failure.isEmpty())
             return;
     }
@@ -95,7 +96,10 @@ void SongSources::ReadSource(const QString& source)
         return;
     }
     QTemporaryFile file;
-    if (Spool(file))
+    Interruption::LetThrough(); // nobody may ever write into the input
+    const bool isHere = Spool(file);
+    Interruption::Watch();
+    if (isHere)
         ReadFile(source, file.fileName());
     else
         m_report.TellUnread(source, 0, u"não há lugar para um arquivo provisório"_qs);
@@ -130,7 +134,10 @@ void SongSources::ReadCatalogue(const QString& source, const QString& path)
             ReadSetlist(source, catalogue);
             return;
         }
-        for (const ExchangeSong& song : catalogue.Songs())
+        const auto progress = [this](qsizetype done, qsizetype all) {
+            m_report.Progress(done, all, u"músicas lidas"_qs);
+        };
+        for (const ExchangeSong& song : catalogue.Songs(progress))
             Choose(source, song, true);
     } catch (const RuntimeError& error) {
         m_report.TellUnread(source, 0, error.WhatFailed());
@@ -173,6 +180,7 @@ void SongSources::ReadExchange(const QString& source, QFile& file)
         for (std::optional<QString>* text : {&song.letra1, &song.letra2})
             (*text)->replace(u"[br]"_qs, u"\r\n"_qs);
         Choose(source, song, true);
+        m_report.Progress(i + 1, songs->Count(), u"músicas lidas"_qs);
     }
     TellDefects(source, *songs);
 }
@@ -202,7 +210,7 @@ void SongSources::TellDefects(const QString& source, const ExchangeSongs& songs)
 void SongSources::ReadOthers(const QString& source, QFile& file)
 {
     // One byte more than a source may have shows that there is too much.
-    const QByteArray bytes = file.read(Songbook::LargestSource + 1);
+    const QByteArray bytes = file.read(Songbook::LargestBook + 1);
     if (file.error() != QFile::NoError) {
         m_report.TellUnread(source, 0, FileTrouble(file));
         return;
@@ -217,8 +225,11 @@ void SongSources::ReadOthers(const QString& source, QFile& file)
         m_report.TellUnread(source, read.reading.failureLine, read.reading.failure);
         return;
     }
-    for (const ExchangeSong& song : read.reading.songs)
+    qsizetype done = 0;
+    for (const ExchangeSong& song : read.reading.songs) {
         Choose(source, song, false);
+        m_report.Progress(++done, read.reading.songs.size(), u"músicas lidas"_qs);
+    }
     m_report.Tell(source, {}, read.reading.remarks);
 }
 

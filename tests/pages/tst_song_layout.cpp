@@ -16,6 +16,8 @@ private slots:
     void linesShrinkBeforeTheyAreCut();
     void linesAreCutWhereTheyWouldGetTooSmall();
     void twoColumnsSaveAPage();
+    void columnsOfAPageAreEven_data();
+    void columnsOfAPageAreEven();
     void songThatFitsOnePageIsNotBroken();
     void longSongTakesAsFewPagesAsPossible();
     void verseStaysTogether();
@@ -102,6 +104,34 @@ void tst_song_layout::twoColumnsSaveAPage()
     Room narrow = UsualRoom();
     narrow.mostColumns = 1;
     QCOMPARE(Of(text, narrow).pages, 2);
+}
+
+void tst_song_layout::columnsOfAPageAreEven_data()
+{
+    QTest::addColumn<QList<int>>("verses");
+    QTest::addColumn<int>("first");
+    QTest::newRow("verses of one length") << QList<int>{6, 6, 6, 6, 6, 6, 6, 6} << 4;
+    QTest::newRow("an odd number of verses") << QList<int>{6, 6, 6, 6, 6, 6, 6} << 4;
+    QTest::newRow("a long verse first") << QList<int>{20, 4, 4, 4, 4, 4} << 1;
+    QTest::newRow("a long verse last") << QList<int>{4, 4, 4, 4, 20} << 4;
+    QTest::newRow("two that fill a column each") << QList<int>{22, 22} << 1;
+}
+
+void tst_song_layout::columnsOfAPageAreEven()
+{
+    QFETCH(QList<int>, verses);
+    QFETCH(int, first);
+    QStringList texts;
+    for (const int rows : verses)
+        texts += Verse(rows, 20);
+    const SongLayout layout = Of(texts.join(u"\r\n\r\n"));
+    QCOMPARE(layout.pages, 1);
+    QCOMPARE(layout.columns, 2);
+    qsizetype at = 0;
+    for (qsizetype verse = 0; verse < verses.size(); ++verse) {
+        for (int row = 0; row < verses[verse]; ++row)
+            QCOMPARE(layout.placed[at++].column, verse < first ? 0 : 1);
+    }
 }
 
 void tst_song_layout::songThatFitsOnePageIsNotBroken()

@@ -6,7 +6,7 @@
 
 using namespace Songbook;
 
-/// Chords and keys as others write them: what the sheet can hold, show and transpose.
+/// Chords as others write them: what the sheet can hold, show and transpose.
 class tst_chord_name : public QObject
 {
     Q_OBJECT
@@ -19,10 +19,7 @@ private slots:
     void wordsAreNoChords();
     void onlyMarkedChordsMayBeWrittenFreely_data();
     void onlyMarkedChordsMayBeWrittenFreely();
-    void keysFindTheirColumns_data();
-    void keysFindTheirColumns();
     void everySuffixOnEveryRootIsShownAsSpelled();
-    void keyOfAChordIsItsRootAndMode();
 };
 
 namespace {
@@ -135,33 +132,6 @@ void tst_chord_name::onlyMarkedChordsMayBeWrittenFreely()
     QVERIFY(!SpellChord(word, ChordSpelling::Loose).has_value());
 }
 
-void tst_chord_name::keysFindTheirColumns_data()
-{
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QString>("tom");
-    QTest::addColumn<QString>("variacao");
-    QTest::addColumn<bool>("whole");
-    QTest::newRow("major") << u"G"_qs << u"G"_qs << u""_qs << true;
-    QTest::newRow("minor") << u"F#m"_qs << u"F#"_qs << u"m"_qs << true;
-    QTest::newRow("flat, which the combo box lacks") << u"Bb"_qs << u"A#"_qs << u""_qs << true;
-    QTest::newRow("minor in English") << u"A minor"_qs << u"A"_qs << u"m"_qs << true;
-    QTest::newRow("minor in Portuguese") << u"R\u00E9 menor"_qs << u"D"_qs << u"m"_qs << true;
-    QTest::newRow("major in Portuguese") << u"Sol maior"_qs << u"G"_qs << u""_qs << true;
-    QTest::newRow("C flat") << u"Cb"_qs << u"B"_qs << u""_qs << true;
-    QTest::newRow("a chord for a key") << u"Dm7"_qs << u"D"_qs << u"m"_qs << false;
-    QTest::newRow("a mode") << u"D dorian"_qs << u"D"_qs << u""_qs << false;
-}
-
-void tst_chord_name::keysFindTheirColumns()
-{
-    QFETCH(QString, key);
-    const auto name = SpellKey(key);
-    QVERIFY(name.has_value());
-    QTEST(name->tom, "tom");
-    QTEST(name->variacao, "variacao");
-    QTEST(name->whole, "whole");
-}
-
 void tst_chord_name::everySuffixOnEveryRootIsShownAsSpelled()
 {
     const QStringList suffixes = {
@@ -189,15 +159,6 @@ void tst_chord_name::everySuffixOnEveryRootIsShownAsSpelled()
         }
     }
     QCOMPARE(shown, 7 * 3 * 42 * 4);
-}
-
-void tst_chord_name::keyOfAChordIsItsRootAndMode()
-{
-    QCOMPARE(KeyOfChord(u"Bbm7/F")->tom, u"A#"_qs);
-    QCOMPARE(KeyOfChord(u"Bbm7/F")->variacao, u"m"_qs);
-    QCOMPARE(KeyOfChord(u"Cmaj7")->variacao, u""_qs);
-    QVERIFY(!KeyOfChord(u"(2x)"));
-    QVERIFY(!KeyOfChord(u"X"));
 }
 
 QTEST_APPLESS_MAIN(tst_chord_name)

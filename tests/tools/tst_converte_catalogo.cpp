@@ -197,10 +197,12 @@ void tst_converte_catalogo::theSourceIsNeverReplaced()
     const QString link = Path(u"atalho.mdb"_qs);
     QVERIFY(QFile::link(source, link));
     for (const QString& target : {source, link}) {
-        const Outcome outcome = Convert({u"--force"_qs, source, target});
-        QCOMPARE(outcome.code, 2);
-        QCOMPARE(outcome.err, target + u": o destino é a própria origem\n");
-        QVERIFY(Content(source) == CatalogoAntigo::Conteudo());
+        for (const QStringList& options : {QStringList(), QStringList{u"--force"_qs}}) {
+            const Outcome outcome = Convert(options + QStringList{source, target});
+            QCOMPARE(outcome.code, 2);
+            QCOMPARE(outcome.err, target + u": é uma das origens, e nenhuma origem é alterada\n");
+            QVERIFY(Content(source) == CatalogoAntigo::Conteudo());
+        }
     }
 }
 

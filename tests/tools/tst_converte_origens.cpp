@@ -49,6 +49,10 @@ private slots:
     void simulationRefusesWhatTheRealRunRefuses_data();
     void simulationRefusesWhatTheRealRunRefuses();
     void simulationRefusesWhatTheUserMayNotWrite();
+    void theDestinationIsLookedAtBeforeAnythingIsRead_data();
+    void theDestinationIsLookedAtBeforeAnythingIsRead();
+    void whoIsToldToEndLeavesNothing_data();
+    void whoIsToldToEndLeavesNothing();
     void failuresAreToldInPortuguese();
 
 private:
@@ -111,7 +115,7 @@ void tst_converte_origens::noSourceIsReplaced()
     const QString file = Put(u"s/Peixe Vivo.cho"_qs, mine);
     QVERIFY(QFile::link(file, Path(u"atalho.cho"_qs)));
     for (const QStringList& options :
-         {QStringList{u"--force"_qs}, QStringList{u"--force"_qs, u"--simular"_qs}}) {
+         {QStringList(), QStringList{u"--force"_qs}, QStringList{u"--force"_qs, u"--simular"_qs}}) {
         const Outcome outcome = Convert(options + QStringList{Path(source), Path(target)});
         QCOMPARE(outcome.err,
                  Path(written) + u": é uma das origens, e nenhuma origem é alterada\n");
@@ -260,6 +264,59 @@ void tst_converte_origens::simulationRefusesWhatTheUserMayNotWrite()
     QFile::setPermissions(Path(u"fechada"_qs), readable | QFile::WriteOwner);
 }
 
+void tst_converte_origens::theDestinationIsLookedAtBeforeAnythingIsRead_data()
+{
+    QTest::addColumn<QString>("target");
+    for (const char* target : {"meu.mld", "nada/novo.mld", "meu.mld/", "nada/novo.pdf", "s/a.cho"})
+        QTest::newRow(target) << QString::fromLatin1(target);
+}
+
+/// What cannot be read would be told else.
+void tst_converte_origens::theDestinationIsLookedAtBeforeAnythingIsRead()
+{
+    QFETCH(QString, target);
+    const QString source = Put(u"s/a.cho"_qs);
+    Put(u"meu.mld"_qs, "mine");
+    const Outcome outcome = Convert({Path(u"não há.cho"_qs), source, Path(target)});
+    QCOMPARE(outcome.code, 2);
+    QVERIFY2(outcome.err.startsWith(Path(target) + u": "), qPrintable(outcome.err));
+    QCOMPARE(outcome.err.count(u'\n'), 1);
+}
+
+void tst_converte_origens::whoIsToldToEndLeavesNothing_data()
+{
+    QTest::addColumn<QString>("target");
+    for (const char* target : {"novo.mld", "novo.txt", "novo.pdf", "novo.cho", "nova/", "s/"})
+        QTest::newRow(target) << QString::fromLatin1(target);
+}
+
+/// The last source gives nothing until the program was told to end.
+void tst_converte_origens::whoIsToldToEndLeavesNothing()
+{
+    QFETCH(QString, target);
+    const QString source = Put(u"s/a.cho"_qs);
+    const QString pipe = Path(u"fila"_qs);
+    QCOMPARE(RunTool(u"mkfifo"_qs, {pipe}).code, 0);
+    const QString missing = Path(u"nada.cho"_qs);
+    QProcess program;
+    program.start(QStringLiteral(MELODARIO_CONVERTE), {source, missing, pipe, Path(target)});
+    program.setReadChannel(QProcess::StandardError);
+    while (!program.canReadLine()) // from then on the wish is noted
+        QVERIFY(program.waitForReadyRead(60'000));
+    program.terminate();
+    constexpr int ShortWhileMs = 50;
+    do // as often as it takes until the program has opened its end, if it still does
+        std::fstream(pipe.toStdString()) << "La\n";
+    while (!program.waitForFinished(ShortWhileMs));
+    QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(program.exitCode(), 2);
+    QCOMPARE(QString::fromUtf8(program.readAllStandardError()),
+             missing + u": não lido: o arquivo não existe\ninterrompido; nada foi escrito\n");
+    const auto all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
+    QCOMPARE(QDir(m_folder->path()).entryList(all, QDir::Name), QStringList({u"fila"_qs, u"s"_qs}));
+    QCOMPARE(QDir(Path(u"s"_qs)).entryList(all), QStringList{u"a.cho"_qs});
+}
+
 void tst_converte_origens::failuresAreToldInPortuguese()
 {
     const QString closed = Put(u"fechado.cho"_qs);
@@ -272,13 +329,17 @@ void tst_converte_origens::failuresAreToldInPortuguese()
     QCOMPARE(outcome.code, 2);
     // No file may grow by a single byte, as on a full disk.
     const QString source = Put(u"a.cho"_qs);
-    const QString target = Path(u"novo.mld"_qs);
-    const Outcome full =
-        RunTool(u"/bin/sh"_qs, {u"-c"_qs, u"trap '' XFSZ; ulimit -f 0; exec \"$0\" \"$@\""_qs,
-                                QStringLiteral(MELODARIO_CONVERTE), source, target});
-    QCOMPARE(full.err, target + u": não foi possível escrever: o disco está cheio ou não aceita a "
-                                "gravação\n");
-    QCOMPARE(full.code, 2);
+    for (const QString& target : {Path(u"novo.mld"_qs), Path(u"nova/"_qs)}) {
+        const QString file = target.endsWith(u'/') ? QString(target + u"Peixe Vivo.cho") : target;
+        const Outcome full =
+            RunTool(u"/bin/sh"_qs, {u"-c"_qs, u"trap '' XFSZ; ulimit -f 0; exec \"$0\" \"$@\""_qs,
+                                    QStringLiteral(MELODARIO_CONVERTE), source, target});
+        QCOMPARE(full.err, file +
+                               u": não foi possível escrever: o disco está cheio ou não aceita a "
+                               "gravação\n");
+        QCOMPARE(full.code, 2);
+        QVERIFY(!QFile::exists(target));
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_converte_origens)

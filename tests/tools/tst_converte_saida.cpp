@@ -90,6 +90,8 @@ private slots:
     void filesInAFolderAreKept();
     void songsComeBackFromChordPro_data();
     void songsComeBackFromChordPro();
+    void songsComeBackFromText_data();
+    void songsComeBackFromText();
     void songbookIsPrinted();
     void songbookIsTheSameEachTime();
     void pipesCarryEverything();
@@ -399,6 +401,39 @@ void tst_converte_saida::songsComeBackFromChordPro()
     songsBack.sort();
     QCOMPARE(songsBack.size(), 153);
     QCOMPARE(songsBack, songs);
+}
+
+void tst_converte_saida::songsComeBackFromText_data()
+{
+    QTest::addColumn<QString>("target");
+    QTest::addColumn<QStringList>("options");
+    QTest::newRow("one text") << u"tudo.txt"_qs << QStringList();
+    QTest::newRow("a folder of texts") << u"textos/"_qs << QStringList{u"--formato"_qs, u"txt"_qs};
+}
+
+/// Of each song one version, which comes back as both.
+void tst_converte_saida::songsComeBackFromText()
+{
+    QFETCH(QString, target);
+    QFETCH(QStringList, options);
+    m_catalogue->AddSong({u"[G] {c}"_qs, u"Tom: A"_qs,
+                          u"C7b9  Bb7M\r\n    Refrão\r\n\r\n[A]b\r\n"_qs,
+                          u"C7b9  Bb7M\r\n    Refrão\r\n\r\n[A]b\r\n"_qs, u"Bb"_qs, u"m"_qs, 2});
+    m_catalogue->AddSong({u"Vazia"_qs, u""_qs, u""_qs, u""_qs, u"D#"_qs, u""_qs, 1});
+    const QString direct = Path(u"direto.mld"_qs);
+    QCOMPARE(Convert({u"--versao=2"_qs, m_catalogue->Path(), direct}).code, 0);
+    const QString text = Path(target);
+    QCOMPARE(Convert(options + QStringList{m_catalogue->Path(), text}).code, 0);
+    const QString back = Path(u"volta.mld"_qs);
+    const Outcome outcome = Convert({text, back});
+    QCOMPARE(outcome.err, QString());
+    QCOMPARE(outcome.code, 0);
+    QStringList wanted = Songs(Content(direct));
+    QStringList found = Songs(Content(back));
+    QCOMPARE(found.size(), 5);
+    wanted.sort();
+    found.sort();
+    QCOMPARE(found, wanted);
 }
 
 void tst_converte_saida::songbookIsPrinted()
