@@ -83,6 +83,7 @@ private:
 
 Aviso_Exportacao Aviso_Exportacao::De(const QString& lista)
 {
+    const Connection::Snapshot retrato(Funcoes::Conexao); // locks once, not for each song
     const QHash<QString, ExchangeLoss> por_temas = Perdas_Por_Temas();
     Atingidas letras;
     Atingidas ilegiveis;

@@ -25,7 +25,8 @@ QString Prepara_Texto(const QString& texto)
         return texto; // there is neither
     // In one pass and into room for all of it: lyrics hold a mark a line, and a library many
     // megabytes of lyrics.
-    QString preparado(texto.size() + inteiro.count(u'\''), Qt::Uninitialized);
+    const qsizetype apostrofos = inteiro.sliced(apostrofo).count(u'\'');
+    QString preparado(texto.size() + apostrofos, Qt::Uninitialized);
     QChar* destino = preparado.data();
     qsizetype desde = 0;
     for (qsizetype lugar = std::min(apostrofo, colchete); lugar < texto.size();

@@ -151,17 +151,21 @@ public:
 
     void Write(const ExchangeSongOf<Text>& song)
     {
-        m_document.Put("   <musica>\r\n"_L1);
-        Clean("titulo"_L1, song.titulo, "Sem T\xEDtulo"_L1);
-        Clean("referencia"_L1, song.referencia, "Sem Refer\xEAncia"_L1);
-        Clean("letra1"_L1, song.letra1, "Sem Letra"_L1, Breaks::Marked);
-        Clean("letra2"_L1, song.letra2, "Sem Letra"_L1, Breaks::Marked);
-        AsStored("tom"_L1, song.tom, "C"_L1);
-        AsStored("variacao"_L1, song.variacao, ""_L1);
-        Open("categoria"_L1);
+        m_document.Put("   <musica>\r\n       <titulo>"_L1);
+        Clean(song.titulo, "Sem T\xEDtulo"_L1);
+        m_document.Put("</titulo>\r\n       <referencia>"_L1);
+        Clean(song.referencia, "Sem Refer\xEAncia"_L1);
+        m_document.Put("</referencia>\r\n       <letra1>"_L1);
+        Clean(song.letra1, "Sem Letra"_L1, Breaks::Marked);
+        m_document.Put("</letra1>\r\n       <letra2>"_L1);
+        Clean(song.letra2, "Sem Letra"_L1, Breaks::Marked);
+        m_document.Put("</letra2>\r\n       <tom>"_L1);
+        AsStored(song.tom, "C"_L1);
+        m_document.Put("</tom>\r\n       <variacao>"_L1);
+        AsStored(song.variacao, ""_L1);
+        m_document.Put("</variacao>\r\n       <categoria>"_L1);
         m_document.Put(QLatin1StringView(QByteArray::number(song.categoria.value_or(1))));
-        Close("categoria"_L1);
-        m_document.Put("       <temas>\r\n"_L1);
+        m_document.Put("</categoria>\r\n       <temas>\r\n"_L1);
         for (const Text& tema : song.temas) {
             m_document.Put("           <descricao>"_L1);
             m_document.AsStored(tema);
@@ -171,40 +175,21 @@ public:
     }
 
 private:
-    void Open(QLatin1StringView name)
+    void Clean(const std::optional<Text>& text, QLatin1StringView whenMissing,
+               Breaks breaks = Breaks::Kept)
     {
-        m_document.Put("       <"_L1);
-        m_document.Put(name);
-        m_document.Put(">"_L1);
-    }
-
-    void Close(QLatin1StringView name)
-    {
-        m_document.Put("</"_L1);
-        m_document.Put(name);
-        m_document.Put(">\r\n"_L1);
-    }
-
-    void Clean(QLatin1StringView name, const std::optional<Text>& text,
-               QLatin1StringView whenMissing, Breaks breaks = Breaks::Kept)
-    {
-        Open(name);
         if (text)
             m_document.Clean(*text, breaks);
         else
             m_document.Put(whenMissing);
-        Close(name);
     }
 
-    void AsStored(QLatin1StringView name, const std::optional<Text>& text,
-                  QLatin1StringView whenMissing)
+    void AsStored(const std::optional<Text>& text, QLatin1StringView whenMissing)
     {
-        Open(name);
         if (text)
             m_document.AsStored(*text);
         else
             m_document.Put(whenMissing);
-        Close(name);
     }
 
     Document m_document;

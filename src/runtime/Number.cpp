@@ -12,6 +12,7 @@
 namespace {
 
 constexpr int SignificantDigits = 15;
+constexpr double LeastRounded = 1e15; ///< has more digits
 constexpr QStringView NumberSigns = u"0123456789+-,eE";
 
 template <typename Whole>
@@ -37,6 +38,9 @@ Whole Checked(std::int64_t number)
 
 QString Number::ToText(double number)
 {
+    // Whole numbers of at most fifteen digits, which all identifiers are, need no rounding.
+    if (std::abs(number) < LeastRounded && std::trunc(number) == number && !std::signbit(number))
+        return QString::number(static_cast<std::int64_t>(number));
     return QString::number(number, 'g', SignificantDigits).replace(u'.', u',').toUpper();
 }
 

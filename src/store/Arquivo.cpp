@@ -9,7 +9,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace {
 
@@ -36,13 +35,9 @@ QString ToWrite()
 
 void WriteWhole(const QString& path, const QByteArray& content)
 {
-    QSaveFile file(path);
-    // A commit alone does not see that its last buffer met a full disk: it would put a cut file in
-    // the place of the old one.
-    const bool written = file.open(QIODevice::WriteOnly) && file.write(content) == content.size() &&
-                         file.flush() && file.commit();
-    if (!written)
-        ThrowFileFailure(ToWrite(), path, FileTrouble(file));
+    Funcoes::Gravacao_Arquivo file(path);
+    file.Acrescenta(content);
+    file.Conclui();
 }
 
 /// @return the content of the file; empty when there is none.
@@ -102,12 +97,33 @@ void Funcoes::Cria_Arquivo(const QString& caminho, bool sobrescreve)
 
 void Funcoes::Grava_Arquivo(const QString& texto, const QString& caminho)
 {
-    Grava_Arquivo(CodePage::FromUnicode(texto), caminho);
+    WriteWhole(caminho, CodePage::FromUnicode(texto));
 }
 
-void Funcoes::Grava_Arquivo(const QByteArray& conteudo, const QString& caminho)
+Funcoes::Gravacao_Arquivo::Gravacao_Arquivo(const QString& caminho)
+    : m_arquivo(caminho)
 {
-    WriteWhole(caminho, conteudo);
+}
+
+Funcoes::Gravacao_Arquivo::~Gravacao_Arquivo() = default;
+
+void Funcoes::Gravacao_Arquivo::Confere(bool gravou) const
+{
+    if (!gravou)
+        ThrowFileFailure(ToWrite(), m_arquivo.fileName(), FileTrouble(m_arquivo));
+}
+
+void Funcoes::Gravacao_Arquivo::Acrescenta(const QByteArray& pedaco)
+{
+    Confere(m_arquivo.isOpen() || m_arquivo.open(QIODevice::WriteOnly));
+    Confere(m_arquivo.write(pedaco) == pedaco.size());
+}
+
+void Funcoes::Gravacao_Arquivo::Conclui()
+{
+    // A commit alone does not see that its last buffer met a full disk: it would put a cut file in
+    // the place of the old one.
+    Confere(m_arquivo.flush() && m_arquivo.commit());
 }
 
 QString Funcoes::Le_Configuracao(const QString& secao, const QString& chave)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QSaveFile>
 #include <QString>
 
 /// Files and config.ini. All texts are read and written in the ANSI code page (Windows-1252), with
@@ -25,8 +26,28 @@ void Cria_Arquivo(const QString& caminho, bool sobrescreve);
 /// @throws RuntimeError FileFailure
 void Grava_Arquivo(const QString& texto, const QString& caminho);
 
-/// The same for a text that is in the code page already: a long one is encoded piece by piece.
-void Grava_Arquivo(const QByteArray& conteudo, const QString& caminho);
+/// Replaces the content of a file as Grava_Arquivo does, with a content that comes in pieces and is
+/// never in memory as a whole.
+class Gravacao_Arquivo
+{
+public:
+    explicit Gravacao_Arquivo(const QString& caminho);
+    /// Unless it was concluded, the file stays what it was.
+    ~Gravacao_Arquivo();
+    Gravacao_Arquivo(const Gravacao_Arquivo&) = delete;
+    Gravacao_Arquivo& operator=(const Gravacao_Arquivo&) = delete;
+
+    /// The first piece opens the file. @param pedaco  bytes of it. @throws RuntimeError FileFailure
+    void Acrescenta(const QByteArray& pedaco);
+
+    /// Puts the file in its place. @throws RuntimeError FileFailure
+    void Conclui();
+
+private:
+    void Confere(bool gravou) const;
+
+    QSaveFile m_arquivo;
+};
 
 /// Reads one key of config.ini in the program's folder, as Le_Ini does.
 /// @return its value; "" without file or key

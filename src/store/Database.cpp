@@ -198,16 +198,23 @@ Recordset Connection::Database::Execute(const QString& sql)
     return ExecuteAnew(sql, isUsual ? &shape : nullptr);
 }
 
+/// @return what the songs in memory say to a question, nullptr where SQLite has to answer
+std::shared_ptr<const Recordset::Rows> Connection::Database::Answer(const AskedOfMemory& asked)
+{
+    return std::visit(
+        [this](const auto& question) -> std::shared_ptr<const Recordset::Rows> {
+            if constexpr (std::is_same_v<decltype(question), const std::monostate&>)
+                return nullptr;
+            else
+                return m_shelf->Answer(question);
+        },
+        asked.question);
+}
+
 Recordset Connection::Database::ExecuteAgain(const StatementTemplate& known, const Shape& shape)
 {
-    if (known.asked.song) {
-        if (auto songs = m_shelf->Answer(known.SongWith(shape)))
-            return Recordset(std::move(songs));
-    }
-    if (known.asked.theme) {
-        if (auto themes = m_shelf->Answer(known.ThemeWith(shape)))
-            return Recordset(std::move(themes));
-    }
+    if (auto rows = Answer(known.AskedWith(shape)))
+        return Recordset(std::move(rows));
     const Translation translation = known.With(shape);
     return translation.isQuery ? Run(translation) : Change(translation, nullptr);
 }
@@ -226,14 +233,8 @@ Recordset Connection::Database::ExecuteAnew(const QString& sql, const Shape* sha
     // Where memory did not answer a search this time, it may the next time.
     if (shape && !search)
         m_templates.Keep(*shape, statement, translation, asked);
-    if (asked.song) {
-        if (auto songs = m_shelf->Answer(*asked.song))
-            return Recordset(std::move(songs));
-    }
-    if (asked.theme) {
-        if (auto themes = m_shelf->Answer(*asked.theme))
-            return Recordset(std::move(themes));
-    }
+    if (auto rows = Answer(asked))
+        return Recordset(std::move(rows));
     return translation.isQuery ? Run(translation) : Change(translation, &statement);
 }
 

@@ -46,6 +46,7 @@ private:
     bool InBatch() const;
     void RunKept(const QByteArray& sql);
     void Undo() noexcept;
+    std::shared_ptr<const Recordset::Rows> Answer(const AskedOfMemory& asked);
     Recordset ExecuteAnew(const QString& sql, const Shape* shape);
     Recordset ExecuteAgain(const StatementTemplate& known, const Shape& shape);
     Recordset Run(const Translation& translation);

@@ -49,7 +49,59 @@ QString TextAt(const Shape& shape, qsizetype literal)
     return Shape::ValueOf(shape.At(literal)).ToText();
 }
 
+// What memory is asked, with the values of a statement of the template's shape.
+
+std::monostate With(std::monostate nothing, const Shape&)
+{
+    return nothing;
+}
+
+SameSong With(SameSong song, const Shape& shape)
+{
+    song.title = TextAt(shape, song.titlePlace);
+    song.reference = TextAt(shape, song.referencePlace);
+    return song;
+}
+
+SameTheme With(SameTheme theme, const Shape& shape)
+{
+    theme.description = TextAt(shape, theme.place);
+    return theme;
+}
+
+SongThemes With(SongThemes themes, const Shape& shape)
+{
+    themes.song = Shape::ValueOf(shape.At(themes.place)).ToNumber();
+    return themes;
+}
+
+// In a template a place is the number of a literal: the next statement has them elsewhere.
+
+void NumberPlaces(std::monostate, const Shape&) {}
+
+void NumberPlaces(SameSong& song, const Shape& shape)
+{
+    song.titlePlace = shape.Find(song.titlePlace);
+    song.referencePlace = shape.Find(song.referencePlace);
+}
+
+template <typename Question>
+void NumberPlaces(Question& question, const Shape& shape)
+{
+    question.place = shape.Find(question.place);
+}
+
 } // namespace
+
+AskedOfMemory::AskedOfMemory(const Statement& statement)
+{
+    if (auto song = SameSong::Recognise(statement))
+        question = std::move(*song);
+    else if (auto theme = SameTheme::Recognise(statement))
+        question = std::move(*theme);
+    else if (auto themes = SongThemes::Recognise(statement))
+        question = std::move(*themes);
+}
 
 Translation StatementTemplate::With(const Shape& shape) const
 {
@@ -60,19 +112,12 @@ Translation StatementTemplate::With(const Shape& shape) const
     return result;
 }
 
-SameSong StatementTemplate::SongWith(const Shape& shape) const
+AskedOfMemory StatementTemplate::AskedWith(const Shape& shape) const
 {
-    SameSong song = *asked.song;
-    song.title = TextAt(shape, song.titlePlace);
-    song.reference = TextAt(shape, song.referencePlace);
-    return song;
-}
-
-SameTheme StatementTemplate::ThemeWith(const Shape& shape) const
-{
-    SameTheme theme = *asked.theme;
-    theme.description = TextAt(shape, theme.place);
-    return theme;
+    AskedOfMemory result;
+    std::visit([&](const auto& question) { result.question = ::With(question, shape); },
+               asked.question);
+    return result;
 }
 
 const StatementTemplate* StatementTemplates::Find(const Shape& shape) const
@@ -103,13 +148,7 @@ void StatementTemplates::Keep(const Shape& shape, const Statement& statement,
             known.fixed.push_back({i, shape.At(i).text.toString()});
     }
     known.asked = asked;
-    // From here on a place is the number of a literal: the next statement has them elsewhere.
-    if (auto& song = known.asked.song) {
-        song->titlePlace = shape.Find(song->titlePlace);
-        song->referencePlace = shape.Find(song->referencePlace);
-    }
-    if (auto& theme = known.asked.theme)
-        theme->place = shape.Find(theme->place);
+    std::visit([&shape](auto& question) { NumberPlaces(question, shape); }, known.asked.question);
     if (m_byKey.size() >= Capacity && !m_byKey.contains(shape.Key()))
         m_byKey.clear();
     auto& variants = m_byKey[shape.Key()];

@@ -3,24 +3,21 @@
 #include "store/dialect/Dialect.h"
 #include "store/dialect/Shape.h"
 #include "store/shelf/SameSong.h"
+#include "store/shelf/SongThemes.h"
 
 #include <QHash>
 
-#include <optional>
+#include <variant>
 #include <vector>
 
 /// What a statement asks that memory may answer.
 struct AskedOfMemory
 {
-    explicit AskedOfMemory(const Syntax::Statement& statement)
-        : song(SameSong::Recognise(statement))
-        , theme(SameTheme::Recognise(statement))
-    {
-    }
+    /// @param statement  resolved
+    explicit AskedOfMemory(const Syntax::Statement& statement);
     AskedOfMemory() = default;
 
-    std::optional<SameSong> song;
-    std::optional<SameTheme> theme;
+    std::variant<std::monostate, SameSong, SameTheme, SongThemes> question;
 };
 
 /// A statement that was read before, and where the values of the next one of its shape go.
@@ -30,9 +27,8 @@ struct StatementTemplate
     /// @return what SQLite is given
     Translation With(const Shape& shape) const;
 
-    /// As With, for a statement that memory may answer: asked.song or asked.theme is there.
-    SameSong SongWith(const Shape& shape) const;
-    SameTheme ThemeWith(const Shape& shape) const;
+    /// As With. @return what memory is asked, if anything
+    AskedOfMemory AskedWith(const Shape& shape) const;
 
     /// A literal whose value had a say in how the statement was rewritten.
     struct Fixed

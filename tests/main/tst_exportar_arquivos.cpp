@@ -13,6 +13,7 @@ private slots:
     void songs_come_in_the_order_of_the_store();
     void names_lose_signs_that_titles_keep();
     void a_title_of_nothing_but_signs_names_a_file_without_a_name();
+    void songs_of_every_length_come_whole();
     void the_later_of_two_equal_names_wins();
     void an_existing_file_is_replaced_without_a_question_data();
     void an_existing_file_is_replaced_without_a_question();
@@ -149,6 +150,29 @@ void tst_exportar_arquivos::a_folder_given_with_its_separator_gets_no_other_file
     Carrega_Exportar();
     Exporta_Todas(false, m_destino->path() + u'/');
     QCOMPARE(Arquivos(), QStringList{u"Luz.mld"_qs});
+}
+
+/// A file is written in pieces, which nobody can see.
+void tst_exportar_arquivos::songs_of_every_length_come_whole()
+{
+    QByteArray linhas;
+    QString textos;
+    int id = 0;
+    for (const int tamanho : {10, 60'000, 80'000, 300'000, 127'000, 0, 1}) {
+        const QString titulo = u"Música %1"_qs.arg(++id);
+        Musica(titulo);
+        const QByteArray letra =
+            QByteArray("Luz da lua[br]").repeated(tamanho / 14) + QByteArray(tamanho % 14, 'x');
+        textos += u"UPDATE MUSICA SET MUSICA = '"_qs +
+                  QString::fromLatin1(letra).replace(u"[br]"_qs, u"\r\n"_qs) + u"' WHERE ID = " +
+                  QString::number(id) + u";";
+        linhas += Linhas(titulo.toLatin1()).replace("C  G7[br]Santo Deus", letra);
+    }
+    m_catalogo->Run(textos);
+    Carrega_Exportar();
+    Exporta_Todas(true, Caminho(u"a.mld"_qs));
+    QVERIFY(Conteudo(u"a.mld"_qs) == Documento(linhas));
+    QCOMPARE(Arquivos(), QStringList{u"a.mld"_qs});
 }
 
 void tst_exportar_arquivos::missing_texts_get_their_defaults_and_empty_ones_stay_empty()

@@ -29,6 +29,11 @@ void tst_number::textHasFifteenDigitsAndAComma()
     QCOMPARE(Number::ToText(0), u"0"_qs);
     QCOMPARE(Number::ToText(-2.5), u"-2,5"_qs);
     QCOMPARE(Number::ToText(57), u"57"_qs);
+    QCOMPARE(Number::ToText(-57), u"-57"_qs);
+    QCOMPARE(Number::ToText(1'000'000), u"1000000"_qs);
+    QCOMPARE(Number::ToText(999'999'999'999'999), u"999999999999999"_qs);
+    QCOMPARE(Number::ToText(1e15), u"1E+15"_qs);
+    QCOMPARE(Number::ToText(1e300), u"1E+300"_qs);
 }
 
 void tst_number::textsThatAreNumbers_data()

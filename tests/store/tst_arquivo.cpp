@@ -55,6 +55,9 @@ private slots:
     void creatingReplacesOnlyWhenAllowed();
     void writingCreatesAndReplacesInTheCodePage();
     void aFailedWriteKeepsTheOldContentAndLeavesNothingBehind();
+    void aFileInPiecesIsThereWhenItIsWhole();
+    void anUnfinishedFileLeavesTheOldOneAndNothingElse();
+    void piecesThatADiskDoesNotTakeKeepTheOldContent();
     void writingWhereNothingCanBeWrittenFails_data();
     void writingWhereNothingCanBeWrittenFails();
     void readingAnIniFile();
@@ -72,6 +75,11 @@ private slots:
 private:
     std::unique_ptr<QTemporaryDir> m_folder;
     QString Path(const QString& name) const { return m_folder->filePath(name); }
+    QStringList Files() const
+    {
+        return QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+    }
+    void FailsOnAFullDisk(const QString& how);
 };
 
 void tst_Arquivo::init()
@@ -128,17 +136,55 @@ void tst_Arquivo::writingCreatesAndReplacesInTheCodePage()
 
 void tst_Arquivo::aFailedWriteKeepsTheOldContentAndLeavesNothingBehind()
 {
+    FailsOnAFullDisk(u"--write"_qs);
+}
+
+/// @param how  the file is written by this program, started anew
+void tst_Arquivo::FailsOnAFullDisk(const QString& how)
+{
     // A disk that takes no more, for every user: the shell lets no process write a single byte.
     const QString path = Path(u"texto"_qs);
     QVERIFY(Put(path, "velho"));
     QProcess child;
     child.start(u"/bin/sh"_qs, {u"-c"_qs, u"trap '' XFSZ; ulimit -f 0; exec \"$0\" \"$@\""_qs,
-                                QCoreApplication::applicationFilePath(), u"--write"_qs, path});
+                                QCoreApplication::applicationFilePath(), how, path});
     QVERIFY(child.waitForFinished());
     QCOMPARE(child.exitCode(), int(RuntimeError::FileFailure));
     QCOMPARE(Content(path), QByteArray("velho"));
-    QCOMPARE(QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
-             QStringList({u"texto"_qs}));
+    QCOMPARE(Files(), QStringList({u"texto"_qs}));
+}
+
+void tst_Arquivo::aFileInPiecesIsThereWhenItIsWhole()
+{
+    const QString path = Path(u"texto"_qs);
+    const QByteArray large(200'000, 'x');
+    Funcoes::Gravacao_Arquivo writing(path);
+    QCOMPARE(Files(), QStringList());
+    for (const QByteArray& piece : {QByteArray("a"), large, QByteArray(), QByteArray("\xE7")}) {
+        writing.Acrescenta(piece);
+        QVERIFY(!QFile::exists(path));
+    }
+    writing.Conclui();
+    QCOMPARE(Content(path), "a" + large + "\xE7");
+    QCOMPARE(Files(), QStringList({u"texto"_qs}));
+}
+
+void tst_Arquivo::anUnfinishedFileLeavesTheOldOneAndNothingElse()
+{
+    const QString path = Path(u"texto"_qs);
+    QVERIFY(Put(path, "velho"));
+    {
+        Funcoes::Gravacao_Arquivo writing(path);
+        writing.Acrescenta(QByteArray(200'000, 'x'));
+        QCOMPARE(Content(path), QByteArray("velho"));
+    }
+    QCOMPARE(Content(path), QByteArray("velho"));
+    QCOMPARE(Files(), QStringList({u"texto"_qs}));
+}
+
+void tst_Arquivo::piecesThatADiskDoesNotTakeKeepTheOldContent()
+{
+    FailsOnAFullDisk(u"--write-pieces"_qs);
 }
 
 void tst_Arquivo::writingWhereNothingCanBeWrittenFails_data()
@@ -266,6 +312,13 @@ int main(int argc, char* argv[])
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.value(1) == u"--write"_qs)
         return ErrorOf([&] { Funcoes::Grava_Arquivo(u"novo"_qs, arguments.value(2)); });
+    if (arguments.value(1) == u"--write-pieces"_qs)
+        return ErrorOf([&] {
+            Funcoes::Gravacao_Arquivo writing(arguments.value(2));
+            writing.Acrescenta("novo");
+            writing.Acrescenta(QByteArray(200'000, 'x'));
+            writing.Conclui();
+        });
     tst_Arquivo test;
     return QTest::qExec(&test, argc, argv);
 }

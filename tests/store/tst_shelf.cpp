@@ -137,7 +137,7 @@ const QString AllSongs = u"SELECT rowid, ID, CATEGORIA, CONTADOR, TITULO, REFERE
 const QString OneSong = u"SELECT rowid, ID, CATEGORIA, CONTADOR, TITULO, REFERENCIA, TOM, "
                         "VARIACAO FROM MUSICA WHERE rowid"_qs;
 const QString Lyrics = u"SELECT rowid, MUSICA FROM MUSICA"_qs;
-const QString OneText = u"SELECT MUSICA FROM MUSICA WHERE ID"_qs;
+const QString OneText = u"SELECT MUSICA, MUSICA2 FROM MUSICA WHERE ID"_qs;
 
 } // namespace
 
@@ -281,6 +281,7 @@ void tst_shelf::readsOnlyTheTextsOfShownSongsThatGo_data()
     QTest::newRow("a play") << u"UPDATE MUSICA SET CONTADOR = CONTADOR + 1 WHERE ID = 07"_qs << 0;
     QTest::newRow("a saved song")
         << u"UPDATE MUSICA SET TITULO = 'A', MUSICA = 'b'  WHERE ID = 07"_qs << 1;
+    QTest::newRow("a second text") << u"UPDATE MUSICA SET MUSICA2 = 'b'  WHERE ID = 07"_qs << 1;
     QTest::newRow("a deleted song") << u"DELETE FROM MUSICA WHERE ID = 07"_qs << 1;
     QTest::newRow("any of them") << u"DELETE FROM MUSICA WHERE CATEGORIA = 1"_qs << Songs;
 }

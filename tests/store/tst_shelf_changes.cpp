@@ -7,6 +7,12 @@
 
 #include <QTest>
 
+namespace {
+
+const QString Marked = u"SELECT ID, TITULO, MUSICA, MUSICA2 FROM MUSICA WHERE ID IN (02,1,2,)"_qs;
+
+} // namespace
+
 /// A search shows the catalogue as it is now: what this program has changed, committed or not, and
 /// what another one has.
 class tst_shelf_changes : public QObject
@@ -37,6 +43,12 @@ private slots:
     void keepsTheFirstTextOfASongThatChangesTwice();
     void keepsTheTextsOfSongsThatChangeTogether_data();
     void keepsTheTextsOfSongsThatChangeTogether();
+    void keepsBothTextsOfMarkedSongsThatChange_data();
+    void keepsBothTextsOfMarkedSongsThatChange();
+    void givesTheTextsOfMarkedSongsInUtf8();
+    void ordersSongsAfterManyChangesAtOnce();
+    void tellsTheThemesOfASongAsTheyAreNow();
+    void seesWhatAnotherProgramWritesBetweenTwoSnapshots();
     void findsTextsOfOddKindsAsSqliteDoes();
     void saysThatAnotherProgramHoldsTheFile();
     void findsAllAgainAfterOpeningAnotherCatalogue();
@@ -275,6 +287,115 @@ void tst_shelf_changes::keepsTheTextsOfSongsThatChangeTogether()
     Change(change);
     QCOMPARE(AllFields(before).at(0).last(), u"coração"_qs);
     QCOMPARE(AllFields(before).at(1).last(), u"brilha"_qs);
+}
+
+void tst_shelf_changes::keepsBothTextsOfMarkedSongsThatChange_data()
+{
+    QTest::addColumn<QString>("change");
+    QTest::newRow("first text") << u"UPDATE MUSICA SET MUSICA = 'novo' WHERE ID = 1"_qs;
+    QTest::newRow("second text") << u"UPDATE MUSICA SET MUSICA2 = 'novo' WHERE ID = 1"_qs;
+    QTest::newRow("both, of all songs") << u"UPDATE MUSICA SET MUSICA = '', MUSICA2 = NULL"_qs;
+    QTest::newRow("deleted") << u"DELETE FROM MUSICA WHERE ID = 1"_qs;
+}
+
+void tst_shelf_changes::keepsBothTextsOfMarkedSongsThatChange()
+{
+    QFETCH(QString, change);
+    Change(u"UPDATE MUSICA SET MUSICA2 = 'solo' WHERE ID = 1"_qs);
+    Change(u"UPDATE MUSICA SET MUSICA2 = NULL WHERE ID = 2"_qs);
+    const Recordset before = m_connection->Execute(Marked);
+    Change(change);
+    QCOMPARE(AllFields(before), (QList<QStringList>{{u"1"_qs, u"Luz"_qs, u"brilha"_qs, u"solo"_qs},
+                                                    {u"2"_qs, u"Amor"_qs, u"coração"_qs, {}}}));
+}
+
+void tst_shelf_changes::givesTheTextsOfMarkedSongsInUtf8()
+{
+    Change(u"UPDATE MUSICA SET TITULO = 'Céu', MUSICA2 = '' WHERE ID = 1"_qs);
+    Change(u"UPDATE MUSICA SET MUSICA2 = NULL WHERE ID = 2"_qs);
+    Recordset songs = m_connection->Execute(Marked);
+    QCOMPARE(songs.RecordCount(), 2);
+    QCOMPARE(songs.Utf8(0), QByteArray("1"));
+    QCOMPARE(songs.Utf8(1), u"Céu"_qs.toUtf8());
+    QCOMPARE(songs.Utf8(3), QByteArray(""));
+    songs.MoveNext();
+    QCOMPARE(songs.Utf8(2), u"coração"_qs.toUtf8());
+    QCOMPARE(songs.Utf8(3), std::nullopt);
+}
+
+/// As an import asks and inserts, without any search between.
+void tst_shelf_changes::ordersSongsAfterManyChangesAtOnce()
+{
+    const SearchText most{.mostPlayedFirst = true};
+    QCOMPARE(Titles(most), (QStringList{u"Luz"_qs, u"Amor"_qs}));
+    QStringList titles{u"Amor"_qs, u"Luz"_qs};
+    for (int i = 0; i < 300; ++i) {
+        const QString title = u"M%1"_qs.arg((i * 7919) % 1000, 3, 10, QChar(u'0'));
+        titles += title;
+        QVERIFY(
+            m_connection
+                ->Execute(
+                    u"SELECT ID FROM MUSICA WHERE TITULO = '%1' AND REFERENCIA = ''"_qs.arg(title))
+                .Eof());
+        m_connection->Execute(u"INSERT INTO MUSICA (TITULO, REFERENCIA, CATEGORIA, CONTADOR) "
+                              "VALUES ('%1', '', 1, 0)"_qs.arg(title));
+        m_connection->Execute(
+            u"INSERT INTO TEMA_MUSICA (ID_MUSICA, ID_TEMA) SELECT %1, ID FROM TEMA"_qs.arg(i + 3));
+    }
+    titles.sort();
+    QCOMPARE(Titles(), titles);
+    Change(u"UPDATE MUSICA SET CONTADOR = 9 WHERE TITULO = 'M595'"_qs);
+    titles.removeAll(u"M595"_qs);
+    titles.removeAll(u"Luz"_qs);
+    titles.removeAll(u"Amor"_qs);
+    QCOMPARE(Titles(most), (QStringList{u"M595"_qs, u"Luz"_qs, u"Amor"_qs} + titles));
+}
+
+void tst_shelf_changes::tellsTheThemesOfASongAsTheyAreNow()
+{
+    const auto themes = [this] {
+        QStringList names;
+        Recordset rows = m_connection->Execute(
+            u"SELECT DESCRICAO FROM TEMA INNER JOIN TEMA_MUSICA ON TEMA.ID = TEMA_MUSICA.ID_TEMA "
+            "WHERE ID_MUSICA = 01"_qs);
+        for (; !rows.Eof(); rows.MoveNext())
+            names += rows.Fields(0).ToText();
+        return names;
+    };
+    QCOMPARE(themes(), QStringList{u"Louvor"_qs});
+    Change(u"INSERT INTO TEMA (DESCRICAO, ORDEM, COR) VALUES ('Adoração', 2, '')"_qs);
+    for (const int theme : {2, 1})
+        Change(
+            u"INSERT INTO TEMA_MUSICA (ID_MUSICA, ID_TEMA) SELECT 1, ID FROM TEMA WHERE ID = %1"_qs
+                .arg(theme));
+    // In the order of the themes, whatever that of the links, one that is there twice twice.
+    QCOMPARE(themes(), (QStringList{u"Louvor"_qs, u"Louvor"_qs, u"Adoração"_qs}));
+    Change(u"UPDATE TEMA SET DESCRICAO = 'Graças' WHERE DESCRICAO = 'Louvor'"_qs);
+    QCOMPARE(themes(), (QStringList{u"Graças"_qs, u"Graças"_qs, u"Adoração"_qs}));
+    Change(u"DELETE FROM TEMA WHERE DESCRICAO = 'Graças'"_qs);
+    QCOMPARE(themes(), QStringList{u"Adoração"_qs});
+    Change(u"DELETE FROM TEMA_MUSICA WHERE ID_MUSICA = 01"_qs);
+    QCOMPARE(themes(), QStringList());
+    // Nobody asks whether the song itself is there.
+    Change(u"INSERT INTO TEMA_MUSICA (ID_MUSICA, ID_TEMA) SELECT 1, ID FROM TEMA"_qs);
+    Change(u"DELETE FROM MUSICA WHERE ID = 01"_qs);
+    QCOMPARE(themes(), QStringList{u"Adoração"_qs});
+}
+
+void tst_shelf_changes::seesWhatAnotherProgramWritesBetweenTwoSnapshots()
+{
+    const auto asked = [this] {
+        const ::Connection::Snapshot snapshot(*m_connection);
+        const QStringList first = Titles();
+        return first == Titles() ? first : QStringList{u"two answers"_qs};
+    };
+    QCOMPARE(asked(), (QStringList{u"Amor"_qs, u"Luz"_qs}));
+    m_catalogue->Run(u"UPDATE MUSICA SET TITULO = 'Sol' WHERE ID = 1"_qs);
+    QCOMPARE(asked(), (QStringList{u"Amor"_qs, u"Sol"_qs}));
+    Change(u"UPDATE MUSICA SET TITULO = 'Mar' WHERE ID = 1"_qs);
+    QCOMPARE(asked(), (QStringList{u"Amor"_qs, u"Mar"_qs}));
+    m_catalogue->Run(u"UPDATE MUSICA SET TITULO = 'Rio' WHERE ID = 1"_qs);
+    QCOMPARE(asked(), (QStringList{u"Amor"_qs, u"Rio"_qs}));
 }
 
 /// Another tool may store numbers in letters and texts as bytes.

@@ -52,6 +52,13 @@ void tst_shelf_shape::takes_data()
         << u"SELECT DISTINCT 1, REFERENCIA FROM MUSICA WHERE REFERENCIA LIKE 'a%' "
            "ORDER BY REFERENCIA"_qs;
     QTest::newRow("every song by its reference") << Plain + u"ORDER BY REFERENCIA"_qs;
+    QTest::newRow("marked songs for a file")
+        << u"SELECT ID, TITULO, REFERENCIA, MUSICA, MUSICA2, TOM, VARIACAO, CATEGORIA FROM MUSICA "
+           "WHERE ID IN (012,15,)"_qs;
+    QTest::newRow("marked songs for a list")
+        << u"SELECT DISTINCT MUSICA.ID, MUSICA.TITULO, MUSICA.REFERENCIA, MUSICA.TOM, "
+           "MUSICA.VARIACAO, MUSICA.CONTADOR, MUSICA.MUSICA  FROM MUSICA INNER JOIN TEMA_MUSICA ON "
+           "MUSICA.ID = TEMA_MUSICA.ID_MUSICA  WHERE MUSICA.ID IN (012,15,)"_qs;
     QTest::newRow("another name for a column")
         << u"SELECT ID, TITULO AS NOME FROM MUSICA ORDER BY TITULO"_qs;
 }
@@ -95,6 +102,10 @@ void tst_shelf_shape::leavesToSqlite_data()
     QTest::newRow("titles told apart") << u"SELECT DISTINCT TITULO FROM MUSICA ORDER BY TITULO"_qs;
     QTest::newRow("one song") << Plain + u"WHERE ID = 05 ORDER BY TITULO"_qs;
     QTest::newRow("marked songs") << Plain + u"WHERE ID IN (1,2) ORDER BY TITULO"_qs;
+    QTest::newRow("songs marked twice") << Plain + u"WHERE ID IN (1) AND ID IN (2)"_qs;
+    QTest::newRow("songs that are not marked") << Plain + u"WHERE ID NOT IN (1)"_qs;
+    QTest::newRow("a text as a marked song") << Plain + u"WHERE ID IN ('1')"_qs;
+    QTest::newRow("a category without an order") << Plain + u"WHERE CATEGORIA IN (1)"_qs;
     QTest::newRow("either condition")
         << Plain + u"WHERE TITULO LIKE 'a' OR TITULO LIKE 'b' ORDER BY TITULO"_qs;
     QTest::newRow("not alike") << Plain + u"WHERE TITULO NOT LIKE 'a' ORDER BY TITULO"_qs;

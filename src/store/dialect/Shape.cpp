@@ -1,6 +1,8 @@
 #include "store/dialect/Shape.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
 #include <string_view>
 
 namespace {
@@ -8,26 +10,44 @@ namespace {
 constexpr QChar TextSign = QChar(1);
 constexpr QChar NumberSign = QChar(2);
 
-bool IsDigit(QChar c)
+/// What a character outside literals is part of.
+enum class Part : std::uint8_t {
+    Unusual,
+    Digit, ///< of a number, or of a word that has begun
+    Word,
+    Alone, ///< a sign that is no part of a longer token that a literal could be, too
+    Quote,
+    Point,
+};
+
+constexpr std::array<Part, 128> Parts = [] {
+    std::array<Part, 128> parts{};
+    const auto put = [&parts](std::string_view characters, Part part) {
+        for (const char c : characters)
+            parts[static_cast<std::size_t>(c)] = part;
+    };
+    put("0123456789", Part::Digit);
+    put("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz_", Part::Word);
+    put(" \t\r\n()*+-/&=<>,;", Part::Alone);
+    put("'\"", Part::Quote);
+    put(".", Part::Point);
+    return parts;
+}();
+
+Part PartOf(QChar c)
 {
-    return c >= u'0' && c <= u'9';
+    return c.unicode() < Parts.size() ? Parts[c.unicode()] : Part::Unusual;
 }
 
-bool BeginsWord(QChar c)
+bool IsDigit(QChar c)
 {
-    return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z') || c == u'_';
+    return PartOf(c) == Part::Digit;
 }
 
 bool ContinuesWord(QChar c)
 {
-    return BeginsWord(c) || IsDigit(c);
-}
-
-/// Neither of them is part of a longer token that a literal could be, too.
-bool StandsAlone(QChar c)
-{
-    static constexpr std::u16string_view Signs = u" \t\r\n()*+-/&=<>,;";
-    return Signs.find(c.unicode()) != Signs.npos;
+    const Part part = PartOf(c);
+    return part == Part::Word || part == Part::Digit;
 }
 
 } // namespace
@@ -40,17 +60,27 @@ bool Shape::Read(QStringView sql)
     const QChar* const end = sql.end();
     const QChar* at = m_begin;
     while (at && at != end) {
-        const QChar c = *at;
-        if (BeginsWord(c))
+        switch (PartOf(*at)) {
+        case Part::Word:
             at = std::find_if_not(at, end, ContinuesWord);
-        else if (StandsAlone(c) || (c == u'.' && end - at > 1 && BeginsWord(at[1])))
+            break;
+        case Part::Alone:
             ++at;
-        else if (c == u'\'' || c == u'"')
+            break;
+        case Part::Quote:
             at = ReadText(at, end);
-        else if (IsDigit(c))
+            break;
+        case Part::Digit:
             at = ReadNumber(at, end);
-        else
+            break;
+        case Part::Point: // between a table and its column
+            if (end - at == 1 || PartOf(at[1]) != Part::Word)
+                return false;
+            ++at;
+            break;
+        case Part::Unusual:
             return false;
+        }
     }
     if (!at || m_key.size() + (end - m_pending) > LongestKey)
         return false;
@@ -82,7 +112,7 @@ const QChar* Shape::ReadText(const QChar* at, const QChar* end)
 const QChar* Shape::ReadNumber(const QChar* at, const QChar* end)
 {
     const QChar* const behind = std::find_if_not(at, end, IsDigit);
-    const bool isWhole = behind == end || StandsAlone(*behind);
+    const bool isWhole = behind == end || PartOf(*behind) == Part::Alone;
     if (!isWhole || behind - at > MostDigits ||
         !Add({at - m_begin, QStringView(at, behind)}, NumberSign))
         return nullptr;

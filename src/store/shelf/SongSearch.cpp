@@ -37,6 +37,7 @@ std::optional<Field> FieldOf(const Column& column)
         {u"TITULO", Field::Title, IsText},
         {u"REFERENCIA", Field::Reference, IsText},
         {u"MUSICA", Field::Text, IsText},
+        {u"MUSICA2", Field::SecondText, IsText},
         {u"TOM", Field::Key, IsText},
         {u"VARIACAO", Field::Variation, IsText},
         {u"CATEGORIA", Field::Category, IsNumber},
@@ -106,7 +107,7 @@ public:
     std::optional<SongSearch> Read()
     {
         if (m_select.aggregated || !m_select.joins.empty() || !IsNamed(m_songs.name, u"MUSICA") ||
-            !ReadColumns() || !ReadWhere() || !ReadOrder() || !ReadDistinct())
+            !ReadColumns() || !ReadWhere() || !ReadOrder() || !ReadDistinct() || !HasItsColumns())
             return std::nullopt;
         return std::move(m_search);
     }
@@ -143,7 +144,7 @@ private:
             return false;
         switch (condition.kind) {
         case Kind::InList:
-            return ReadCategories(condition);
+            return ReadNumbers(condition);
         case Kind::Like:
             return ReadPattern(condition);
         case Kind::InQuery:
@@ -153,12 +154,16 @@ private:
         }
     }
 
-    bool ReadCategories(const Expression& list)
+    bool ReadNumbers(const Expression& list)
     {
-        if (m_search.categories || FieldOf(list.operands.front(), m_songs) != Field::Category)
+        const auto field = FieldOf(list.operands.front(), m_songs);
+        if (field != Field::Category && field != Field::Id)
             return false;
-        m_search.categories = NumbersOf(list);
-        return m_search.categories.has_value();
+        auto& numbers = field == Field::Id ? m_search.ids : m_search.categories;
+        if (numbers)
+            return false;
+        numbers = NumbersOf(list);
+        return numbers.has_value();
     }
 
     bool ReadPattern(const Expression& like)
@@ -195,6 +200,10 @@ private:
     {
         using Order = SongSearch::Order;
         const auto& terms = m_select.orderBy;
+        if (m_search.ids) {
+            m_search.order = Order::Id;
+            return terms.empty();
+        }
         if (terms.empty() || terms.size() > 2 || terms.back().descending ||
             std::any_of(terms.begin(), terms.end(),
                         [](const OrderTerm& term) { return term.resultColumn >= 0; }))
@@ -217,6 +226,14 @@ private:
         return !m_select.distinct ||
                (m_search.order == SongSearch::Order::Reference &&
                 m_search.columns == std::vector<Field>{Field::One, Field::Reference});
+    }
+
+    /// No search shows the second text.
+    bool HasItsColumns() const
+    {
+        const auto& columns = m_search.columns;
+        return m_search.ids ||
+               std::find(columns.begin(), columns.end(), Field::SecondText) == columns.end();
     }
 
     const Select& m_select;

@@ -20,10 +20,26 @@
 ///
 ///     SELECT columns or TITULO & ' - ' & REFERENCIA ... ORDER BY TITULO & ' - ' & REFERENCIA
 ///     SELECT DISTINCT 1, REFERENCIA ... ORDER BY REFERENCIA
+///
+/// and songs that were marked, in the order of their IDs, which SQLite gives them in as well:
+///
+///     SELECT columns or MUSICA2 ... WHERE ID IN (...)
 struct SongSearch
 {
-    enum class Field { Id, Title, Reference, Text, Key, Variation, Category, Count, Label, One };
-    enum class Order { Title, MostPlayed, Label, Reference };
+    enum class Field {
+        Id,
+        Title,
+        Reference,
+        Text,
+        SecondText,
+        Key,
+        Variation,
+        Category,
+        Count,
+        Label,
+        One
+    };
+    enum class Order { Title, MostPlayed, Label, Reference, Id };
 
     struct Pattern
     {
@@ -37,8 +53,9 @@ struct SongSearch
     };
 
     std::vector<Field> columns;
-    QStringList names; ///< of the columns
-    std::optional<std::vector<qint64>> categories;
+    QStringList names;                             ///< of the columns
+    std::optional<std::vector<qint64>> ids;        ///< sorted; some more than once
+    std::optional<std::vector<qint64>> categories; ///< sorted
     std::vector<Pattern> patterns;
     std::optional<Links> links; ///< of a song, one at least has to exist
     Order order = Order::Title;

@@ -3,6 +3,7 @@
 #include "runtime/RuntimeError.h"
 #include "store/FetchedRows.h"
 #include "store/shelf/IdRows.h"
+#include "store/shelf/NameRows.h"
 #include "store/shelf/SongView.h"
 #include "store/shelf/TextChange.h"
 #include "store/sqlite/LockPatience.h"
@@ -93,7 +94,9 @@ std::shared_ptr<const Recordset::Rows> SongShelf::Answer(const SongSearch& searc
     // What was folded just now may have taken the room of the lyrics.
     if (onLyrics && m_lyricsState != Lyrics::All)
         return nullptr;
-    ReadWhenIdle();
+    // Marked songs are no search that another one would follow.
+    if (!search.ids)
+        ReadWhenIdle();
     return Show(search, Find(search));
 }
 
@@ -140,26 +143,63 @@ std::shared_ptr<const Recordset::Rows> SongShelf::Answer(const SameSong& song)
     return rows;
 }
 
-std::shared_ptr<const Recordset::Rows> SongShelf::Answer(const SameTheme& theme)
+/// As IsUpToDate, of the themes alone.
+bool SongShelf::AreThemesUpToDate()
 {
-    const ReadSnapshot snapshot(m_database);
     try {
-        if (!RefreshThemes())
-            return nullptr;
+        return RefreshThemes();
     } catch (const RuntimeError&) {
         m_watch.Distrust();
         if ((sqlite3_errcode(m_database) & 0xff) == SQLITE_BUSY)
             throw;
-        return nullptr;
+        return false;
     }
+}
+
+std::shared_ptr<const Recordset::Rows> SongShelf::Answer(const SameTheme& theme)
+{
+    const ReadSnapshot snapshot(m_database);
+    if (!AreThemesUpToDate())
+        return nullptr;
     return std::make_shared<IdRows>(theme.name, m_themes.Find(theme.description.toStdString()));
 }
 
-/// @return for each place 1 where links and category fit
+std::shared_ptr<const Recordset::Rows> SongShelf::Answer(const SongThemes& themes)
+{
+    const ReadSnapshot snapshot(m_database);
+    if (!IsUpToDate() || !AreThemesUpToDate())
+        return nullptr;
+    const SongTable::Place place = m_songs.PlaceOf(themes.song);
+    if (place == SongTable::Nowhere)
+        return nullptr; // its links may be there all the same
+    std::vector<NameRows::Name> names;
+    for (const qint64 theme : m_links.ThemesAt(m_songs, place)) {
+        // Where a theme is gone its link may still be there.
+        if (const ThemeNames::Name* const name = m_themes.NameOf(theme))
+            names.push_back(*name);
+    }
+    return std::make_shared<NameRows>(themes.name, std::move(names));
+}
+
+/// Takes away the marks of songs that are not among some.
+void SongShelf::KeepIds(std::vector<char>& marks, const std::vector<qint64>& ids) const
+{
+    std::vector<char> wanted(marks.size(), 0);
+    for (const qint64 id : ids) {
+        const SongTable::Place place = m_songs.PlaceOf(id);
+        if (place != SongTable::Nowhere)
+            wanted[place] = marks[place];
+    }
+    marks = std::move(wanted);
+}
+
+/// @return for each place 1 where links, ID and category fit
 std::vector<char> SongShelf::Candidates(const SongSearch& search)
 {
     std::vector<char> marks = search.links ? m_links.Marks(m_songs, search.links->themes)
                                            : std::vector<char>(m_songs.Places(), 1);
+    if (search.ids)
+        KeepIds(marks, *search.ids);
     const auto fits = [&](SongTable::Place place) {
         if (!m_songs.At(place))
             return false;
@@ -229,7 +269,7 @@ std::shared_ptr<const Recordset::Rows> SongShelf::Show(const SongSearch& search,
                                                        std::vector<const SongRow*> rows)
 {
     auto view = std::make_shared<SongView>(search, m_songs.Pile(), std::move(rows),
-                                           [this](qint64 id) { return TextOf(id); });
+                                           [this](qint64 id) { return TextsOf(id); });
     m_views.erase(std::remove_if(m_views.begin(), m_views.end(),
                                  [](const auto& known) { return known.expired(); }),
                   m_views.end());

@@ -9,6 +9,7 @@
 #include "store/shelf/SongNames.h"
 #include "store/shelf/SongSearch.h"
 #include "store/shelf/SongTable.h"
+#include "store/shelf/SongThemes.h"
 #include "store/shelf/ThemeNames.h"
 
 #include <QTimer>
@@ -19,6 +20,7 @@
 #include <vector>
 
 class SongView;
+struct SongTexts;
 class Statement;
 class StatementCache;
 struct sqlite3;
@@ -54,6 +56,9 @@ public:
     /// As Answer(search): the IDs of the themes that have the name, in their order.
     std::shared_ptr<const Recordset::Rows> Answer(const SameTheme& theme);
 
+    /// As Answer(search): the names of the song's themes, in the order of their IDs.
+    std::shared_ptr<const Recordset::Rows> Answer(const SongThemes& themes);
+
     /// To be called before a statement that changes rows: texts that results still show are read
     /// before they go.
     void BeforeChange(const Syntax::Statement& statement);
@@ -70,6 +75,7 @@ private:
 
     bool Refresh();
     bool IsUpToDate();
+    bool AreThemesUpToDate();
     bool RefreshThemes();
     bool LoadThemes();
     bool RefreshTheme(qint64 id);
@@ -79,6 +85,8 @@ private:
     std::optional<std::function<void()>> NextToPrepare();
     bool RefreshRows();
     void SeeVersion();
+    bool IsVersionSeen() const;
+    unsigned PagerVersion() const;
     bool RefreshSong(qint64 id);
     void RefreshLink(qint64 row);
     bool Load();
@@ -92,18 +100,20 @@ private:
     void ReadWhenIdle();
     std::vector<const SongRow*> Find(const SongSearch& search);
     std::vector<char> Candidates(const SongSearch& search);
+    void KeepIds(std::vector<char>& marks, const std::vector<qint64>& ids) const;
     void KeepMatches(std::vector<char>& marks, const SongBases& bases, const Like& like,
                      SongRow::Text SongRow::*text) const;
     std::shared_ptr<const Recordset::Rows> Show(const SongSearch& search,
                                                 std::vector<const SongRow*> rows);
-    Value TextOf(qint64 id);
+    SongTexts TextsOf(qint64 id);
     std::vector<std::shared_ptr<SongView>> Views() const;
 
     sqlite3* m_database;
     StatementCache& m_statements;
     const std::size_t m_largestSize;
     ChangeWatch m_watch;
-    bool m_isFit = false; ///< holds songs that searches may be answered from
+    unsigned m_pagerVersion = 0; ///< when the version was seen last
+    bool m_isFit = false;        ///< holds songs that searches may be answered from
     SongTable m_songs;
     SongLinks m_links;
     SongBases m_titles; ///< both as far as they were asked for

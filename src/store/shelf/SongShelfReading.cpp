@@ -1,10 +1,12 @@
 // The half of the shelf that reads the catalogue.
 
 #include "store/shelf/SongShelf.h"
+#include "store/shelf/SongView.h"
 #include "store/sqlite/StatementCache.h"
-#include "store/text/Utf8.h"
 
 #include <QElapsedTimer>
+
+#include <sqlite3.h>
 
 namespace {
 
@@ -97,9 +99,28 @@ bool PutTheme(ThemeNames& themes, const Statement& statement)
 
 void SongShelf::SeeVersion()
 {
+    if (IsVersionSeen())
+        return;
     Statement& statement = m_statements.Get("PRAGMA data_version");
     const StatementRun run(statement);
     m_watch.SeeVersion(statement.Step() ? statement.Whole(0) : 0);
+    m_pagerVersion = PagerVersion();
+}
+
+/// Asking costs a statement, and an export or import would do so several times a song. While the
+/// file is locked nobody else changes it; whether the lock is still the one of the last time is
+/// told by the pager, whose version is another one as soon as it finds the file changed.
+bool SongShelf::IsVersionSeen() const
+{
+    return sqlite3_txn_state(m_database, "main") != SQLITE_TXN_NONE &&
+           m_pagerVersion == PagerVersion();
+}
+
+unsigned SongShelf::PagerVersion() const
+{
+    unsigned version = 0;
+    sqlite3_file_control(m_database, "main", SQLITE_FCNTL_DATA_VERSION, &version);
+    return version;
 }
 
 /// Brings what is known up to date. @return false where SQLite has to answer
@@ -340,13 +361,21 @@ void SongShelf::Clear()
     DropLyrics(Lyrics::Partly);
 }
 
-/// @return MUSICA.MUSICA of a song, NULL when the song is gone
-Value SongShelf::TextOf(qint64 id)
+/// @return the texts of a song, NULL when it is gone
+SongTexts SongShelf::TextsOf(qint64 id)
 {
-    Statement& statement = m_statements.Get("SELECT MUSICA FROM MUSICA WHERE ID = ?");
+    static const QByteArray sql = QByteArrayLiteral("SELECT MUSICA, MUSICA2 FROM MUSICA WHERE "
+                                                    "ID = ?");
+    Statement& statement = m_statements.Get(sql);
     const StatementRun run(statement);
     statement.Bind({Value(id)});
-    if (!statement.Step() || statement.ColumnKind(0) == Statement::Kind::Null)
+    if (!statement.Step())
         return {};
-    return Utf8::ToText(statement.Text(0));
+    const auto text = [&statement](int column) -> std::optional<QByteArray> {
+        if (statement.ColumnKind(column) == Statement::Kind::Null)
+            return std::nullopt;
+        const std::string_view bytes = statement.Text(column);
+        return QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    };
+    return {text(0), text(1)};
 }

@@ -1,6 +1,7 @@
 #include "store/shelf/SongTable.h"
 
 #include <algorithm>
+#include <numeric>
 
 SongTable::SongTable()
     : m_pile(std::make_shared<SongPile>())
@@ -70,6 +71,8 @@ bool SongTable::Put(const SongRow& row)
         m_categories.emplace_back();
     }
     Remove(row.id);
+    if (++m_changes > MostChanges)
+        ForgetOrders();
     const SongRow& kept = m_pile->rows.emplace_back(row);
     for (Order* order : {&m_byTitle, &m_byLabel, &m_byReference}) {
         if (order->isKept)
@@ -94,6 +97,15 @@ void SongTable::Remove(qint64 id)
     m_categories[place].reset();
 }
 
+void SongTable::ForgetOrders()
+{
+    for (Order* order : {&m_byTitle, &m_byLabel, &m_byReference}) {
+        order->isKept = false;
+        order->places.clear();
+    }
+    m_byCount.clear();
+}
+
 bool SongTable::IsSorted(SongSearch::Order order) const
 {
     switch (order) {
@@ -104,13 +116,16 @@ bool SongTable::IsSorted(SongSearch::Order order) const
     case SongSearch::Order::Reference:
         return m_byReference.isKept;
     case SongSearch::Order::MostPlayed:
-        return m_byCount.size() == m_byTitle.places.size();
+        return m_byTitle.isKept && m_byCount.size() == m_byTitle.places.size();
+    case SongSearch::Order::Id:
+        return m_byId.size() == m_rows.size();
     }
     return false;
 }
 
 const std::vector<SongTable::Place>& SongTable::InOrder(SongSearch::Order order)
 {
+    m_changes = 0;
     switch (order) {
     case SongSearch::Order::Title:
         break;
@@ -119,20 +134,26 @@ const std::vector<SongTable::Place>& SongTable::InOrder(SongSearch::Order order)
     case SongSearch::Order::Reference:
         return Sorted(m_byReference);
     case SongSearch::Order::MostPlayed:
-        if (m_byCount.size() != m_byTitle.places.size()) {
-            m_byCount = m_byTitle.places;
+        if (!IsSorted(order)) {
+            m_byCount = Sorted(m_byTitle);
             // No count is the lowest one.
             std::stable_sort(m_byCount.begin(), m_byCount.end(), [this](Place a, Place b) {
                 return m_rows[b]->count < m_rows[a]->count;
             });
         }
         return m_byCount;
+    case SongSearch::Order::Id:
+        if (m_byId.size() != m_rows.size()) {
+            m_byId.resize(m_rows.size());
+            std::iota(m_byId.begin(), m_byId.end(), Place{0});
+        }
+        return m_byId;
     }
-    return m_byTitle.places;
+    return Sorted(m_byTitle);
 }
 
 std::size_t SongTable::Size() const noexcept
 {
     return m_pile->Size() + m_rows.size() * (sizeof(void*) + sizeof(qint64) +
-                                             sizeof(SongRow::Number) + 4 * sizeof(Place));
+                                             sizeof(SongRow::Number) + 5 * sizeof(Place));
 }

@@ -49,7 +49,7 @@ public:
     /// @return false when InOrder would have to sort first.
     bool IsSorted(SongSearch::Order order) const;
 
-    /// @return the places of all songs in an order.
+    /// @return the places of all songs in an order; by ID also those that are empty.
     const std::vector<Place>& InOrder(SongSearch::Order order);
 
     /// What results hold on to.
@@ -72,6 +72,11 @@ private:
 
     std::vector<Place>::iterator PlaceInOrder(Order& order, const SongRow& row);
     const std::vector<Place>& Sorted(Order& order);
+    void ForgetOrders();
+
+    /// An order is kept up with a few changes; after more of them without a search between, as an
+    /// import brings, sorting anew once somebody asks is less work.
+    static constexpr int MostChanges = 100;
 
     std::shared_ptr<SongPile> m_pile;
     std::vector<const SongRow*> m_rows;
@@ -81,4 +86,6 @@ private:
     Order m_byLabel{TitleOrder::Key::Label, {}, false};         ///< once somebody asked
     Order m_byReference{TitleOrder::Key::Reference, {}, false}; ///< once somebody asked
     std::vector<Place> m_byCount;                               ///< empty while nobody asked
+    int m_changes = 0;         ///< since somebody asked for an order
+    std::vector<Place> m_byId; ///< once somebody asked
 };

@@ -18,6 +18,20 @@ Value ToValue(const SongRow::Text& text)
     return text ? Value(Utf8::ToText(*text)) : Value();
 }
 
+Value ToValue(const std::optional<QByteArray>& text)
+{
+    if (!text)
+        return {};
+    return Utf8::ToText({text->constData(), static_cast<std::size_t>(text->size())});
+}
+
+std::optional<QByteArray> ToBytes(const SongRow::Text& text)
+{
+    if (!text)
+        return std::nullopt;
+    return QByteArray::fromRawData(text->data(), static_cast<qsizetype>(text->size()));
+}
+
 } // namespace
 
 SongView::SongView(const SongSearch& search, std::shared_ptr<const SongPile> pile,
@@ -42,7 +56,9 @@ Value SongView::At(int row, int column) const
     case Field::Reference:
         return ToValue(song.reference);
     case Field::Text:
-        return TextOf(song.id);
+        return ToValue(TextsOf(song.id).first);
+    case Field::SecondText:
+        return ToValue(TextsOf(song.id).second);
     case Field::Key:
         return ToValue(song.key);
     case Field::Variation:
@@ -59,22 +75,48 @@ Value SongView::At(int row, int column) const
     return {};
 }
 
-Value SongView::TextOf(qint64 id) const
+std::optional<QByteArray> SongView::Utf8At(int row, int column) const
+{
+    using Field = SongSearch::Field;
+    const SongRow& song = *m_rows[static_cast<std::size_t>(row)];
+    switch (m_columns[static_cast<std::size_t>(column)]) {
+    case Field::Title:
+        return ToBytes(song.title);
+    case Field::Reference:
+        return ToBytes(song.reference);
+    case Field::Text:
+        return TextsOf(song.id).first;
+    case Field::SecondText:
+        return TextsOf(song.id).second;
+    case Field::Key:
+        return ToBytes(song.key);
+    case Field::Variation:
+        return ToBytes(song.variation);
+    default:
+        return Rows::Utf8At(row, column);
+    }
+}
+
+const SongTexts& SongView::TextsOf(qint64 id) const
 {
     const auto kept = m_texts.find(id);
     if (kept != m_texts.end())
         return kept->second;
     if (!m_reader)
         Failure::ThrowClosed();
-    return m_reader(id);
+    if (!m_last || m_last->first != id)
+        m_last.emplace(id, m_reader(id));
+    return m_last->second;
 }
 
 void SongView::KeepText(qint64 id)
 {
-    const bool showsTexts =
-        std::find(m_columns.begin(), m_columns.end(), SongSearch::Field::Text) != m_columns.end();
+    using Field = SongSearch::Field;
+    const bool showsTexts = std::any_of(m_columns.begin(), m_columns.end(), [](Field column) {
+        return column == Field::Text || column == Field::SecondText;
+    });
     if (showsTexts)
-        m_texts.try_emplace(id, TextOf(id));
+        m_texts.try_emplace(id, TextsOf(id));
 }
 
 void SongView::KeepAllTexts()

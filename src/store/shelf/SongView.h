@@ -9,14 +9,21 @@
 #include <unordered_map>
 #include <vector>
 
+/// A song's texts in UTF-8; NULL has no value.
+struct SongTexts
+{
+    std::optional<QByteArray> first;  ///< MUSICA.MUSICA
+    std::optional<QByteArray> second; ///< MUSICA2 of MUSICA
+};
+
 /// The songs that a search found: no row is copied, a field is made when it is read. Only a song's
-/// text is fetched from the catalogue, since lists show none of them; should another program change
-/// or delete it before that, it is what it is by then.
+/// texts are fetched from the catalogue, since lists show none of them; should another program
+/// change or delete them before that, they are what they are by then.
 class SongView final : public Recordset::Rows
 {
 public:
-    /// Reads MUSICA.MUSICA of a song.
-    using TextReader = std::function<Value(qint64 id)>;
+    /// Reads the texts of a song.
+    using TextReader = std::function<SongTexts(qint64 id)>;
 
     /// @param rows  in their order, of the pile
     SongView(const SongSearch& search, std::shared_ptr<const SongPile> pile,
@@ -24,22 +31,25 @@ public:
 
     int Count() const noexcept override { return static_cast<int>(m_rows.size()); }
     Value At(int row, int column) const override;
+    std::optional<QByteArray> Utf8At(int row, int column) const override;
 
-    /// Reads the text of a song now, because it is about to change.
+    /// Reads the texts of a song now, because they are about to change.
     /// @throws RuntimeError StoreFailure
     void KeepText(qint64 id);
     void KeepAllTexts();
 
-    /// The connection closes: from then on reading a text that was not kept raises ObjectClosed,
+    /// The connection closes: from then on reading texts that were not kept raises ObjectClosed,
     /// as any other use of the connection does.
     void Detach() { m_reader = nullptr; }
 
 private:
-    Value TextOf(qint64 id) const;
+    const SongTexts& TextsOf(qint64 id) const;
 
     std::vector<SongSearch::Field> m_columns;
     std::shared_ptr<const SongPile> m_pile;
     std::vector<const SongRow*> m_rows;
-    TextReader m_reader;                       ///< empty once detached
-    std::unordered_map<qint64, Value> m_texts; ///< as they were before they changed, by ID
+    TextReader m_reader;                           ///< empty once detached
+    std::unordered_map<qint64, SongTexts> m_texts; ///< as they were before they changed, by ID
+    /// The ones that were read last: both are asked for one after the other.
+    mutable std::optional<std::pair<qint64, SongTexts>> m_last;
 };

@@ -14,9 +14,11 @@ bool IsNamed(const QString& name, QStringView wanted)
 
 bool WritesText(const Update& update)
 {
-    return std::any_of(
-        update.assignments.begin(), update.assignments.end(),
-        [](const Assignment& change) { return IsNamed(change.target.column->name, u"MUSICA"); });
+    return std::any_of(update.assignments.begin(), update.assignments.end(),
+                       [](const Assignment& change) {
+                           const QString& column = change.target.column->name;
+                           return IsNamed(column, u"MUSICA") || IsNamed(column, u"MUSICA2");
+                       });
 }
 
 /// @return the number of "ID = number"

@@ -4,7 +4,7 @@
 
 #include <optional>
 
-/// What a statement that changes rows does to the songs' texts (MUSICA.MUSICA).
+/// What a statement that changes rows does to the songs' texts (MUSICA.MUSICA, MUSICA2).
 class TextChange
 {
 public:

@@ -30,9 +30,10 @@ ThemeNames::Groups::iterator ThemeNames::GroupOf(std::string_view name)
 void ThemeNames::Put(qint64 id, std::optional<std::string_view> name)
 {
     Remove(id);
+    Name& kept = m_names[id];
     if (!name)
         return;
-    m_names.emplace(id, *name);
+    kept = QByteArray(name->data(), static_cast<qsizetype>(name->size()));
     m_nameBytes += name->size();
     auto group = GroupOf(*name);
     if (group == m_groups.end())
@@ -47,13 +48,23 @@ void ThemeNames::Remove(qint64 id)
     const auto known = m_names.find(id);
     if (known == m_names.end())
         return;
-    const auto group = GroupOf(known->second);
+    const Name name = std::move(known->second);
+    m_names.erase(known);
+    if (!name)
+        return;
+    const std::string_view text(name->constData(), static_cast<std::size_t>(name->size()));
+    m_nameBytes -= text.size();
+    const auto group = GroupOf(text);
     List& ids = ToChange(group->second.ids);
     ids.erase(std::lower_bound(ids.begin(), ids.end(), id));
     if (ids.empty())
         m_groups.erase(group);
-    m_nameBytes -= known->second.size();
-    m_names.erase(known);
+}
+
+const ThemeNames::Name* ThemeNames::NameOf(qint64 id) const
+{
+    const auto known = m_names.find(id);
+    return known == m_names.end() ? nullptr : &known->second;
 }
 
 void ThemeNames::Clear()

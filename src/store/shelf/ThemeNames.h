@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QByteArray>
 
 #include <memory>
 #include <optional>
@@ -15,6 +15,7 @@ class ThemeNames
 {
 public:
     using Ids = std::shared_ptr<const std::vector<qint64>>;
+    using Name = std::optional<QByteArray>; ///< UTF-8; nothing for a theme without one
 
     /// Sets the name of a theme. @param name  nothing for a theme without one
     void Put(qint64 id, std::optional<std::string_view> name);
@@ -24,6 +25,9 @@ public:
     /// @return TEMA.ID of the themes whose name is equal in the catalogue's order, the smallest
     ///         first; never nullptr. It stays what it is when themes change
     Ids Find(std::string_view name) const;
+
+    /// @return the name of a theme, nullptr where there is no such theme; valid until it changes
+    const Name* NameOf(qint64 id) const;
 
     /// @return bytes taken, about.
     std::size_t Size() const noexcept;
@@ -40,6 +44,6 @@ private:
     Groups::iterator GroupOf(std::string_view name);
 
     Groups m_groups; ///< by the name's hash
-    std::unordered_map<qint64, std::string> m_names;
+    std::unordered_map<qint64, Name> m_names;
     std::size_t m_nameBytes = 0; ///< of m_names
 };
