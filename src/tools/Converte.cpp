@@ -1,8 +1,10 @@
 // melodario-converte: turns songs from anywhere into an exchange file, a songbook or files of other
 // programs, and a catalogue in the older format into a new one.
 
+#include "fonts/ProgramFonts.h"
 #include "songbook/UsualScale.h"
 #include "tools/CatalogueConversion.h"
+#include "tools/Console.h"
 #include "tools/ConversionOrder.h"
 #include "tools/DestinationKind.h"
 #include "tools/Messages.h"
@@ -189,7 +191,9 @@ std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char** argv)
     qInstallMessageHandler(TellOnlyTheFatal);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QHashSeed::setDeterministicGlobalSeed();
-    return std::make_unique<QGuiApplication>(argc, argv);
+    auto application = std::make_unique<QGuiApplication>(argc, argv);
+    ProgramFonts::Load(QCoreApplication::applicationDirPath() + u"/fontes"_qs);
+    return application;
 }
 
 } // namespace
@@ -197,6 +201,7 @@ std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char** argv)
 int main(int argc, char** argv)
 {
     const std::unique_ptr<QCoreApplication> application = MakeApplication(argc, argv);
+    const Console console;
     QTextStream out(stdout);
     QTextStream err(stderr);
     return Run(QCoreApplication::arguments().mid(1), out, err);

@@ -3,6 +3,7 @@
 #include "runtime/RuntimeError.h"
 #include "tools/CatalogueRepair.h"
 #include "tools/CheckedCatalogue.h"
+#include "tools/Console.h"
 #include "tools/Messages.h"
 #include "tools/RepairedFile.h"
 #include "tools/VerificationOrder.h"
@@ -177,6 +178,7 @@ int Run(const QStringList& arguments, QTextStream& out, QTextStream& err)
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
+    const Console console;
     QTextStream out(stdout);
     QTextStream err(stderr);
     return Run(QCoreApplication::arguments().mid(1), out, err);
