@@ -123,7 +123,7 @@ void tst_setas::enginesSeeNoWidget()
 void tst_setas::nothingUsesTheSystemDirectly()
 {
     static const QRegularExpression system(QStringLiteral(
-        "^(unistd|fcntl|dlfcn|pwd|signal|pthread|dirent|termios|poll|windows|shlobj)\\.h$|^"
+        "^(unistd|fcntl|io|dlfcn|pwd|signal|pthread|dirent|termios|poll|windows|shlobj)\\.h$|^"
         "(sys|X11|xcb)/"));
     // What a process may use, what a console shows and whether the screen stays on is the system's;
     // another one takes the file beside these.

@@ -1,7 +1,8 @@
 #pragma once
 
 /// The window of text that a command writes its messages to. Its texts are UTF-8; where the system
-/// expects another code page, they are announced as such while this lives.
+/// expects another code page, they are announced as such while this lives. Bytes that pass the
+/// standard streams stay what they are.
 class Console
 {
 public:

@@ -1,11 +1,18 @@
 #include "tools/Console.h"
 
+#include <cstdio>
+
+#include <fcntl.h>
+#include <io.h>
 #include <windows.h>
 
 Console::Console()
     : m_before(GetConsoleOutputCP())
 {
     SetConsoleOutputCP(CP_UTF8);
+    // What goes through a pipe is a file: its line ends stay as they are.
+    _setmode(_fileno(stdin), _O_BINARY);
+    _setmode(_fileno(stdout), _O_BINARY);
 }
 
 Console::~Console()

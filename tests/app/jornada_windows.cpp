@@ -352,7 +352,7 @@ void JornadaWindows::bothSystemsConvertAlike()
     QVERIFY2(fonts.out.contains("DejaVuSansMono") && fonts.out.contains("Carlito"),
              fonts.out.constData());
 
-    QVERIFY(QFile::copy(QStringLiteral(MELODARIO_SOURCE_DIR "/data/catalogo-antigo.mdb"),
+    QVERIFY(QFile::copy(QStringLiteral(MELODARIO_SOURCE_DIR "/tests/jet/dados/catalogo-antigo.mdb"),
                         m_program->Path(u"antigo.mdb"_qs)));
     const auto refused = WindowsFolder::Run(
         {Tool(u"melodario-converte"_qs), WindowsFolder::NameOf(m_program->Path(u"antigo.mdb"_qs)),
@@ -415,7 +415,7 @@ void JornadaWindows::aCatalogueInTheOlderFormatIsRefused()
 {
     New();
     QVERIFY(QFile::remove(m_program->Catalogue()));
-    QVERIFY(QFile::copy(QStringLiteral(MELODARIO_SOURCE_DIR "/data/catalogo-antigo.mdb"),
+    QVERIFY(QFile::copy(QStringLiteral(MELODARIO_SOURCE_DIR "/tests/jet/dados/catalogo-antigo.mdb"),
                         m_program->Catalogue()));
     const QByteArray before = Installation::Content(m_program->Catalogue());
     Start();

@@ -1,0 +1,63 @@
+#include "runtime/RuntimeError.h"
+#include "store/Arquivo.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+/// A disk that takes no more, for every user: the shell lets no process write a single byte. Only
+/// where the system knows such limits.
+class tst_Disco_Cheio : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void aFailedWriteKeepsTheOldContentAndLeavesNothingBehind();
+};
+
+void tst_Disco_Cheio::aFailedWriteKeepsTheOldContentAndLeavesNothingBehind()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"texto"_qs);
+    QFile old(path);
+    QVERIFY(old.open(QIODevice::WriteOnly) && old.write("velho") == 5);
+    old.close();
+    QProcess child;
+    child.start(u"/bin/sh"_qs, {u"-c"_qs, uR"(trap '' XFSZ; ulimit -f 0; exec "$0" "$@")"_qs,
+                                QCoreApplication::applicationFilePath(), u"--write"_qs, path});
+    QVERIFY(child.waitForFinished());
+    QCOMPARE(child.exitCode(), int(RuntimeError::FileFailure));
+    QVERIFY(old.open(QIODevice::ReadOnly));
+    QCOMPARE(old.readAll(), QByteArray("velho"));
+    QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+             QStringList({u"texto"_qs}));
+}
+
+namespace {
+
+int WriteAndTell(const QString& path)
+{
+    try {
+        Funcoes::Grava_Arquivo(u"novo"_qs, path);
+        return 0;
+    } catch (const RuntimeError& error) {
+        return error.WhatFailed().isEmpty() ? -1 : error.Number();
+    }
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    const QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.value(1) == u"--write"_qs)
+        return WriteAndTell(arguments.value(2));
+    tst_Disco_Cheio test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_disco_cheio.moc"
