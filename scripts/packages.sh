@@ -11,8 +11,8 @@ packages_to_test="clang-14 lld-14 libclang-rt-14-dev llvm-14 clang-tidy-14 clang
 packages_for_the_tar="xz-utils"
 packages_to_check_the_tar="debootstrap"
 packages_for_windows="g++-mingw-w64-x86-64-posix dpkg-dev zip icoutils icu-devtools tcl
-    qt6-base-private-dev qt6-base-dev-tools"
-packages_to_check_windows="wine wine64"
+    qt6-base-private-dev qt6-base-dev-tools fonts-dejavu-core"
+packages_to_check_windows="wine wine64 unzip poppler-utils"
 
 # need_packages REASON PACKAGE... : installs what is missing, after saying what and why.
 need_packages() {

@@ -3,7 +3,7 @@
 #include "app/frmSplash.h"
 #include "artwork/Artwork.h"
 #include "controls/Appearance.h"
-#include "controls/ProgramFonts.h"
+#include "fonts/ProgramFonts.h"
 #include "main/Conecta_Banco.h"
 #include "main/frmPrincipal.h"
 #include "runtime/Version.h"

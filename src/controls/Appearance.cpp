@@ -244,8 +244,9 @@ void Apply(QApplication& application)
     s_dark = QApplication::palette().color(QPalette::Window).lightness() < Middle;
     application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     application.setPalette(PaletteOf(Shown()));
-    application.setFont(QFont(TextFamily(), TextPoints));
     application.setStyleSheet(StyleSheet(Shown()));
+    // Last: a new style brings back the fonts that the desktop has for menus, lists and boxes.
+    application.setFont(QFont(TextFamily(), TextPoints));
     // Rolling a list down takes 150 ms; whoever plays wants the next song now.
     QApplication::setEffectEnabled(Qt::UI_AnimateCombo, false);
 }

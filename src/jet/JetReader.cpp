@@ -68,8 +68,21 @@ QString JetReader::Program()
     return QCoreApplication::applicationDirPath() + u"/melodario-jet"_qs;
 }
 
+bool JetReader::IsThere()
+{
+    return QFileInfo(Program()).isFile();
+}
+
+QString JetReader::WhyMissing()
+{
+    return u"Falta o programa melodario-jet, que lê catálogos no formato antigo e vem com o "
+           "Melodario para Linux."_qs;
+}
+
 void JetReader::Read(const Listener& listener)
 {
+    if (!IsThere())
+        JetFailure::Throw(WhyMissing());
     m_listener = &listener;
     m_state = State::Start;
     m_tables.clear();
@@ -97,7 +110,7 @@ void JetReader::Start(QProcess& process) const
     process.setStandardInputFile(QProcess::nullDevice());
     process.start(Program(), Arguments(m_path, m_wanted), QIODevice::ReadOnly);
     if (!process.waitForStarted())
-        JetFailure::Throw(u"Falta o programa melodario-jet, que lê catálogos no formato antigo."_qs,
+        JetFailure::Throw(u"O programa melodario-jet não pôde ser iniciado."_qs,
                           QDir::toNativeSeparators(Program()));
 }
 

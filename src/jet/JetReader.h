@@ -58,6 +58,13 @@ public:
     /// @return the program that reads: melodario-jet in the folder of the running one
     static QString Program();
 
+    /// @return whether that program is there. It exists for Linux only; what is said where it is
+    /// missing is WhyMissing()
+    static bool IsThere();
+
+    /// @return a sentence for the user
+    static QString WhyMissing();
+
 private:
     enum class State { Start, Tables, BetweenTables, Rows, Done };
 

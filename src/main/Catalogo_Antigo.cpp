@@ -5,6 +5,7 @@
 #include "jet/CatalogueSwap.h"
 #include "jet/JetConversion.h"
 #include "jet/JetFile.h"
+#include "jet/JetReader.h"
 #include "main/Texto_Deixado.h"
 #include "runtime/RuntimeError.h"
 
@@ -21,6 +22,15 @@ std::optional<JetConversion::LeftBehind> Ve_Antes(const QString& caminho)
     } catch (const RuntimeError&) {
         return std::nullopt;
     }
+}
+
+/// Said before the failure message, which knows nothing of formats.
+QString Texto_Recusa(const QString& caminho)
+{
+    return u"O banco de dados '"_qs + QFileInfo(caminho).fileName() +
+           u"' está no formato antigo (Jet) e não pode ser convertido aqui. "_qs +
+           JetReader::WhyMissing() +
+           u"\n\nConverta-o uma vez lá: o catálogo convertido serve em todos os sistemas."_qs;
 }
 
 QString Texto_Pergunta(const QString& caminho, const QString& guardado, const QString& deixado)
@@ -47,6 +57,10 @@ void Funcoes::Oferece_Conversao(QWidget* pai, const QString& caminho)
 {
     if (!JetFile::Recognises(caminho))
         return;
+    if (!JetReader::IsThere()) {
+        Mostra_Mensagem(pai, Texto_Recusa(caminho), Icone::Exclamacao);
+        return;
+    }
     const QString catalogo = CatalogueSwap::RealPath(caminho);
     const QString guardado = CatalogueSwap::KeptPath(catalogo);
     const auto visto = Ve_Antes(catalogo);

@@ -1,8 +1,10 @@
 // melodario-converte: turns songs from anywhere into an exchange file, a songbook or files of other
 // programs, and a catalogue in the older format into a new one.
 
+#include "fonts/ProgramFonts.h"
 #include "songbook/UsualScale.h"
 #include "tools/CatalogueConversion.h"
+#include "tools/Console.h"
 #include "tools/ConversionOrder.h"
 #include "tools/DestinationKind.h"
 #include "tools/Interruption.h"
@@ -220,7 +222,9 @@ std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char** argv)
     // Pages are drawn without a screen; and the same songs give the same file.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QHashSeed::setDeterministicGlobalSeed();
-    return std::make_unique<QGuiApplication>(argc, argv);
+    auto application = std::make_unique<QGuiApplication>(argc, argv);
+    ProgramFonts::Load(QCoreApplication::applicationDirPath() + u"/fontes"_qs);
+    return application;
 }
 
 } // namespace
@@ -229,6 +233,7 @@ int main(int argc, char** argv)
 {
     SilenceLibraries();
     const std::unique_ptr<QCoreApplication> application = MakeApplication(argc, argv);
+    const Console console;
     QTextStream out(stdout);
     QTextStream err(stderr);
     const int code = Run(QCoreApplication::arguments().mid(1), out, err);

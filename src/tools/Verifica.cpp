@@ -4,6 +4,7 @@
 #include "runtime/RuntimeError.h"
 #include "tools/CatalogueRepair.h"
 #include "tools/CheckedCatalogue.h"
+#include "tools/Console.h"
 #include "tools/Messages.h"
 #include "tools/RepairedFile.h"
 #include "tools/VerificationOrder.h"
@@ -200,6 +201,7 @@ int main(int argc, char** argv)
 {
     SilenceLibraries();
     const QCoreApplication application(argc, argv);
+    const Console console;
     QTextStream out(stdout);
     QTextStream err(stderr);
     const int code = Run(QCoreApplication::arguments().mid(1), out, err);

@@ -8,7 +8,9 @@
 
 #include <memory>
 
-/// The program in a folder of its own, as somebody would copy it.
+/// The program in a folder of its own, as somebody would copy it. MELODARIO_WINDOWS in the
+/// environment names the folder of one for Windows with all that it carries: that is copied then
+/// and runs under Wine.
 class Installation
 {
 public:
@@ -16,12 +18,12 @@ public:
     explicit Installation(const QString& subfolder = QString());
 
     QString Folder() const { return m_folder; }
-    QString Program() const { return Path(QStringLiteral("melodario")); }
+    QString Program() const;
     QString Configuration() const { return Path(QStringLiteral("config.ini")); }
     QString Catalogue() const { return Path(QStringLiteral("Melodario.mdb")); }
     QString Path(const QString& name) const { return m_folder + QLatin1Char('/') + name; }
 
-    /// @return the names of everything in the folder but the program, sorted.
+    /// @return the names of everything in the folder but the program and what it carries, sorted.
     QStringList Names() const;
 
     /// Puts an empty catalogue with the usual tables in the place. @return success
@@ -41,7 +43,10 @@ public:
     static bool Put(const QString& path, const QByteArray& content);
 
 private:
+    void CopyForWindows();
+
     QTemporaryDir m_temporary;
     QString m_folder;
+    QStringList m_carried;
     std::unique_ptr<QProcess> m_process;
 };

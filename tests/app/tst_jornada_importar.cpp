@@ -61,9 +61,10 @@ void tst_JornadaImportar::Start(Installation& program, const QString& folder, co
     PlainSqlite(program.Catalogue())
         .Run("INSERT INTO MUSICA (TITULO, REFERENCIA, CATEGORIA) VALUES ('Luz', 'Ana', 1)");
     // The program comes last in what is run.
-    program.Start(
-        m_screen.Environment(),
-        {u"/bin/sh"_qs, u"-c"_qs, u"cd \"$1\" && exec \"$3\" \"$2\""_qs, u"sh"_qs, folder, file});
+    program.Start(m_screen.Environment(),
+                  {u"/bin/sh"_qs, u"-c"_qs,
+                   uR"(cd "$1" && file=$2 && shift 2 && exec "$@" "$file")"_qs, u"sh"_qs, folder,
+                   file});
 }
 
 /// The splash, and the main form behind it, which ends the program.

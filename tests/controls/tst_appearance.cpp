@@ -1,8 +1,8 @@
 #include "controls/Appearance.h"
 
 #include "controls/ClickableLabel.h"
-#include "controls/ProgramFonts.h"
 #include "controls/RichTextBox.h"
+#include "fonts/ProgramFonts.h"
 
 #include <QApplication>
 #include <QDirIterator>

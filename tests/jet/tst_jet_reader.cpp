@@ -173,7 +173,8 @@ void tst_jet_reader::aMissingReaderIsNamed()
 {
     QFile::remove(JetReader::Program());
     QCOMPARE(FailureOfReading().words,
-             u"Falta o programa melodario-jet, que lê catálogos no formato antigo."_qs);
+             u"Falta o programa melodario-jet, que lê catálogos no formato antigo e vem com o "
+             "Melodario para Linux."_qs);
 }
 
 void tst_jet_reader::aMisbehavingReaderLeavesNoCatalogue()

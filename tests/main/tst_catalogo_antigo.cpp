@@ -52,7 +52,7 @@ private slots:
     void whatCannotBeConvertedFailsAndStays_data();
     void whatCannotBeConvertedFailsAndStays();
     void aFolderThatCannotBeWrittenFails();
-    void aMissingReaderFails();
+    void aMissingReaderIsTold();
     void anEarlierOldCatalogueStays();
     void aLinkToTheCatalogueStaysALink();
     void aTypedPathIsOfferedToo();
@@ -79,15 +79,15 @@ private:
     {
         Escreve(Funcoes::Caminho_Configuracao(), "[BANCO]\r\nEndereco=" + caminho.toUtf8());
     }
-    /// One question, answered, then the failure message and the end of the program.
-    void EsperaFalha()
+    /// One box, answered, then the failure message and the end of the program.
+    void EsperaFalha(Icone primeira = Icone::Pergunta)
     {
         const QStringList antes = Arquivos();
         const QByteArray conteudo = Conteudo(Catalogo());
         QVERIFY_THROWS_EXCEPTION(Fim_Programa, Funcoes::Conecta_Banco());
         QVERIFY(!Funcoes::Conexao.IsOpen());
         QCOMPARE(m_caixas->boxes.size(), 2);
-        QCOMPARE(m_caixas->boxes[0].icon, Icone::Pergunta);
+        QCOMPARE(m_caixas->boxes[0].icon, primeira);
         QCOMPARE(m_caixas->boxes[1].text, Falha);
         QCOMPARE(m_caixas->boxes[1].icon, Icone::Critico);
         QCOMPARE(m_caixas->boxes[1].title, u"Melodario"_qs);
@@ -220,10 +220,15 @@ void tst_catalogo_antigo::aFolderThatCannotBeWrittenFails()
     EsperaFalha();
 }
 
-void tst_catalogo_antigo::aMissingReaderFails()
+void tst_catalogo_antigo::aMissingReaderIsTold()
 {
     QVERIFY(QFile::remove(JetReader::Program()));
-    EsperaFalha();
+    EsperaFalha(Icone::Exclamacao);
+    QCOMPARE(m_caixas->boxes[0].text,
+             u"O banco de dados 'Melodario.mdb' está no formato antigo (Jet) e não pode ser "
+             "convertido aqui. Falta o programa melodario-jet, que lê catálogos no formato antigo "
+             "e vem com o Melodario para Linux.\n\nConverta-o uma vez lá: o catálogo convertido "
+             "serve em todos os sistemas."_qs);
 }
 
 void tst_catalogo_antigo::anEarlierOldCatalogueStays()

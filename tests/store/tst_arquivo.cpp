@@ -6,7 +6,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -54,10 +53,8 @@ private slots:
     void creatingMakesAnEmptyFile();
     void creatingReplacesOnlyWhenAllowed();
     void writingCreatesAndReplacesInTheCodePage();
-    void aFailedWriteKeepsTheOldContentAndLeavesNothingBehind();
     void aFileInPiecesIsThereWhenItIsWhole();
     void anUnfinishedFileLeavesTheOldOneAndNothingElse();
-    void piecesThatADiskDoesNotTakeKeepTheOldContent();
     void writingWhereNothingCanBeWrittenFails_data();
     void writingWhereNothingCanBeWrittenFails();
     void readingAnIniFile();
@@ -79,7 +76,6 @@ private:
     {
         return QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
     }
-    void FailsOnAFullDisk(const QString& how);
 };
 
 void tst_Arquivo::init()
@@ -134,26 +130,6 @@ void tst_Arquivo::writingCreatesAndReplacesInTheCodePage()
     QCOMPARE(Content(path), QByteArray("b"));
 }
 
-void tst_Arquivo::aFailedWriteKeepsTheOldContentAndLeavesNothingBehind()
-{
-    FailsOnAFullDisk(u"--write"_qs);
-}
-
-/// @param how  the file is written by this program, started anew
-void tst_Arquivo::FailsOnAFullDisk(const QString& how)
-{
-    // A disk that takes no more, for every user: the shell lets no process write a single byte.
-    const QString path = Path(u"texto"_qs);
-    QVERIFY(Put(path, "velho"));
-    QProcess child;
-    child.start(u"/bin/sh"_qs, {u"-c"_qs, u"trap '' XFSZ; ulimit -f 0; exec \"$0\" \"$@\""_qs,
-                                QCoreApplication::applicationFilePath(), how, path});
-    QVERIFY(child.waitForFinished());
-    QCOMPARE(child.exitCode(), int(RuntimeError::FileFailure));
-    QCOMPARE(Content(path), QByteArray("velho"));
-    QCOMPARE(Files(), QStringList({u"texto"_qs}));
-}
-
 void tst_Arquivo::aFileInPiecesIsThereWhenItIsWhole()
 {
     const QString path = Path(u"texto"_qs);
@@ -180,11 +156,6 @@ void tst_Arquivo::anUnfinishedFileLeavesTheOldOneAndNothingElse()
     }
     QCOMPARE(Content(path), QByteArray("velho"));
     QCOMPARE(Files(), QStringList({u"texto"_qs}));
-}
-
-void tst_Arquivo::piecesThatADiskDoesNotTakeKeepTheOldContent()
-{
-    FailsOnAFullDisk(u"--write-pieces"_qs);
 }
 
 void tst_Arquivo::writingWhereNothingCanBeWrittenFails_data()
@@ -306,21 +277,5 @@ void tst_Arquivo::pathsOfEveryKind()
     QCOMPARE(Funcoes::Le_Ini(u"BANCO"_qs, u"Endereco"_qs, path), path);
 }
 
-int main(int argc, char* argv[])
-{
-    QCoreApplication application(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.value(1) == u"--write"_qs)
-        return ErrorOf([&] { Funcoes::Grava_Arquivo(u"novo"_qs, arguments.value(2)); });
-    if (arguments.value(1) == u"--write-pieces"_qs)
-        return ErrorOf([&] {
-            Funcoes::Gravacao_Arquivo writing(arguments.value(2));
-            writing.Acrescenta("novo");
-            writing.Acrescenta(QByteArray(200'000, 'x'));
-            writing.Conclui();
-        });
-    tst_Arquivo test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+QTEST_GUILESS_MAIN(tst_Arquivo)
 #include "tst_arquivo.moc"

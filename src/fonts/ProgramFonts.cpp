@@ -1,4 +1,4 @@
-#include "controls/ProgramFonts.h"
+#include "fonts/ProgramFonts.h"
 
 #include <QDir>
 #include <QFontDatabase>
