@@ -54,10 +54,12 @@ std::ptrdiff_t PlainAt(const char* bytes)
 constexpr Byte FirstLetter = 0x80;
 constexpr char16_t FirstMark = 0x300;
 
-const std::array<char, FirstMark>& Letters()
+using LetterTable = std::array<char, FirstMark>;
+
+const LetterTable& Letters()
 {
-    static const std::array<char, FirstMark> letters = [] {
-        std::array<char, FirstMark> table{};
+    static const LetterTable letters = [] {
+        LetterTable table{};
         for (char16_t letter = 0; letter < FirstMark; ++letter)
             table[letter] = CodePage::ByteOf(letter);
         return table;
@@ -66,7 +68,7 @@ const std::array<char, FirstMark>& Letters()
 }
 
 /// @return the byte of a letter of two; nothing for any other beginning
-std::optional<char> LetterAt(const char* in, const char* end)
+std::optional<char> LetterAt(const LetterTable& letters, const char* in, const char* end)
 {
     const auto lead = static_cast<Byte>(*in);
     const bool isLetter =
@@ -74,7 +76,7 @@ std::optional<char> LetterAt(const char* in, const char* end)
     if (!isLetter)
         return std::nullopt;
     const unsigned code = (lead & 0x1FU) << 6 | (static_cast<Byte>(in[1]) & 0x3FU);
-    return Letters()[code];
+    return letters[code];
 }
 
 } // namespace
@@ -82,6 +84,7 @@ std::optional<char> LetterAt(const char* in, const char* end)
 bool EncodedText::Append(QByteArray& document, const QByteArray& utf8, Rules rules)
 {
     static constexpr std::string_view Mark = "[br]";
+    const LetterTable& letters = Letters();
     const qsizetype before = document.size();
     document.resize(before + 2 * utf8.size() + Together); // a break of two becomes a mark of four
     char* const begin = document.data() + before;
@@ -99,7 +102,7 @@ bool EncodedText::Append(QByteArray& document, const QByteArray& utf8, Rules rul
         }
         const char c = *in;
         if (static_cast<Byte>(c) >= FirstLetter) {
-            const auto letter = LetterAt(in, end);
+            const auto letter = LetterAt(letters, in, end);
             if (!letter) {
                 document.truncate(before);
                 return false;

@@ -24,7 +24,7 @@ constexpr std::array<Part, 128> Parts = [] {
     std::array<Part, 128> parts{};
     const auto put = [&parts](std::string_view characters, Part part) {
         for (const char c : characters)
-            parts[static_cast<std::size_t>(c)] = part;
+            parts[static_cast<unsigned char>(c)] = part;
     };
     put("0123456789", Part::Digit);
     put("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz_", Part::Word);
