@@ -46,6 +46,7 @@ private slots:
     void keepsBothTextsOfMarkedSongsThatChange_data();
     void keepsBothTextsOfMarkedSongsThatChange();
     void givesTheTextsOfMarkedSongsInUtf8();
+    void textsOfASongThatAnotherProgramDeletedAreAnError();
     void ordersSongsAfterManyChangesAtOnce();
     void tellsTheThemesOfASongAsTheyAreNow();
     void seesWhatAnotherProgramWritesBetweenTwoSnapshots();
@@ -321,6 +322,18 @@ void tst_shelf_changes::givesTheTextsOfMarkedSongsInUtf8()
     songs.MoveNext();
     QCOMPARE(songs.Utf8(2), u"coração"_qs.toUtf8());
     QCOMPARE(songs.Utf8(3), std::nullopt);
+}
+
+void tst_shelf_changes::textsOfASongThatAnotherProgramDeletedAreAnError()
+{
+    Recordset songs = m_connection->Execute(Marked);
+    m_catalogue->Run(u"DELETE FROM MUSICA WHERE ID = 1"_qs);
+    QCOMPARE(songs.Fields(u"TITULO"), Value(u"Luz"_qs));
+    QCOMPARE(Failed([&] { songs.Fields(u"MUSICA"); }).number, int{RuntimeError::StoreFailure});
+    QCOMPARE(Failed([&] { songs.Utf8(2); }).number, int{RuntimeError::StoreFailure});
+    Change(u"UPDATE MUSICA SET MUSICA = 'novo'"_qs); // what is gone cannot be kept
+    songs.MoveNext();
+    QCOMPARE(songs.Fields(u"MUSICA"), Value(u"coração"_qs));
 }
 
 /// As an import asks and inserts, without any search between.

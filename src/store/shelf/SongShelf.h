@@ -105,7 +105,7 @@ private:
                      SongRow::Text SongRow::*text) const;
     std::shared_ptr<const Recordset::Rows> Show(const SongSearch& search,
                                                 std::vector<const SongRow*> rows);
-    SongTexts TextsOf(qint64 id);
+    std::optional<SongTexts> TextsOf(qint64 id);
     std::vector<std::shared_ptr<SongView>> Views() const;
 
     sqlite3* m_database;

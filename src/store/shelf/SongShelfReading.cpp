@@ -361,8 +361,8 @@ void SongShelf::Clear()
     DropLyrics(Lyrics::Partly);
 }
 
-/// @return the texts of a song, NULL when it is gone
-SongTexts SongShelf::TextsOf(qint64 id)
+/// @return the texts of a song; nothing when it is gone
+std::optional<SongTexts> SongShelf::TextsOf(qint64 id)
 {
     static const QByteArray sql = QByteArrayLiteral("SELECT MUSICA, MUSICA2 FROM MUSICA WHERE "
                                                     "ID = ?");
@@ -370,12 +370,12 @@ SongTexts SongShelf::TextsOf(qint64 id)
     const StatementRun run(statement);
     statement.Bind({Value(id)});
     if (!statement.Step())
-        return {};
+        return std::nullopt;
     const auto text = [&statement](int column) -> std::optional<QByteArray> {
         if (statement.ColumnKind(column) == Statement::Kind::Null)
             return std::nullopt;
         const std::string_view bytes = statement.Text(column);
         return QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size()));
     };
-    return {text(0), text(1)};
+    return SongTexts{text(0), text(1)};
 }

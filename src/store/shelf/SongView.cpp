@@ -97,16 +97,29 @@ std::optional<QByteArray> SongView::Utf8At(int row, int column) const
     }
 }
 
-const SongTexts& SongView::TextsOf(qint64 id) const
+/// @return a song's texts, valid until the next call; null when the song is gone
+const SongTexts* SongView::FindTexts(qint64 id) const
 {
     const auto kept = m_texts.find(id);
     if (kept != m_texts.end())
-        return kept->second;
+        return &kept->second;
     if (!m_reader)
         Failure::ThrowClosed();
-    if (!m_last || m_last->first != id)
-        m_last.emplace(id, m_reader(id));
-    return m_last->second;
+    if (!m_last || m_last->first != id) {
+        std::optional<SongTexts> texts = m_reader(id);
+        if (!texts)
+            return nullptr;
+        m_last.emplace(id, std::move(*texts));
+    }
+    return &m_last->second;
+}
+
+const SongTexts& SongView::TextsOf(qint64 id) const
+{
+    const SongTexts* texts = FindTexts(id);
+    if (!texts)
+        Failure::ThrowGone();
+    return *texts;
 }
 
 void SongView::KeepText(qint64 id)
@@ -115,8 +128,10 @@ void SongView::KeepText(qint64 id)
     const bool showsTexts = std::any_of(m_columns.begin(), m_columns.end(), [](Field column) {
         return column == Field::Text || column == Field::SecondText;
     });
-    if (showsTexts)
-        m_texts.try_emplace(id, TextsOf(id));
+    if (!showsTexts)
+        return;
+    if (const SongTexts* texts = FindTexts(id))
+        m_texts.try_emplace(id, *texts);
 }
 
 void SongView::KeepAllTexts()

@@ -18,12 +18,13 @@ struct SongTexts
 
 /// The songs that a search found: no row is copied, a field is made when it is read. Only a song's
 /// texts are fetched from the catalogue, since lists show none of them; should another program
-/// change or delete them before that, they are what they are by then.
+/// change them before that, they are what they are by then, and the texts of a song that it deletes
+/// are an error: an export would store a song without its lyrics.
 class SongView final : public Recordset::Rows
 {
 public:
-    /// Reads the texts of a song.
-    using TextReader = std::function<SongTexts(qint64 id)>;
+    /// Reads the texts of a song. @return nothing when the song is gone
+    using TextReader = std::function<std::optional<SongTexts>(qint64 id)>;
 
     /// @param rows  in their order, of the pile
     SongView(const SongSearch& search, std::shared_ptr<const SongPile> pile,
@@ -33,7 +34,8 @@ public:
     Value At(int row, int column) const override;
     std::optional<QByteArray> Utf8At(int row, int column) const override;
 
-    /// Reads the texts of a song now, because they are about to change.
+    /// Reads the texts of a song now, because they are about to change; of a song that is gone
+    /// nothing is left to keep.
     /// @throws RuntimeError StoreFailure
     void KeepText(qint64 id);
     void KeepAllTexts();
@@ -43,6 +45,7 @@ public:
     void Detach() { m_reader = nullptr; }
 
 private:
+    const SongTexts* FindTexts(qint64 id) const;
     const SongTexts& TextsOf(qint64 id) const;
 
     std::vector<SongSearch::Field> m_columns;

@@ -71,3 +71,10 @@ void Failure::ThrowClosed()
                        QStringLiteral("O banco de dados já está fechado."),
                        QStringLiteral("Operation is not allowed when the object is closed."));
 }
+
+void Failure::ThrowGone()
+{
+    throw RuntimeError(
+        RuntimeError::StoreFailure, QStringLiteral("Outro programa excluiu a música."),
+        QStringLiteral("Row handle referred to a deleted row or a row marked for deletion."));
+}

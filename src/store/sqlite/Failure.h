@@ -28,4 +28,7 @@ inline constexpr char16_t Undone[] = u" As alterações desta operação foram d
 /// @throws RuntimeError ObjectClosed: the catalogue was asked for something after it was closed
 [[noreturn]] void ThrowClosed();
 
+/// @throws RuntimeError StoreFailure: another program deleted a row between its finding and reading
+[[noreturn]] void ThrowGone();
+
 } // namespace Failure
