@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 
 namespace {
 
@@ -65,8 +66,11 @@ QString FileTrouble(const QFileDevice& file)
     }
     if (info.isDir())
         return QString::fromUtf16(IsFolder);
-    if (!file.fileName().isEmpty() && !info.exists())
-        return QString::fromUtf16(NotThere);
+    // Not to be found may also mean that a folder on the way may not be entered.
+    std::error_code failure;
+    if (!file.fileName().isEmpty() &&
+        !std::filesystem::exists(file.fileName().toStdU16String(), failure))
+        return failure ? FileTrouble(failure) : QString::fromUtf16(NotThere);
     return info.exists() && !info.isReadable() ? QString::fromUtf16(NoRight)
                                                : u"o arquivo não pode ser aberto"_qs;
 }

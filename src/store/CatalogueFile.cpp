@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 
 namespace {
 
@@ -45,11 +46,9 @@ const QByteArray JetNames[] = {QByteArrayLiteral("Standard Jet DB"),
     throw RuntimeError(RuntimeError::StoreFailure, whatFailed, description);
 }
 
-[[noreturn]] void RefuseUnread(const QFile& file)
+[[noreturn]] void RefuseUnread(const QString& path, const QString& why)
 {
-    Refuse(
-        QStringLiteral("O arquivo do banco de dados não pode ser lido: %1.").arg(FileTrouble(file)),
-        file.fileName());
+    Refuse(QStringLiteral("O arquivo do banco de dados não pode ser lido: %1.").arg(why), path);
 }
 
 /// A folder or a device has a name as well.
@@ -63,9 +62,9 @@ void CheckKind(const QString& path)
     if (found.exists())
         Refuse(QStringLiteral("O banco de dados é um arquivo comum, e isto não é."), path);
     // In a folder that one may not enter nothing seems to exist.
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) && file.error() == QFileDevice::PermissionsError)
-        RefuseUnread(file);
+    std::error_code failure;
+    if (!std::filesystem::exists(path.toStdU16String(), failure) && failure)
+        RefuseUnread(path, FileTrouble(failure));
     Refuse(QStringLiteral("O arquivo do banco de dados não existe."), path);
 }
 
@@ -139,10 +138,10 @@ void CatalogueFile::CheckHeader(const QString& path)
     CheckKind(path);
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        RefuseUnread(file);
+        RefuseUnread(path, FileTrouble(file));
     const QByteArray header = file.read(HeaderLength);
     if (file.error() != QFileDevice::NoError)
-        RefuseUnread(file);
+        RefuseUnread(path, FileTrouble(file));
     if (header.isEmpty())
         Refuse(QStringLiteral("O arquivo do banco de dados está vazio."), path);
     if (IsOlderFormat(header))

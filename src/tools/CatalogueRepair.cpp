@@ -103,7 +103,7 @@ private:
 void Workshop::Mended(qint64 count, const QString& what)
 {
     if (count > 0)
-        outcome.mended.append(QString::number(count) + u' ' + what);
+        outcome.mended.append(what + u": " + QString::number(count));
 }
 
 void Workshop::Copy(const CatalogueCheck::Progress& progress)

@@ -50,13 +50,18 @@ RepairedFile::RepairedFile(QString path, bool force, bool simulate)
     if (m_simulate || m_path == Standard) {
         m_folder.emplace();
         if (!m_folder->isValid())
-            Fail(u"não há lugar para um arquivo provisório"_qs, QDir::toNativeSeparators(QDir::tempPath()));
+            Fail(u"não há lugar para um arquivo provisório"_qs,
+                 QDir::toNativeSeparators(QDir::tempPath()));
         m_draft = m_folder->filePath(u"Melodario.mdb"_qs);
         return;
     }
     m_draft = m_path + u".parcial";
     for (int i = 2; IsThere(m_draft); ++i)
         m_draft = m_path + u".parcial" + QString::number(i);
+    // SQLite would only tell that it cannot; an empty file it takes for a new one.
+    QFile draft(m_draft);
+    if (!draft.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+        Fail(m_path + u": não foi possível criar o arquivo", FileTrouble(draft));
 }
 
 RepairedFile::~RepairedFile()
@@ -73,6 +78,8 @@ void RepairedFile::CheckPlace(const QString& path, const QString& catalogue, boo
     const QString there = QFileInfo(path).canonicalFilePath();
     if (!there.isEmpty() && there == QFileInfo(catalogue).canonicalFilePath())
         Fail(path + u": é o próprio catálogo, que nunca é alterado");
+    if (QFileInfo(path).exists() && !QFileInfo(path).isFile())
+        Fail(path + u": não é um arquivo comum; escolha outro nome");
     if (!force && IsThere(path))
         Fail(path + u": o arquivo já existe; --force o substitui");
     // Left where it is, it would be written over the new catalogue.
@@ -83,6 +90,8 @@ void RepairedFile::CheckPlace(const QString& path, const QString& catalogue, boo
     const QString folder = QFileInfo(path).absolutePath();
     if (!QFileInfo(folder).isDir())
         Fail(folder + u": a pasta não existe");
+    if (!QFileInfo(folder).isWritable())
+        Fail(path + u": falta a permissão para escrever nessa pasta");
 }
 
 void RepairedFile::Keep()

@@ -175,7 +175,10 @@ int Work(const VerificationOrder& order, QTextStream& out, QTextStream& err)
         return order.repaired.isEmpty() ? code : Repair(catalogue, order, out, progress);
     } catch (const RuntimeError& error) {
         out.flush();
-        messages.Tell(order.catalogue + u": " + Reason(error));
+        // What fails with a file besides the catalogue names it.
+        const bool isOfCatalogue = error.Number() != RuntimeError::FileFailure;
+        messages.Tell(isOfCatalogue ? QString(order.catalogue + u": " + Reason(error))
+                                    : Reason(error));
         return NotDone;
     }
 }

@@ -61,6 +61,11 @@ void tst_filetrouble::ofAFile()
     QVERIFY(!missing.open(QIODevice::ReadOnly));
     QCOMPARE(FileTrouble(missing), u"o arquivo não existe"_qs);
 
+    // Whatever his rights, nobody can look up such a name.
+    QFile lengthy(folder.filePath(QString(300, u'a')));
+    QVERIFY(!lengthy.open(QIODevice::WriteOnly));
+    QCOMPARE(FileTrouble(lengthy), u"o nome é longo demais"_qs);
+
     QFile place(folder.path());
     QVERIFY(!place.open(QIODevice::WriteOnly));
     QCOMPARE(FileTrouble(place), u"é uma pasta"_qs);

@@ -107,6 +107,8 @@ private slots:
     void simulationWritesNothing();
     void nothingIsOverwrittenWithoutForce();
     void theCatalogueItselfIsNeverTheNewOne();
+    void placesThatTakeNoFileAreTold_data();
+    void placesThatTakeNoFileAreTold();
     void restOfAnInterruptedWriteIsKeptAwayFrom();
 
 private:
@@ -163,11 +165,12 @@ void tst_verifica_reparo::linksToWhatIsGoneAreTaken()
                   "INSERT INTO LISTA_MUSICA VALUES (3, 1, 0)"_qs);
     const Outcome outcome = Repair(catalogue.Path());
     QCOMPARE(Everything(m_new), before);
-    QVERIFY2(outcome.out.contains(u"    2 ligações de temas com músicas que não existem retiradas\n"
-                                  "    1 ligações de músicas com temas que não existem retiradas\n"
-                                  "    1 ligações repetidas retiradas\n"
-                                  "    1 lugares em listas que não existem retirados\n"),
-             qPrintable(outcome.out + outcome.err));
+    QVERIFY2(
+        outcome.out.contains(u"    ligações de temas com músicas que não existem retiradas: 2\n"
+                             "    ligações de músicas com temas que não existem retiradas: 1\n"
+                             "    ligações repetidas retiradas: 1\n"
+                             "    lugares em listas que não existem retirados: 1\n"),
+        qPrintable(outcome.out + outcome.err));
     QCOMPARE(outcome.code, 0);
     QCOMPARE(RunTool(Tool, {m_new}).code, 0);
 }
@@ -200,7 +203,7 @@ void tst_verifica_reparo::songsWithoutThemeGetOne()
     catalogue.AddTheme(u"Natal"_qs);
     catalogue.Link(2, 9);
     const Outcome outcome = Repair(catalogue.Path());
-    QVERIFY(outcome.out.contains(u"    2 músicas sem tema postas em \"Sem Tema\"\n"));
+    QVERIFY(outcome.out.contains(u"    músicas sem tema postas em \"Sem Tema\": 2\n"));
     QCOMPARE(PlainSqlite(m_new).Rows(
                  u"SELECT ID_MUSICA, DESCRICAO, ORDEM, COR FROM TEMA_MUSICA JOIN TEMA "
                  "ON TEMA.ID = ID_TEMA ORDER BY ID_MUSICA"_qs),
@@ -220,8 +223,8 @@ void tst_verifica_reparo::themesOfOneNameAreJoined()
     catalogue.Link(2, 5);
     catalogue.Link(3, 4);
     const Outcome outcome = Repair(catalogue.Path());
-    QVERIFY2(outcome.out.contains(u"    2 temas juntados a outro com o mesmo nome\n"
-                                  "    1 ligações repetidas retiradas\n"_qs),
+    QVERIFY2(outcome.out.contains(u"    temas juntados a outro com o mesmo nome: 2\n"
+                                  "    ligações repetidas retiradas: 1\n"_qs),
              qPrintable(outcome.out + outcome.err));
     QCOMPARE(PlainSqlite(m_new).Rows(u"SELECT DESCRICAO FROM TEMA ORDER BY ID"_qs),
              (QList<QStringList>{{u"Natal"_qs}, {u"Sem Tema"_qs}, {u"natal"_qs}}));
@@ -427,7 +430,7 @@ void tst_verifica_reparo::simulationWritesNothing()
     catalogue.AddSong(u"Luar"_qs);
     const Outcome outcome = Repair(catalogue.Path(), {u"--simular"_qs});
     QVERIFY2(outcome.out.contains(u"\nSeria escrito: %1, com 1 música(s), 1 tema(s), 0 lista(s)\n"
-                                  "    1 músicas sem tema postas em \"Sem Tema\"\n"
+                                  "    músicas sem tema postas em \"Sem Tema\": 1\n"
                                   "Simulação: nada foi escrito.\n"_qs.arg(m_new)),
              qPrintable(outcome.out));
     QVERIFY(QDir(m_folder->path()).isEmpty());
@@ -460,6 +463,31 @@ void tst_verifica_reparo::theCatalogueItselfIsNeverTheNewOne()
         QCOMPARE(outcome.code, 2);
         QCOMPARE(Content(catalogue.Path()), before);
     }
+}
+
+void tst_verifica_reparo::placesThatTakeNoFileAreTold_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("told");
+    QTest::newRow("folder") << u"/"_qs
+                            << u"/: é uma pasta; o catálogo novo precisa de um nome de arquivo"_qs;
+    QTest::newRow("device") << u"/dev/null"_qs
+                            << u"/dev/null: não é um arquivo comum; escolha outro nome"_qs;
+    QTest::newRow("no folder") << u"/nada/novo.mdb"_qs << u"/nada: a pasta não existe"_qs;
+    const QString lengthy = QDir::tempPath() + u'/' + QString(300, u'a');
+    QTest::newRow("name that no disk takes")
+        << lengthy << lengthy + u": não foi possível criar o arquivo (o nome é longo demais)";
+}
+
+void tst_verifica_reparo::placesThatTakeNoFileAreTold()
+{
+    QFETCH(QString, path);
+    QFETCH(QString, told);
+    const TestCatalogue catalogue;
+    const Outcome outcome = RunTool(Tool, {catalogue.Path(), u"--force"_qs, u"--reparar"_qs, path});
+    QCOMPARE(outcome.err, told + u'\n');
+    QCOMPARE(outcome.code, 2);
+    QVERIFY(!QFileInfo(u"/dev/null"_qs).isFile());
 }
 
 void tst_verifica_reparo::restOfAnInterruptedWriteIsKeptAwayFrom()
