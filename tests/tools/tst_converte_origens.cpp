@@ -59,7 +59,7 @@ private:
     QString Path(const QString& name) const { return m_folder->filePath(name); }
     QString Put(const QString& name, const QByteArray& content = PeixeVivo) const
     {
-        const QString path = Path(name);
+        QString path = Path(name);
         QDir().mkpath(QFileInfo(path).path());
         QFile file(path);
         if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
