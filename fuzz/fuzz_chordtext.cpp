@@ -19,22 +19,56 @@ namespace {
 const std::vector<QString>& Pieces()
 {
     static const std::vector<QString> pieces = {
-        u"\n"_qs,         u"\n"_qs,         u"\n\n"_qs,
-        u" "_qs,          u"    "_qs,       u"\t"_qs,
-        u"C"_qs,          u"G7"_qs,         u"Am"_qs,
-        u"D/F#"_qs,       u"Cmaj7"_qs,      u"Bm7b5"_qs,
-        u"Bb7M"_qs,       u"(2x)"_qs,       u"x2"_qs,
-        u"| "_qs,         u" . "_qs,        u" – "_qs,
-        u"%"_qs,          u"Intro: "_qs,    u"[Intro] "_qs,
-        u"[Refrão]"_qs,   u"Refrão:"_qs,    u"Verse 2"_qs,
-        u"1ª estrofe"_qs, u"[A]"_qs,        u"Título: "_qs,
-        u"Tom: "_qs,      u"Tom: Bb\n"_qs,  u"Artista: "_qs,
-        u"Capo: 2\n"_qs,  u"Temas: "_qs,    u"Categoria: Secular\n"_qs,
-        u"Santo"_qs,      u"ção"_qs,        u"Bom"_qs,
-        u"Sob"_qs,        u"A"_qs,          u"E|--0--|"_qs,
-        u"B|--1--|"_qs,   u"{"_qs,          u"["_qs,
-        u"]"_qs,          u"\\"_qs,         u"\u00A0"_qs,
-        u"£"_qs,          u"\U0001F3B8"_qs, u"x"_qs};
+        u"\n"_qs,
+        u"\n"_qs,
+        u"\n\n"_qs,
+        u" "_qs,
+        u"    "_qs,
+        u"\t"_qs,
+        u"C"_qs,
+        u"G7"_qs,
+        u"Am"_qs,
+        u"D/F#"_qs,
+        u"Cmaj7"_qs,
+        u"Bm7b5"_qs,
+        u"Bb7M"_qs,
+        u"(2x)"_qs,
+        u"x2"_qs,
+        u"| "_qs,
+        u" . "_qs,
+        u" – "_qs,
+        u"%"_qs,
+        u"Intro: "_qs,
+        u"[Intro] "_qs,
+        u"[Refrão]"_qs,
+        u"Refrão:"_qs,
+        u"Verse 2"_qs,
+        u"1ª estrofe"_qs,
+        u"[A]"_qs,
+        u"Título: "_qs,
+        u"Tom: "_qs,
+        u"Tom: Bb\n"_qs,
+        u"Artista: "_qs,
+        u"Capo: 2\n"_qs,
+        u"Temas: "_qs,
+        u"Categoria: Secular\n"_qs,
+        u"Santo"_qs,
+        u"ção"_qs,
+        u"Bom"_qs,
+        u"Sob"_qs,
+        u"A"_qs,
+        u"E|--0--|"_qs,
+        u"B|--1--|"_qs,
+        u"{"_qs,
+        u"["_qs,
+        u"]"_qs,
+        u"\\"_qs,
+        u"\u00A0"_qs,
+        u"£"_qs,
+        u"\U0001F3B8"_qs,
+        u"x"_qs,
+        u"Título: a\nReferência: b\nTom: Am\nCategoria: Secular\nTemas: c; d\n\n"_qs,
+        QString(u"\n" + Songbook::SongsApart() + u"\n\nTítulo: e\n")};
     return pieces;
 }
 
@@ -60,7 +94,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     text.replace(u"\r\n"_qs, u"\n"_qs).replace(u'\r', u'\n');
     const Songbook::Reading reading = Songbook::ReadChordText(text, u"nome"_qs);
     TakenBack(reading);
-    for (const ExchangeSong& song : reading.songs)
+    // A text that has the line between songs in it would be cut there.
+    for (const ExchangeSong& song : reading.songs) {
+        if (!song.letra1->contains(Songbook::SongsApart()))
+            TakenBackFromText(song);
+    }
+    // Also what looks like ours and was made by somebody else.
+    for (const ExchangeSong& song : Songbook::ReadPlainText(text, u"nome"_qs).songs)
         TakenBackFromText(song);
     QString otherEnds = text;
     otherEnds.replace(u'\n', u'\r');

@@ -108,7 +108,7 @@ public:
         song.titulo = *title;
         song.referencia = reference.value_or(QString());
         song.categoria = category == u"Secular" ? 2 : 1;
-        if (themes)
+        if (themes && !themes->isEmpty())
             song.temas = themes->split(u"; "_qs);
         song.letra1 = song.letra2 = Text();
         SetKey(song, key.value_or(QString()), keyLine);
@@ -119,7 +119,7 @@ public:
 private:
     std::optional<QString> Take(QStringView name)
     {
-        const auto value = m_at < m_end ? ValueOf(m_lines[m_at], name) : std::nullopt;
+        auto value = m_at < m_end ? ValueOf(m_lines[m_at], name) : std::nullopt;
         m_at += value ? 1 : 0;
         return value;
     }

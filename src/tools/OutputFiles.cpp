@@ -99,7 +99,7 @@ QString WriteFiles(const QList<OutputFile>& files, const QString& folder,
         return {};
     }
     DraftFolder draft(folder);
-    const QString noDraft = draft.Begin();
+    QString noDraft = draft.Begin();
     if (!noDraft.isEmpty())
         return noDraft;
     qsizetype done = 0;

@@ -16,6 +16,7 @@
 #include <QTest>
 
 #include <limits>
+#include <stdexcept>
 
 namespace {
 
@@ -65,6 +66,8 @@ private slots:
     void whatTheProgramDoesNotKnowIsLeftAndNamed();
     void theOldFileStaysAsItIs();
     void progressGoesFromNothingToAll();
+    void whoeverIsInterruptedLeavesNothing_data();
+    void whoeverIsInterruptedLeavesNothing();
     void tryingItOutWritesNothing();
     void aDraftOfAnInterruptedConversionIsReplaced();
     void twoConversionsAtOnceDoNotMix();
@@ -175,6 +178,30 @@ void tst_jet_conversion::progressGoesFromNothingToAll()
     QVERIFY(std::is_sorted(parts.begin(), parts.end()));
     QVERIFY(parts.first() >= 0);
     QCOMPARE(parts.last(), 1.0);
+}
+
+void tst_jet_conversion::whoeverIsInterruptedLeavesNothing_data()
+{
+    QTest::addColumn<double>("part");
+    QTest::newRow("at the beginning") << 0.0;
+    QTest::newRow("in the first half") << 0.25;
+    QTest::newRow("while it is checked") << 0.75;
+}
+
+/// Progress is where a user's wish to end is noticed.
+void tst_jet_conversion::whoeverIsInterruptedLeavesNothing()
+{
+    QFETCH(double, part);
+    QVERIFY(QDir().mkdir(Path(u"sozinho"_qs)));
+    const auto interrupt = [part](double done) {
+        if (done >= part)
+            throw std::logic_error("interrupted");
+    };
+    QVERIFY_THROWS_EXCEPTION(std::logic_error, JetConversion::Convert(CatalogoAntigo::Caminho(),
+                                                                      Path(u"sozinho/novo.mdb"_qs),
+                                                                      false, interrupt));
+    const auto all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
+    QCOMPARE(QDir(Path(u"sozinho"_qs)).entryList(all), QStringList());
 }
 
 void tst_jet_conversion::tryingItOutWritesNothing()

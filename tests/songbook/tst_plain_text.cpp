@@ -227,7 +227,5 @@ void tst_plain_text::linesOfALaterSongAreCountedFromTheTop()
         u"perdido %1: o tom \"Original\" não foi reconhecido\n"_qs.arg(first.count(u'\n') + 2));
 }
 
-Q_DECLARE_METATYPE(ExchangeSong)
-
 QTEST_APPLESS_MAIN(tst_plain_text)
 #include "tst_plain_text.moc"

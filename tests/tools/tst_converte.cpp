@@ -71,6 +71,7 @@ private slots:
     void namesWithLineFeedsStayOnTheirLine();
     void fullDiskBehindTheSummaryIsTold();
     void helpIsNoError();
+    void progressIsShownOnATerminalOnly_data();
     void progressIsShownOnATerminalOnly();
 
 private:
@@ -362,16 +363,36 @@ void tst_converte::helpIsNoError()
     QCOMPARE(outcome.err, QString());
 }
 
+void tst_converte::progressIsShownOnATerminalOnly_data()
+{
+    QTest::addColumn<QString>("source");
+    QTest::addColumn<QString>("target");
+    QTest::addColumn<QString>("shown");
+    const auto row = [](const char* story, const QString& source, const QString& target,
+                        const QString& shown) {
+        QTest::newRow(story) << source << target << shown;
+    };
+    row("reading files", u"pasta"_qs, u"novo.mld"_qs, u"20 de 40 arquivos lidos"_qs);
+    row("reading songs", u"tudo.mld"_qs, u"novo.cho"_qs, u"20 de 40 músicas lidas"_qs);
+    row("making an exchange file", u"pasta"_qs, u"novo.mld"_qs, u"20 de 40 músicas\r"_qs);
+    row("making a text", u"tudo.mld"_qs, u"novo.txt"_qs, u"20 de 40 músicas\r"_qs);
+    row("making a book", u"tudo.mld"_qs, u"novo.pdf"_qs, u"20 de 40 músicas\r"_qs);
+    row("writing files", u"tudo.mld"_qs, u"nova/"_qs, u"20 de 40 arquivos gravados"_qs);
+}
+
 void tst_converte::progressIsShownOnATerminalOnly()
 {
+    QFETCH(QString, source);
+    QFETCH(QString, target);
+    QFETCH(QString, shown);
     for (int i = 0; i < 40; ++i)
         Put(u"pasta/%1.cho"_qs.arg(i), PeixeVivo);
-    const QString target = Path(u"novo.mld"_qs);
-    const QString command = Tool + u" --force " + Path(u"pasta"_qs) + u' ' + target;
+    QCOMPARE(Convert({Path(u"pasta"_qs), Path(u"tudo.mld"_qs)}).code, 0);
+    const QString command = Tool + u" --force " + Path(source) + u' ' + Path(target);
     const Outcome terminal = RunTool(u"script"_qs, {u"-qec"_qs, command, u"/dev/null"_qs});
     QCOMPARE(terminal.code, 0);
-    QVERIFY2(terminal.out.contains(u"20 de 40 arquivos"), qPrintable(terminal.out));
-    const Outcome piped = Convert({u"--force"_qs, Path(u"pasta"_qs), target});
+    QVERIFY2(terminal.out.contains(shown), qPrintable(terminal.out));
+    const Outcome piped = Convert({u"--force"_qs, Path(source), Path(target)});
     QCOMPARE(piped.code, 0);
     QCOMPARE(piped.err, QString());
 }

@@ -156,8 +156,8 @@ void tst_output::interruptionLeavesAllAsItWas()
         if (done == file)
             throw Interrupted();
     };
-    QVERIFY_EXCEPTION_THROWN(WriteFiles(Files(Path(folder)), Path(folder), Report(interrupt)),
-                             Interrupted);
+    QVERIFY_THROWS_EXCEPTION(Interrupted,
+                             WriteFiles(Files(Path(folder)), Path(folder), Report(interrupt)));
     QCOMPARE(All(), QStringList({u"velha"_qs, u"velha/b.cho"_qs}));
     QCOMPARE(Content(Path(u"velha/b.cho"_qs)), QByteArray("old b"));
 }
@@ -177,10 +177,10 @@ void tst_output::wishIsNotedUntilItIsAskedFor()
     Interruption::Watch();
     Interruption::Check();
     QCOMPARE(std::raise(wish), 0);
-    QVERIFY_EXCEPTION_THROWN(Interruption::Check(), Interrupted);
+    QVERIFY_THROWS_EXCEPTION(Interrupted, Interruption::Check());
     Put(u"meu.mld"_qs, "mine");
     for (const QString& name : {u"meu.mld"_qs, u"novo.mld"_qs})
-        QVERIFY_EXCEPTION_THROWN(WriteFiles({{Path(name), "new"}}, {}, Report()), Interrupted);
+        QVERIFY_THROWS_EXCEPTION(Interrupted, WriteFiles({{Path(name), "new"}}, {}, Report()));
     QCOMPARE(All(), QStringList{u"meu.mld"_qs});
     QCOMPARE(Content(Path(u"meu.mld"_qs)), QByteArray("mine"));
     Interruption::Watch(); // and nothing of it is left for the next
