@@ -132,7 +132,15 @@ QString VirtualScreen::WaitForFocus(const QString& title) const
 {
     return WaitFor([&] {
         const QString active = Xdotool({u"getactivewindow"_qs});
-        return Windows(title).contains(active) ? active : QString();
+        const QStringList wanted = Windows(title);
+        if (wanted.contains(active))
+            return active;
+        // Windows gives the keyboard to the form behind a box that closes; Wine on a bare window
+        // manager gives it to nobody.
+        if (qEnvironmentVariableIsSet("MELODARIO_WINDOWS") && !wanted.isEmpty() &&
+            !Windows(u"."_qs).contains(active))
+            Xdotool({u"windowactivate"_qs, wanted.first()});
+        return QString();
     });
 }
 
