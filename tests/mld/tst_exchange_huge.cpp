@@ -106,8 +106,7 @@ void tst_exchange_huge::aGigabyteOfText_data()
 {
     QTest::addColumn<QByteArray>("declaration");
     QTest::newRow("UTF-8") << QByteArray();
-    QTest::newRow("the code page")
-        << QByteArray(R"(<?xml version="1.0" encoding="iso-8859-1" ?>)");
+    QTest::newRow("the code page") << QByteArray(R"(<?xml version="1.0" encoding="iso-8859-1" ?>)");
 }
 
 void tst_exchange_huge::aGigabyteOfText()
