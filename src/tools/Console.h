@@ -18,5 +18,5 @@ public:
     static bool ClosesWithTheCommand();
 
 private:
-    unsigned int m_before = 0; ///< the code page that was there
+    [[maybe_unused]] unsigned int m_before = 0; ///< the code page that was there
 };
