@@ -66,6 +66,7 @@ void ReportList::ShowWhenEmpty(const QString& drawing)
         return;
     m_drawing = drawing;
     m_whenEmpty = Appearance::Icon(drawing);
+    m_drawn = QPixmap();
     viewport()->update();
 }
 
@@ -117,9 +118,11 @@ void ReportList::paintEvent(QPaintEvent* event)
     place.moveCenter(viewport()->rect().center());
     if (!viewport()->rect().contains(place))
         return;
+    if (m_drawn.isNull() || m_drawn.devicePixelRatio() != devicePixelRatioF())
+        m_drawn = m_whenEmpty.pixmap(place.size(), devicePixelRatioF());
     QPainter painter(viewport());
     painter.setOpacity(Faint);
-    m_whenEmpty.paint(&painter, place);
+    painter.drawPixmap(place, m_drawn);
 }
 
 void ReportList::drawRow(QPainter* painter, const QStyleOptionViewItem& option,

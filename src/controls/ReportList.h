@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QIcon>
+#include <QPixmap>
 #include <QTreeView>
 
 /// Rows in columns below a clickable header, all of one height: what the list of songs and the grid
@@ -46,4 +47,5 @@ private:
     Qt::SortOrder m_direction = Qt::AscendingOrder;
     QString m_drawing; ///< the file of m_whenEmpty
     QIcon m_whenEmpty;
+    QPixmap m_drawn; ///< of m_whenEmpty: a search paints it with every letter
 };
