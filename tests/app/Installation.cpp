@@ -38,7 +38,7 @@ QString Installation::Program() const
                                           : QStringLiteral("Melodario.exe"));
 }
 
-void Installation::CopyForWindows()
+void Installation::CopyForWindows() const
 {
     const QDir from(WindowsFolder());
     QDirIterator files(from.path(), QDir::Files, QDirIterator::Subdirectories);

@@ -43,7 +43,7 @@ public:
     static bool Put(const QString& path, const QByteArray& content);
 
 private:
-    void CopyForWindows();
+    void CopyForWindows() const;
 
     QTemporaryDir m_temporary;
     QString m_folder;
