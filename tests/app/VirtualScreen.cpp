@@ -131,7 +131,7 @@ QString VirtualScreen::WaitForWindow(const QString& title) const
 QString VirtualScreen::WaitForFocus(const QString& title) const
 {
     return WaitFor([&] {
-        const QString active = Xdotool({u"getactivewindow"_qs});
+        QString active = Xdotool({u"getactivewindow"_qs});
         const QStringList wanted = Windows(title);
         if (wanted.contains(active))
             return active;
