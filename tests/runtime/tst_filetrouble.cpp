@@ -41,8 +41,10 @@ void tst_filetrouble::ofANumber()
 {
     QFETCH(int, number);
     QFETCH(QString, words);
-    QCOMPARE(FileTrouble(std::error_code(number, std::system_category())), words);
     QCOMPARE(FileTrouble(std::error_code(number, std::generic_category())), words);
+#ifndef Q_OS_WIN // whose own numbers are others
+    QCOMPARE(FileTrouble(std::error_code(number, std::system_category())), words);
+#endif
 }
 
 void tst_filetrouble::everyNumberHasWords()
@@ -64,7 +66,9 @@ void tst_filetrouble::ofAFile()
     // Whatever his rights, nobody can look up such a name.
     QFile lengthy(folder.filePath(QString(300, u'a')));
     QVERIFY(!lengthy.open(QIODevice::WriteOnly));
+#ifndef Q_OS_WIN // which tells it as a missing one
     QCOMPARE(FileTrouble(lengthy), u"o nome é longo demais"_qs);
+#endif
 
     QFile place(folder.path());
     QVERIFY(!place.open(QIODevice::WriteOnly));

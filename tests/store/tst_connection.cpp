@@ -164,8 +164,10 @@ void tst_connection::createsNoFile()
     QVERIFY(!QFile::exists(path));
     QCOMPARE(Opening(TestCatalogue::ConnectionString(catalogue.Folder())).whatFailed,
              u"O banco de dados é um arquivo, e isto é uma pasta."_qs);
+#ifndef Q_OS_WIN // which has no such file
     QCOMPARE(Opening(TestCatalogue::ConnectionString(u"/dev/null"_qs)).whatFailed,
              u"O banco de dados é um arquivo comum, e isto não é."_qs);
+#endif
     QVERIFY(Opening(TestCatalogue::ConnectionString(u":memory:"_qs)).number != 0);
     QVERIFY(Opening(TestCatalogue::ConnectionString(u"file:"_qs + catalogue.Path())).number != 0);
 }
