@@ -91,7 +91,7 @@ QString DraftFolder::KeepFile(const OutputFile& file) const
 {
     // Through a link the file beyond it is written, which may be on another disk.
     if (QFileInfo(file.path).isSymLink())
-        return WriteFile(file);
+        return WriteFile(file, false);
     std::error_code failure;
     std::filesystem::rename(Native(m_draft + u'/' + NameOf(file)), Native(file.path), failure);
     return failure ? u"o arquivo pronto não pôde receber o seu nome"_qs : QString();

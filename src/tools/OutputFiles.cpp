@@ -75,7 +75,7 @@ QString WhyNotWritten(const QList<OutputFile>& files, const QString& folder, boo
     return {};
 }
 
-QString WriteFile(const OutputFile& output)
+QString WriteFile(const OutputFile& output, bool mayEnd)
 {
     if (output.path == Standard())
         return WriteToStandard(output.bytes);
@@ -83,7 +83,8 @@ QString WriteFile(const OutputFile& output)
     // A commit alone would not notice that the last bytes did not reach the disk.
     const bool written = file.open(QIODevice::WriteOnly) &&
                          file.write(output.bytes) == output.bytes.size() && file.flush();
-    Interruption::Check();
+    if (mayEnd)
+        Interruption::Check();
     return written && file.commit() ? QString() : FileTrouble(file);
 }
 

@@ -16,9 +16,10 @@ QString WhyNoFolder(const QString& folder);
 QString WhyNotWritten(const QList<OutputFile>& files, const QString& folder, bool force);
 
 /// Writes a file whole or not at all; what is replaced is safe until the new one is on the disk.
+/// @param mayEnd  false where some of several files are in their places already
 /// @return why it failed, in Portuguese, without the file; empty when it is there
-/// @throws Interrupted
-QString WriteFile(const OutputFile& output);
+/// @throws Interrupted when it may end and somebody wishes so
+QString WriteFile(const OutputFile& output, bool mayEnd = true);
 
 /// Writes files, each whole or not at all; those of a folder all together (DraftFolder.h).
 /// @param folder  made when it is not there; empty for a single file, whose folder would be missing

@@ -28,6 +28,7 @@ private slots:
     void wishIsNotedUntilItIsAskedFor();
     void failureLeavesAllAsItWas();
     void linkInAFolderIsWrittenThrough();
+    void aWishWhileFilesGetTheirPlacesComesTooLate();
     void leftDraftsOfOthersAreNoHindrance();
 
 private:
@@ -213,6 +214,27 @@ void tst_output::linkInAFolderIsWrittenThrough()
     QVERIFY(QFileInfo(Path(u"velha/b.cho"_qs)).isSymLink());
     QCOMPARE(Content(Path(u"longe/b.cho"_qs)), QByteArray("new b"));
     QCOMPARE(All().size(), 6);
+}
+
+/// Some files may be in their places by then: the others follow, instead of the claim that nothing
+/// was written.
+void tst_output::aWishWhileFilesGetTheirPlacesComesTooLate()
+{
+    Put(u"velha/outro.txt"_qs, "other");
+    Put(u"longe/b.cho"_qs, "old b");
+    QVERIFY(QFile::link(Path(u"longe/b.cho"_qs), Path(u"velha/b.cho"_qs)));
+    std::signal(SIGINT, SIG_DFL); // whoever started the tests may have it ignored
+    Interruption::Watch();
+    const QList<OutputFile> files = Files(Path(u"velha/"_qs));
+    const auto wishAtTheEnd = [&files](qsizetype done) {
+        if (done == files.size())
+            QCOMPARE(std::raise(SIGINT), 0);
+    };
+    QCOMPARE(WriteFiles(files, Path(u"velha/"_qs), Report(wishAtTheEnd)), QString());
+    QCOMPARE(Content(Path(u"velha/a.cho"_qs)), QByteArray("new a"));
+    QCOMPARE(Content(Path(u"longe/b.cho"_qs)), QByteArray("new b"));
+    QVERIFY_THROWS_EXCEPTION(Interrupted, Interruption::Check());
+    Interruption::Watch(); // nothing of it is left for the next
 }
 
 /// A run that was ended by force could not clean up, and another may be at work.

@@ -5,6 +5,7 @@
 
 void SongLinks::Add(qint64 row, Number song, Number theme)
 {
+    ForgetPlaces();
     m_links.push_back({row, song, theme});
 }
 
