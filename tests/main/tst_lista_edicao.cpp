@@ -13,6 +13,7 @@ private slots:
     void theMenuShowsAPreparedPanel();
     void theDateIsToday_data();
     void theDateIsToday();
+    void afterMidnightTodayIsTheNextDay();
     void aDoubleClickAdds();
     void enterInTheListAdds();
     void enterInTheFilterAddsTheOnlySongLeft();
@@ -32,6 +33,7 @@ private slots:
     void loadingTellsTheCurrentSong();
     void withoutACurrentSongUpDoesNothingAndDownFails();
     void clearingStartsANewSetlist();
+    void clearingForgetsTheCurrentSong();
     void clearingKeepsTheFiltersAndTheOffer();
     void clearingAsksOnlyAfterChanges();
     void namesAndDatesAreNoChanges();
@@ -113,6 +115,19 @@ void tst_lista_edicao::theDateIsToday()
     QCOMPARE(Texto("txtData"), text);
 }
 
+void tst_lista_edicao::afterMidnightTodayIsTheNextDay()
+{
+    m_catalogo->AddSetlist(u"Ensaio"_qs, QDate(2008, 1, 2));
+    Carrega();
+    QCOMPARE(Texto("txtData"), u"05/03/2009"_qs);
+    m_hoje = QDate(2009, 3, 6);
+    Clica("cmdLimpar");
+    QCOMPARE(Texto("txtData"), u"06/03/2009"_qs);
+    m_hoje = QDate(2009, 3, 7);
+    Responde(0, "cmdCopiar");
+    QCOMPARE(Texto("txtData"), u"07/03/2009"_qs);
+}
+
 void tst_lista_edicao::aDoubleClickAdds()
 {
     const qint64 amor = Musica(u"Amor"_qs);
@@ -147,6 +162,11 @@ void tst_lista_edicao::enterInTheFilterAddsTheOnlySongLeft()
     Tecla("txtFiltro", Qt::Key_Return);
     QCOMPARE(Titulos(), QStringList({u"Canto"_qs}));
     QVERIFY(Acha<QWidget>("txtFiltro")->hasFocus());
+    // The filter stands and the song is still on offer.
+    QCOMPARE(Texto("txtFiltro"), u"ca"_qs);
+    Tecla("txtFiltro", Qt::Key_Enter);
+    QCOMPARE(Titulos(), QStringList({u"Canto"_qs, u"Canto"_qs}));
+    QCOMPARE(Oferecidas(), QStringList({u"Canto - Anônimo"_qs}));
 }
 
 void tst_lista_edicao::theAddButtonAdds()
@@ -356,6 +376,17 @@ void tst_lista_edicao::clearingStartsANewSetlist()
     QCOMPARE(Texto("lblLista"), u"0 Música(s) Selecionada(s)"_qs);
     QCOMPARE(Modificada(), u"0"_qs);
     QCOMPARE(Caixas(), QStringList());
+}
+
+void tst_lista_edicao::clearingForgetsTheCurrentSong()
+{
+    Carrega_Com_Quatro();
+    Seleciona(1);
+    Clica("cmdLimpar");
+    Adiciona({2, 3});
+    Clica("cmdUp");
+    QCOMPARE(Titulos(), QStringList({u"Canto"_qs, u"Deus"_qs}));
+    QCOMPARE(Atual(), -1);
 }
 
 void tst_lista_edicao::clearingKeepsTheFiltersAndTheOffer()

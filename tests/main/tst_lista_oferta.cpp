@@ -16,6 +16,7 @@ private slots:
     void theStatementRunsOnceForTheListAndOnceForItsNumber();
     void categoriesAreKeptApart();
     void aThemeNarrowsTheOffer();
+    void openingAgainOffersAllThemesAndKeepsTheOtherFilters();
     void aCatalogueWithOneThemeOffersThatOne();
     void aCatalogueWithoutThemesSaysSo();
     void songsInSeveralThemesAreOfferedOnce();
@@ -129,6 +130,30 @@ void tst_lista_oferta::aThemeNarrowsTheOffer()
     QCOMPARE(Oferecidas(), QStringList({u"Bem - Anônimo"_qs}));
     QTest::keyClick(temas, Qt::Key_Home);
     QCOMPARE(Oferecidas().size(), 2);
+}
+
+void tst_lista_oferta::openingAgainOffersAllThemesAndKeepsTheOtherFilters()
+{
+    TestSong secular;
+    secular.category = 2;
+    Musica(u"Asa Branca"_qs, secular);
+    m_catalogo->Link(Musica(u"Aquarela"_qs, secular), m_outro);
+    Musica(u"Baião"_qs, secular);
+    Musica(u"Amor"_qs);
+    Carrega();
+    Clica("optTipo_1");
+    Digita("txtFiltro", u"a"_qs);
+    auto* temas = Acha<ComboBox>("cmbTema");
+    temas->setFocus();
+    QTest::keyClick(temas, Qt::Key_End);
+    QCOMPARE(Oferecidas(), QStringList({u"Aquarela - Anônimo"_qs}));
+    Escolhe("mnuPesquisa");
+    Escolhe("mnuLista");
+    QCOMPARE(temas->currentText(), u"TODAS"_qs);
+    QVERIFY(Acha<QRadioButton>("optTipo_1")->isChecked());
+    QCOMPARE(Texto("txtFiltro"), u"a"_qs);
+    QCOMPARE(Oferecidas(), QStringList({u"Aquarela - Anônimo"_qs, u"Asa Branca - Anônimo"_qs}));
+    QCOMPARE(Texto("lblMusicasEncontradas"), u"2 Música(s) disponível(is)"_qs);
 }
 
 void tst_lista_oferta::aCatalogueWithOneThemeOffersThatOne()

@@ -21,8 +21,10 @@ private slots:
     void otherKeysInTheListTakeNothing();
     void thePlaceholderCanBeTakenAsAReference();
     void referencesStayWhenTheirBoxLosesTheFocus();
+    void referencesStayWhileTheTitleHasTheFocus();
     void referencesGoWhenTheirListLosesTheFocus();
     void clearedReferenceHidesTheList();
+    void blanksTypedAreAskedForAsTheyAre();
 };
 
 void tst_sugestoes_referencia::referenceStatementIsAsGiven()
@@ -221,6 +223,22 @@ void tst_sugestoes_referencia::referencesStayWhenTheirBoxLosesTheFocus()
     QVERIFY(m_referencias->isVisible());
 }
 
+void tst_sugestoes_referencia::referencesStayWhileTheTitleHasTheFocus()
+{
+    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
+    Cadastro();
+    Escreve_Referencia(u"H"_qs);
+    QTest::keyClick(m_referencia, Qt::Key_Tab, Qt::ShiftModifier);
+    QVERIFY(m_titulo->hasFocus());
+    QVERIFY(m_referencias->isVisible());
+    Escreve_Titulo(u"U"_qs);
+    QVERIFY(m_musicas->isVisible());
+    QVERIFY(m_referencias->isVisible());
+    Acha<QWidget>("lstCadTema")->setFocus();
+    QVERIFY(m_musicas->isHidden());
+    QVERIFY(m_referencias->isVisible());
+}
+
 void tst_sugestoes_referencia::referencesGoWhenTheirListLosesTheFocus()
 {
     Com_Referencia(u"Um"_qs, u"Harpa"_qs);
@@ -249,6 +267,19 @@ void tst_sugestoes_referencia::clearedReferenceHidesTheList()
     Tecla(Qt::Key_Backspace);
     QVERIFY(m_referencias->isHidden());
     QCOMPARE(m_comandos, QStringList());
+    QCOMPARE(Itens(*m_referencias), QStringList(u"Harpa"_qs));
+}
+
+void tst_sugestoes_referencia::blanksTypedAreAskedForAsTheyAre()
+{
+    Com_Referencia(u"Um"_qs, u"Ana Clara"_qs);
+    Com_Referencia(u"Dois"_qs, u"Anabela"_qs);
+    Cadastro();
+    Escreve_Referencia(u"Ana "_qs);
+    QCOMPARE(Itens(*m_referencias), QStringList(u"Ana Clara"_qs));
+    m_referencia->clear();
+    Escreve_Referencia(u" "_qs);
+    QCOMPARE(Itens(*m_referencias), QStringList(u"Não há dados a serem mostrados."_qs));
 }
 
 QTEST_MAIN(tst_sugestoes_referencia)
