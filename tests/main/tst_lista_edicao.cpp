@@ -17,6 +17,8 @@ private slots:
     void aDoubleClickAdds();
     void enterInTheListAdds();
     void enterInTheFilterAddsTheOnlySongLeft();
+    void aHeldEnterAddsOnce_data();
+    void aHeldEnterAddsOnce();
     void theAddButtonAdds();
     void addingWithoutACurrentSongOnlyMarksAChange();
     void theSameSongCanBeAddedTwice();
@@ -167,6 +169,22 @@ void tst_lista_edicao::enterInTheFilterAddsTheOnlySongLeft()
     Tecla("txtFiltro", Qt::Key_Enter);
     QCOMPARE(Titulos(), QStringList({u"Canto"_qs, u"Canto"_qs}));
     QCOMPARE(Oferecidas(), QStringList({u"Canto - Anônimo"_qs}));
+}
+
+void tst_lista_edicao::aHeldEnterAddsOnce_data()
+{
+    QTest::addColumn<QByteArray>("control");
+    QTest::newRow("in the list") << QByteArray("lstMusicasLista");
+    QTest::newRow("in the filter") << QByteArray("txtFiltro");
+}
+
+void tst_lista_edicao::aHeldEnterAddsOnce()
+{
+    QFETCH(QByteArray, control);
+    Musica(u"Amor"_qs);
+    Carrega();
+    Segura_Enter(control.constData());
+    QCOMPARE(Titulos(), QStringList({u"Amor"_qs}));
 }
 
 void tst_lista_edicao::theAddButtonAdds()
@@ -396,7 +414,9 @@ void tst_lista_edicao::clearingKeepsTheFiltersAndTheOffer()
     Carrega();
     Digita("txtFiltro", u"a"_qs);
     Acha<ComboBox>("cmbTema")->SetListIndex(1);
+    QCOMPARE(Acha<ListBox>("lstMusicasLista")->ListIndex(), 0);
     Clica("cmdLimpar");
+    QCOMPARE(Acha<ListBox>("lstMusicasLista")->ListIndex(), 0);
     QCOMPARE(Texto("txtFiltro"), u"a"_qs);
     QCOMPARE(Acha<ComboBox>("cmbTema")->ListIndex(), 1);
     QCOMPARE(Oferecidas(), QStringList({u"Amor - Anônimo"_qs}));

@@ -23,6 +23,8 @@ private slots:
     void songsWithoutAThemeAreNeverOffered();
     void theFilterAsksForTheBeginningOfTitles();
     void percentAndUnderscoreAreWildcards();
+    void whatLooksLikeAStatementIsABeginningOfATitle_data();
+    void whatLooksLikeAStatementIsABeginningOfATitle();
     void theOnlySongLeftIsCurrent();
     void severalSongsLeaveNoneCurrent();
     void anApostropheFailsOnceWhileItStands();
@@ -215,6 +217,31 @@ void tst_lista_oferta::percentAndUnderscoreAreWildcards()
     QCOMPARE(Oferecidas(), QStringList({u"Amor - Anônimo"_qs, u"Só Amor - Anônimo"_qs}));
     Digita("txtFiltro", u"_e"_qs);
     QCOMPARE(Oferecidas(), QStringList({u"Bem - Anônimo"_qs}));
+}
+
+void tst_lista_oferta::whatLooksLikeAStatementIsABeginningOfATitle_data()
+{
+    QTest::addColumn<QString>("filter");
+    QTest::newRow("quotes") << uR"("a" OR "a" = "a)"_qs;
+    QTest::newRow("another statement") << u"a; DELETE FROM LISTA; --"_qs;
+    QTest::newRow("a comment") << u"a /* b */ -- c"_qs;
+    QTest::newRow("places for values") << u"?1 :a @b $c"_qs;
+    QTest::newRow("backslashes") << uR"(a\b\)"_qs;
+    QTest::newRow("stars and question marks") << u"a*?"_qs;
+    QTest::newRow("an open bracket") << u"Sol [vivo"_qs;
+}
+
+void tst_lista_oferta::whatLooksLikeAStatementIsABeginningOfATitle()
+{
+    QFETCH(QString, filter);
+    Musica(filter + u" viva"_qs);
+    Musica(u"ab"_qs);
+    m_catalogo->AddSetlist(u"Ensaio"_qs, QDate(2009, 3, 5));
+    Carrega();
+    Digita("txtFiltro", filter);
+    QCOMPARE(Caixas(), QStringList());
+    QCOMPARE(Oferecidas(), QStringList(filter + u" viva - Anônimo"_qs));
+    QCOMPARE(Listas().size(), 1);
 }
 
 void tst_lista_oferta::theOnlySongLeftIsCurrent()

@@ -25,6 +25,8 @@ private slots:
     void referencesGoWhenTheirListLosesTheFocus();
     void clearedReferenceHidesTheList();
     void blanksTypedAreAskedForAsTheyAre();
+    void listFollowsItsBoxWhenTheWindowIsResized();
+    void aFailureIsShownOnceWhileTyping();
 };
 
 void tst_sugestoes_referencia::referenceStatementIsAsGiven()
@@ -280,6 +282,28 @@ void tst_sugestoes_referencia::blanksTypedAreAskedForAsTheyAre()
     m_referencia->clear();
     Escreve_Referencia(u" "_qs);
     QCOMPARE(Itens(*m_referencias), QStringList(u"Não há dados a serem mostrados."_qs));
+}
+
+void tst_sugestoes_referencia::listFollowsItsBoxWhenTheWindowIsResized()
+{
+    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
+    Cadastro();
+    Escreve_Referencia(u"H"_qs);
+    const int antes = m_referencias->width();
+    m_form->resize(m_form->width() + 200, m_form->height());
+    QTRY_VERIFY(m_referencias->width() > antes);
+    QCOMPARE(No_Formulario(*m_referencias).top(), No_Formulario(*m_referencia).bottom() + 1);
+    QCOMPARE(No_Formulario(*m_referencias).left(),
+             (No_Formulario(*m_referencia).left() * 15 - 10) / 15);
+}
+
+void tst_sugestoes_referencia::aFailureIsShownOnceWhileTyping()
+{
+    Cadastro();
+    Funcoes::Conexao.Close();
+    Escreve_Referencia(u"Harpa"_qs);
+    QCOMPARE(m_caixas->boxes.size(), 1);
+    QCOMPARE(m_referencia->text(), u"Harpa"_qs);
 }
 
 QTEST_MAIN(tst_sugestoes_referencia)
