@@ -14,6 +14,7 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace {
@@ -109,6 +110,11 @@ public:
         box->setInputMode(QInputDialog::TextInput);
         box->setWindowTitle(title);
         box->setLabelText(prompt);
+        const auto edits = box->findChildren<QLineEdit*>();
+        for (QLineEdit* edit : edits) {
+            edit->setMaxLength(std::numeric_limits<int>::max()); // else the initial text is cut
+            new OneLinePaste(*edit);
+        }
         box->setTextValue(initial);
         box->sizeHint(); // builds the layout
         const QMargins margins = box->layout()->contentsMargins();
@@ -120,9 +126,6 @@ public:
             label->setWordWrap(true);
             label->setMinimumWidth(std::clamp(room, 0, InputWidth));
         }
-        const auto edits = box->findChildren<QLineEdit*>();
-        for (QLineEdit* edit : edits)
-            new OneLinePaste(*edit);
         new HeldKeys(*box, HeldKeys::Enter);
         if (corner)
             box->move(*corner);

@@ -47,6 +47,7 @@ private slots:
     void a_held_key_answers_nothing_data();
     void a_held_key_answers_nothing();
     void an_input_box_gives_what_was_typed();
+    void an_input_box_keeps_an_initial_text_whole();
     void an_input_box_takes_one_line_of_what_is_pasted();
     void a_held_enter_leaves_an_input_box_open();
     void an_input_box_that_is_cancelled_gives_an_empty_text();
@@ -194,6 +195,15 @@ void tst_dialogs::a_held_key_answers_nothing()
     else
         Funcoes::Mostra_Mensagem(nullptr, u"Olá"_s, Icone::Informacao);
     QVERIFY(stayed);
+}
+
+void tst_dialogs::an_input_box_keeps_an_initial_text_whole()
+{
+    // Longer than a line edit takes unless told otherwise: confirmed unchanged, nothing is lost.
+    const QString name = u"Louvor "_s.repeated(6000) + u"fim"_s;
+    WithNextBox<QInputDialog>(
+        [](QInputDialog& box) { QTest::keyClick(box.findChild<QLineEdit*>(), Qt::Key_Return); });
+    QVERIFY(Funcoes::Caixa_Entrada(nullptr, u"Nome"_s, u"Tema"_s, name) == name);
 }
 
 void tst_dialogs::an_input_box_takes_one_line_of_what_is_pasted()

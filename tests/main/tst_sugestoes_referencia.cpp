@@ -9,6 +9,7 @@ class tst_sugestoes_referencia : public SugestoesTeste
 private slots:
     void referenceStatementIsAsGiven();
     void typedReferenceListsEachReferenceOnce();
+    void spellingsInOtherLetterCaseAreOneReference();
     void downArrowWithoutACurrentItemSelectsNothing();
     void downArrowWithACurrentItemBeginsAtTheTop();
     void downArrowOnASingleMatchKeepsItSelected();
@@ -52,6 +53,17 @@ void tst_sugestoes_referencia::typedReferenceListsEachReferenceOnce()
     QCOMPARE(Itens(*m_referencias), QStringList({u"Harpa"_qs, u"Hinário"_qs}));
     QCOMPARE(m_referencias->ItemData(0), 1);
     QCOMPARE(m_referencias->ItemData(1), 1);
+}
+
+void tst_sugestoes_referencia::spellingsInOtherLetterCaseAreOneReference()
+{
+    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
+    Com_Referencia(u"Dois"_qs, u"HARPA"_qs);
+    Com_Referencia(u"Três"_qs, u"Hárpa"_qs);
+    Com_Referencia(u"Quatro"_qs, u"harpa"_qs);
+    Cadastro();
+    Escreve_Referencia(u"h"_qs);
+    QCOMPARE(Itens(*m_referencias), QStringList({u"Harpa"_qs, u"Hárpa"_qs}));
 }
 
 void tst_sugestoes_referencia::downArrowWithoutACurrentItemSelectsNothing()
