@@ -28,6 +28,7 @@ private slots:
 
     void loadingLaysTheFormOut();
     void loadingRunsItsStepsInOrder();
+    void anErrorInTheThemesEndsTheLoadingBeforeTheFirstSearch();
     void anErrorInTheImportLeavesALoadedForm();
     void menuEntriesStandInThisOrder();
     void toolbarButtonsStandInThisOrder();
@@ -162,6 +163,19 @@ void tst_principal::loadingRunsItsStepsInOrder()
     QCOMPARE(sql, QStringList(u"SELECT * FROM TEMA ORDER BY TEMA.ORDEM, TEMA.DESCRICAO"_qs));
     QVERIFY(!m_form->isVisible());
     QVERIFY(m_form->Acha<QTimer>("Timer1")->isActive());
+}
+
+void tst_principal::anErrorInTheThemesEndsTheLoadingBeforeTheFirstSearch()
+{
+    m_form.reset();
+    m_form = std::make_unique<PrincipalTeste>(*m_catalogo);
+    Funcoes::Conexao.SetStatementHook([](const QString&) {
+        throw RuntimeError(RuntimeError::StoreFailure, u"Não deu."_qs, QString());
+    });
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, m_form->Form_Load(u"x.mld"_qs));
+    Funcoes::Conexao.SetStatementHook({});
+    QVERIFY(!m_form->Acha<QTimer>("Timer1")->isActive());
+    QCOMPARE(m_form->chamadas, QStringList(u"Conecta_Banco"_qs));
 }
 
 void tst_principal::anErrorInTheImportLeavesALoadedForm()
