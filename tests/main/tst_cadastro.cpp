@@ -21,6 +21,8 @@ private slots:
     void storedSongIsAskedForAsGiven();
     void missingSecondVersionShowsTheFirst_data();
     void missingSecondVersionShowsTheFirst();
+    void missingFirstVersionStaysEmpty_data();
+    void missingFirstVersionStaysEmpty();
     void songThatIsGoneLeavesTheFields();
     void songOfNullsIsShownEmpty();
     void unknownKeyAndVariationSelectNothing();
@@ -34,6 +36,7 @@ private slots:
     void namesOfNotesAreReadAnew();
     void thirteenNotesAreAnError();
     void chordsAreShownAsASheet();
+    void aNewSongIsTypedInTheSizeOfASheet();
     void tabsSwitchTheVersion();
     void tabsHaveTheirColours();
     void theButtonThatStoresHasTheAccentWhereverTheFocusIs();
@@ -135,6 +138,21 @@ void tst_cadastro::missingSecondVersionShowsTheFirst()
     QFETCH(QString, versao2);
     Edita(Musica({.text = u"C\r\nLuz"_qs, .text2 = versao2}));
     QCOMPARE(Letra(0), u"C\r\nLuz"_qs);
+    QCOMPARE(Letra(1), u"C\r\nLuz"_qs);
+}
+
+void tst_cadastro::missingFirstVersionStaysEmpty_data()
+{
+    QTest::addColumn<QString>("versao1");
+    QTest::newRow("NULL") << QString();
+    QTest::newRow("empty") << u""_qs;
+}
+
+void tst_cadastro::missingFirstVersionStaysEmpty()
+{
+    QFETCH(QString, versao1);
+    Edita(Musica({.text = versao1, .text2 = u"C\r\nLuz"_qs}));
+    QCOMPARE(Letra(0), QString());
     QCOMPARE(Letra(1), u"C\r\nLuz"_qs);
 }
 
@@ -294,6 +312,30 @@ void tst_cadastro::chordsAreShownAsASheet()
         QCOMPARE(cifra.charFormat().foreground().color(), QColor(0, 102, 204));
         QCOMPARE(cifra.charFormat().font().pointSizeF(), 14.0);
         QVERIFY(!Caixa(versao)->isReadOnly());
+    }
+}
+
+void tst_cadastro::aNewSongIsTypedInTheSizeOfASheet()
+{
+    const qint64 id = Musica();
+    Carrega();
+    for (const bool depoisDeOutra : {false, true}) {
+        if (depoisDeOutra) {
+            Edita(id); // begins with a chord
+            m_form->Inicializa_Cadastro(0);
+        }
+        for (int versao = 0; versao < 2; ++versao) {
+            QTest::mouseClick(
+                Acha<QWidget>(versao == 0 ? "lblMostraMusica_0" : "lblMostraMusica_1"),
+                Qt::LeftButton);
+            Digita(versao == 0 ? "txtCadLetra_0" : "txtCadLetra_1", u"Am"_qs);
+            QTextCursor letra(Caixa(versao)->document());
+            letra.setPosition(1);
+            QCOMPARE(letra.charFormat().font().pointSizeF(), 14.0);
+            QVERIFY(letra.charFormat().fontWeight() <= int(QFont::Normal));
+            QCOMPARE(Caixa(versao)->document()->defaultFont().family(),
+                     Appearance::MonospacedFamily());
+        }
     }
 }
 

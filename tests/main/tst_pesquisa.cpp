@@ -53,6 +53,7 @@ private slots:
     void letterKeepsCategoryAndOrder();
     void everyLetterAsksForItsOwn();
     void tudoSearchesWithoutALetter();
+    void aLetterCountsForOneSearchOnly();
     void arrowKeysReachEveryLetter();
     void chosenThemesNarrowTheSearch();
     void singleThemeIsChosenAtLoading();
@@ -282,6 +283,30 @@ void tst_pesquisa::tudoSearchesWithoutALetter()
     Clica_Letra(26);
     QCOMPARE(Titulos(), QStringList({u"Bossa"_qs, u"Luz"_qs}));
     QVERIFY(!Ultimo_SQL().contains(u"LIKE"));
+}
+
+void tst_pesquisa::aLetterCountsForOneSearchOnly()
+{
+    Musica(u"Bossa"_qs);
+    Musica(u"Luz"_qs);
+    Carrega();
+    const QList<std::function<void()>> filtros{
+        [this] { Clica("chkSecular"); },
+        [this] { Clica("chkReligiosa"); }, // both unchecked is both
+        [this] { Clica("chkOrdenar"); },
+        [this] { Clica_Tema(0); },
+        [this] { m_form->Pesquisa(); }, // after a save or a deletion
+        [this] {
+            QTest::keyClicks(Acha<QWidget>("txtTitulo"), u"z"_qs);
+            Espera_Pesquisa();
+        }};
+    for (const auto& filtra : filtros) {
+        Clica_Letra(1);
+        QCOMPARE(Titulos(), QStringList(u"Bossa"_qs));
+        filtra();
+        QVERIFY2(!Ultimo_SQL().contains(u"LIKE 'B%'"), qPrintable(Ultimo_SQL()));
+        QVERIFY(Titulos().contains(u"Luz"_qs));
+    }
 }
 
 void tst_pesquisa::arrowKeysReachEveryLetter()
