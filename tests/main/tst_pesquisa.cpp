@@ -415,11 +415,14 @@ void tst_pesquisa::doubleClickEmptiesTheBoxAndSearches()
     Musica(u"Luz"_qs);
     Carrega();
     auto* texto = Acha<QLineEdit>(caixa.constData());
+    for (const char* outra : {"txtTitulo", "txtReferencia", "txtLetra"})
+        Acha<QLineEdit>(outra)->setText(u"%"_qs); // finds everything
     QTest::keyClicks(texto, u"xyz"_qs);
     Espera_Pesquisa();
     QCOMPARE(m_lista->ListCount(), 0);
     QTest::mouseDClick(texto, Qt::LeftButton, {}, QPoint(20, texto->height() / 2));
-    QCOMPARE(texto->text(), QString());
+    for (const char* outra : {"txtTitulo", "txtReferencia", "txtLetra"})
+        QCOMPARE(Acha<QLineEdit>(outra)->text(), caixa == outra ? QString() : u"%"_qs);
     QCOMPARE(m_pesquisas.size(), 1);
     QVERIFY(Acha<QTimer>("Timer1")->isActive());
     Espera_Pesquisa();
