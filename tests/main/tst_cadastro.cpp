@@ -46,6 +46,7 @@ private slots:
     void viewerShowsTheStoredSong();
     void viewerNeedsAStoredSong();
     void viewerOfASongThatIsGoneShowsNone();
+    void viewerThatFailsIsTold();
     void viewerKeepsASongThatThePanelDeletes();
     void leavingWithTypedTextAsksNothing_data();
     void leavingWithTypedTextAsksNothing();
@@ -488,6 +489,18 @@ void tst_cadastro::viewerOfASongThatIsGoneShowsNone()
     QCOMPARE(visualizador.findChild<QLabel*>(u"lblTitulo"_qs)->text(), QString());
     QCOMPARE(visualizador.findChild<RichTextBox*>()->Text(), QString());
     QVERIFY(m_caixas->boxes.isEmpty());
+    QCOMPARE(Texto("txtCadTitulo"), u"Santo Deus"_qs);
+}
+
+void tst_cadastro::viewerThatFailsIsTold()
+{
+    Edita(Musica());
+    m_catalogo->Run(u"INSERT INTO TOM (ID, NOTA, ORDEM, MAIS) VALUES (13, 'H', 13, 'H')"_qs);
+    Clica("cmdVisualizar");
+    QCOMPARE(m_caixas->boxes.size(), 1);
+    QCOMPARE(m_caixas->boxes.first().icon, Icone::Critico);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(Visualizadores().isEmpty());
     QCOMPARE(Texto("txtCadTitulo"), u"Santo Deus"_qs);
 }
 
