@@ -89,6 +89,9 @@ void ReportList::mouseDoubleClickEvent(QMouseEvent* event)
     // The first press may have met the row next to it.
     if (below.row() != currentIndex().row())
         MakeCurrent(below);
+    // With Ctrl it has taken the mark of a marked row away.
+    if (!selectionModel()->isSelected(below))
+        selectionModel()->select(below, QItemSelectionModel::Select | QItemSelectionModel::Rows);
     emit DblClick();
 }
 

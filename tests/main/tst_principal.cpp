@@ -49,6 +49,7 @@ private slots:
     void closingStopsTheClock();
     void viewersOutliveTheForm();
     void timerIsOneShotOf200Ms();
+    void timerWaitsForTheLoading();
     void msgShowsItsArgument();
     void abrirAsksAndOpens();
     void abrirAnsweredNoOpensNothing();
@@ -453,6 +454,13 @@ void tst_principal::timerIsOneShotOf200Ms()
     QCOMPARE(pesquisas, 1);
 }
 
+void tst_principal::timerWaitsForTheLoading()
+{
+    m_form.reset();
+    m_form = std::make_unique<PrincipalTeste>(*m_catalogo);
+    QVERIFY(!m_form->Acha<QTimer>("Timer1")->isActive());
+}
+
 void tst_principal::msgShowsItsArgument()
 {
     m_form->Executa_Comando(u"msg@Olá"_qs);
@@ -479,6 +487,10 @@ void tst_principal::abrirAsksAndOpens()
     QCOMPARE(Visualizadores().first()->findChild<QLabel*>(u"lblTitulo"_qs)->text(),
              u"Canção 12"_qs);
     QVERIFY(!Visualizadores().first()->isModal());
+    delete Visualizadores().first();
+    m_form->Executa_Comando(u"abrir@3@12"_qs);
+    QCOMPARE(Visualizadores().size(), 1);
+    QCOMPARE(Visualizadores().first()->findChild<QLabel*>(u"lblTitulo"_qs)->text(), u"Canção 3"_qs);
 }
 
 void tst_principal::abrirAnsweredNoOpensNothing()

@@ -16,6 +16,8 @@ private slots:
     void onlyASearchWithoutHitsLeavesAPicture();
     void enterBeforeThePendingSearchOpensTheOldList();
     void doubleClickOpensASong();
+    void doubleClickWithCtrlOpensTheRowUnderIt_data();
+    void doubleClickWithCtrlOpensTheRowUnderIt();
     void enterOpensTheSelectedSong();
     void everyOpeningIsOneMoreViewer();
     void openingASongThatIsGoneTellsNothing();
@@ -130,6 +132,36 @@ void tst_resultado::doubleClickOpensASong()
     QVERIFY(Visualizadores().first()->isWindow());
     QVERIFY(!Visualizadores().first()->isModal());
     QCOMPARE(m_form->chamadas, QStringList(u"Oculta_Teclado"_qs));
+}
+
+void tst_resultado::doubleClickWithCtrlOpensTheRowUnderIt_data()
+{
+    QTest::addColumn<QList<int>>("marcadas");
+    QTest::newRow("nothing marked") << QList<int>{};
+    QTest::newRow("others marked") << QList<int>{0, 2};
+    QTest::newRow("marked itself") << QList<int>{1};
+    QTest::newRow("marked with others") << QList<int>{0, 1, 2};
+}
+
+/// With Ctrl the first press of two marks a row or takes its mark away.
+void tst_resultado::doubleClickWithCtrlOpensTheRowUnderIt()
+{
+    QFETCH(QList<int>, marcadas);
+    Musica(u"Bossa"_qs);
+    Musica(u"Luz"_qs);
+    Musica(u"Zelo"_qs);
+    Carrega();
+    const auto lugar = [this](int linha) {
+        return m_lista->visualRect(m_lista->model()->index(linha, 0)).center();
+    };
+    for (const int linha : marcadas)
+        QTest::mouseClick(m_lista->viewport(), Qt::LeftButton, Qt::ControlModifier, lugar(linha));
+    QTest::mouseClick(m_lista->viewport(), Qt::LeftButton, Qt::ControlModifier, lugar(1));
+    QTest::mouseDClick(m_lista->viewport(), Qt::LeftButton, Qt::ControlModifier, lugar(1));
+    QCOMPARE(Abertas(), QStringList(u"Luz"_qs));
+    // Songs that were marked for export stay so.
+    for (const int linha : marcadas)
+        QVERIFY(m_lista->selectionModel()->isSelected(m_lista->model()->index(linha, 0)));
 }
 
 void tst_resultado::enterOpensTheSelectedSong()
