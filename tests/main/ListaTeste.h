@@ -62,6 +62,16 @@ protected:
         QTest::keyClick(Acha<QWidget>(controle), tecla, junto);
     }
 
+    /// Presses Enter and holds it long enough for two repeats.
+    void Segura_Enter(const char* controle) const
+    {
+        Tecla(controle, Qt::Key_Return);
+        for (int i = 0; i < 2; ++i) {
+            QKeyEvent repetida(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, u"\r"_qs, true);
+            QApplication::sendEvent(Acha<QWidget>(controle), &repetida);
+        }
+    }
+
     static QPoint Lugar(QAbstractItemView* vista, int linha)
     {
         vista->scrollTo(vista->model()->index(linha, 0));

@@ -13,9 +13,12 @@ private slots:
     void theMenuShowsAPreparedPanel();
     void theDateIsToday_data();
     void theDateIsToday();
+    void afterMidnightTodayIsTheNextDay();
     void aDoubleClickAdds();
     void enterInTheListAdds();
     void enterInTheFilterAddsTheOnlySongLeft();
+    void aHeldEnterAddsOnce_data();
+    void aHeldEnterAddsOnce();
     void theAddButtonAdds();
     void addingWithoutACurrentSongOnlyMarksAChange();
     void theSameSongCanBeAddedTwice();
@@ -32,6 +35,7 @@ private slots:
     void loadingTellsTheCurrentSong();
     void withoutACurrentSongUpDoesNothingAndDownFails();
     void clearingStartsANewSetlist();
+    void clearingForgetsTheCurrentSong();
     void clearingKeepsTheFiltersAndTheOffer();
     void clearingAsksOnlyAfterChanges();
     void namesAndDatesAreNoChanges();
@@ -113,6 +117,19 @@ void tst_lista_edicao::theDateIsToday()
     QCOMPARE(Texto("txtData"), text);
 }
 
+void tst_lista_edicao::afterMidnightTodayIsTheNextDay()
+{
+    m_catalogo->AddSetlist(u"Ensaio"_qs, QDate(2008, 1, 2));
+    Carrega();
+    QCOMPARE(Texto("txtData"), u"05/03/2009"_qs);
+    m_hoje = QDate(2009, 3, 6);
+    Clica("cmdLimpar");
+    QCOMPARE(Texto("txtData"), u"06/03/2009"_qs);
+    m_hoje = QDate(2009, 3, 7);
+    Responde(0, "cmdCopiar");
+    QCOMPARE(Texto("txtData"), u"07/03/2009"_qs);
+}
+
 void tst_lista_edicao::aDoubleClickAdds()
 {
     const qint64 amor = Musica(u"Amor"_qs);
@@ -147,6 +164,27 @@ void tst_lista_edicao::enterInTheFilterAddsTheOnlySongLeft()
     Tecla("txtFiltro", Qt::Key_Return);
     QCOMPARE(Titulos(), QStringList({u"Canto"_qs}));
     QVERIFY(Acha<QWidget>("txtFiltro")->hasFocus());
+    // The filter stands and the song is still on offer.
+    QCOMPARE(Texto("txtFiltro"), u"ca"_qs);
+    Tecla("txtFiltro", Qt::Key_Enter);
+    QCOMPARE(Titulos(), QStringList({u"Canto"_qs, u"Canto"_qs}));
+    QCOMPARE(Oferecidas(), QStringList({u"Canto - Anônimo"_qs}));
+}
+
+void tst_lista_edicao::aHeldEnterAddsOnce_data()
+{
+    QTest::addColumn<QByteArray>("control");
+    QTest::newRow("in the list") << QByteArray("lstMusicasLista");
+    QTest::newRow("in the filter") << QByteArray("txtFiltro");
+}
+
+void tst_lista_edicao::aHeldEnterAddsOnce()
+{
+    QFETCH(QByteArray, control);
+    Musica(u"Amor"_qs);
+    Carrega();
+    Segura_Enter(control.constData());
+    QCOMPARE(Titulos(), QStringList({u"Amor"_qs}));
 }
 
 void tst_lista_edicao::theAddButtonAdds()
@@ -358,6 +396,17 @@ void tst_lista_edicao::clearingStartsANewSetlist()
     QCOMPARE(Caixas(), QStringList());
 }
 
+void tst_lista_edicao::clearingForgetsTheCurrentSong()
+{
+    Carrega_Com_Quatro();
+    Seleciona(1);
+    Clica("cmdLimpar");
+    Adiciona({2, 3});
+    Clica("cmdUp");
+    QCOMPARE(Titulos(), QStringList({u"Canto"_qs, u"Deus"_qs}));
+    QCOMPARE(Atual(), -1);
+}
+
 void tst_lista_edicao::clearingKeepsTheFiltersAndTheOffer()
 {
     Musica(u"Amor"_qs);
@@ -365,7 +414,9 @@ void tst_lista_edicao::clearingKeepsTheFiltersAndTheOffer()
     Carrega();
     Digita("txtFiltro", u"a"_qs);
     Acha<ComboBox>("cmbTema")->SetListIndex(1);
+    QCOMPARE(Acha<ListBox>("lstMusicasLista")->ListIndex(), 0);
     Clica("cmdLimpar");
+    QCOMPARE(Acha<ListBox>("lstMusicasLista")->ListIndex(), 0);
     QCOMPARE(Texto("txtFiltro"), u"a"_qs);
     QCOMPARE(Acha<ComboBox>("cmbTema")->ListIndex(), 1);
     QCOMPARE(Oferecidas(), QStringList({u"Amor - Anônimo"_qs}));

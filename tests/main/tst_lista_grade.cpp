@@ -26,8 +26,10 @@ private slots:
     void doubleClicksAndEnterInAnEmptyGridDoNothing();
     void aDoubleClickBesideTheRowsDoesNothing();
     void enterOpensTheCurrentSetlistWithoutADialog();
+    void aHeldEnterOpensOneViewer();
     void tabMakesTheFirstRowCurrent();
     void theMenuKeyAsksAsADoubleClickDoes();
+    void theRightButtonAsksNothing();
     void abrirOpensAViewerOnTheSetlist();
     void theDialogLooksAsGiven();
     void escIsCancelar();
@@ -204,6 +206,15 @@ void tst_lista_grade::enterOpensTheCurrentSetlistWithoutADialog()
     QCOMPARE(Identidade(), u"1"_qs); // unlike a double click
 }
 
+void tst_lista_grade::aHeldEnterOpensOneViewer()
+{
+    m_catalogo->AddSetlist(u"A"_qs, QDate(2009, 3, 5), {Musica(u"Amor"_qs)});
+    Carrega();
+    Clica_Item("lstLista", 0);
+    Segura_Enter("lstLista");
+    QCOMPARE(Visualizadores().size(), 1);
+}
+
 void tst_lista_grade::tabMakesTheFirstRowCurrent()
 {
     m_catalogo->AddSetlist(u"A"_qs, QDate(2009, 3, 5), {Musica(u"Amor"_qs)});
@@ -238,6 +249,29 @@ void tst_lista_grade::theMenuKeyAsksAsADoubleClickDoes()
     QCOMPARE(Texto("txtNome"), u"Cópia de A"_qs);
 }
 
+void tst_lista_grade::theRightButtonAsksNothing()
+{
+    m_catalogo->AddSetlist(u"A"_qs, QDate(2009, 3, 5), {Musica(u"Amor"_qs)});
+    Carrega();
+    Responde(0, "cmdEditar");
+    auto* grade = Acha<GradeListas>("lstLista");
+    const QPoint lugar = Lugar(grade, 0);
+    QTest::mouseClick(grade->viewport(), Qt::RightButton, {}, lugar);
+    // The request for a menu that a desktop sends along with it.
+    QContextMenuEvent menu(QContextMenuEvent::Mouse, lugar, grade->viewport()->mapToGlobal(lugar));
+    bool perguntou = false;
+    QTimer::singleShot(0, this, [&perguntou] {
+        if (auto* dialogo = QApplication::activeModalWidget()) {
+            perguntou = true;
+            dialogo->close();
+        }
+    });
+    QApplication::sendEvent(grade->viewport(), &menu);
+    QCoreApplication::processEvents();
+    QVERIFY(!perguntou);
+    QCOMPARE(Identidade(), u"1"_qs);
+}
+
 void tst_lista_grade::abrirOpensAViewerOnTheSetlist()
 {
     m_catalogo->AddSetlist(u"A"_qs, QDate(2009, 3, 5));
@@ -267,6 +301,7 @@ void tst_lista_grade::theDialogLooksAsGiven()
         QCOMPARE(dialogo.windowTitle(), u"Titulo"_qs);
         QCOMPARE(dialogo.findChild<QLabel*>(u"Label2"_qs)->text(), u"O que deseja fazer?"_qs);
         QVERIFY(m_form->geometry().contains(dialogo.geometry()));
+        QVERIFY(dialogo.findChild<QWidget*>(u"Image1"_qs)->isVisible());
         QStringList textos;
         int antes = -1;
         for (const char* nome :

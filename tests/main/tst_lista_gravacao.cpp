@@ -22,6 +22,8 @@ private slots:
     void thePlaceholderRowIsStoredAsSongZeroAndNeverListedAgain();
     void linksToDeletedSongsAreDroppedAtTheNextSave();
     void apostrophesInTheNameAreKept();
+    void blanksOfTheNameAreKept_data();
+    void blanksOfTheNameAreKept();
     void aNameOfTenThousandCharacters();
     void aNameLongerThanATextBoxUsuallyTakes();
     void twoHundredSongs();
@@ -274,6 +276,23 @@ void tst_lista_gravacao::apostrophesInTheNameAreKept()
     QCOMPARE(Texto("txtNome"), u"Sant'Ana d''agua"_qs);
     Clica("cmdSalvar");
     QCOMPARE(Listas()[0][1], u"Sant'Ana d''agua"_qs);
+}
+
+void tst_lista_gravacao::blanksOfTheNameAreKept_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("around") << u"  Ensaio  geral "_qs;
+    QTest::newRow("nothing else") << u"   "_qs;
+}
+
+void tst_lista_gravacao::blanksOfTheNameAreKept()
+{
+    QFETCH(QString, name);
+    Carrega();
+    Digita("txtNome", name);
+    Clica("cmdSalvar");
+    QCOMPARE(Caixas(), QStringList({Cadastrada}));
+    QCOMPARE(Listas(), QList<QStringList>({{u"1"_qs, name, u"2009-03-05"_qs}}));
 }
 
 void tst_lista_gravacao::aNameOfTenThousandCharacters()

@@ -20,6 +20,7 @@ private slots:
     void aCopyIsLeftWithoutAQuestion();
     void deletingAsksAndDeletes();
     void deletingRefusedDeletesNothing();
+    void deletingClearsThePanelWithoutAQuestion();
     void deletingTheSetlistOnScreenLeavesItAsANewOne();
     void loadingReplacesUnsavedChangesWithoutAQuestion();
     void aSetlistDeletedElsewhereLoadsNothing();
@@ -233,6 +234,24 @@ void tst_lista_guardada::deletingRefusedDeletesNothing()
     QCOMPARE(Listas().size(), 1);
     QCOMPARE(Lugares().size(), 1);
     QVERIFY(!QApplication::activeModalWidget());
+}
+
+void tst_lista_guardada::deletingClearsThePanelWithoutAQuestion()
+{
+    const qint64 amor = Musica(u"Amor"_qs);
+    m_catalogo->AddSetlist(u"Nova"_qs, QDate(2009, 3, 6), {amor});
+    m_catalogo->AddSetlist(u"Velha"_qs, QDate(2008, 12, 31), {amor});
+    Carrega();
+    // Another one is on screen, and only its name was changed.
+    Responde(1, "cmdEditar");
+    Digita("txtNome", u"Minha"_qs);
+    Responde(0, "cmdExcluir");
+    QCOMPARE(Caixas(), QStringList({u"Deseja realmente excluir essa lista?"_qs, Excluida}));
+    QCOMPARE(Texto("txtNome"), QString());
+    QCOMPARE(Texto("txtData"), u"05/03/2009"_qs);
+    QCOMPARE(Titulos(), QStringList());
+    QCOMPARE(Texto("lblLista"), u"0 Música(s) Selecionada(s)"_qs);
+    QCOMPARE(Grade(), QStringList({u"Velha|2008-12-31"_qs}));
 }
 
 void tst_lista_guardada::deletingTheSetlistOnScreenLeavesItAsANewOne()

@@ -16,12 +16,15 @@ private slots:
     void theStatementRunsOnceForTheListAndOnceForItsNumber();
     void categoriesAreKeptApart();
     void aThemeNarrowsTheOffer();
+    void openingAgainOffersAllThemesAndKeepsTheOtherFilters();
     void aCatalogueWithOneThemeOffersThatOne();
     void aCatalogueWithoutThemesSaysSo();
     void songsInSeveralThemesAreOfferedOnce();
     void songsWithoutAThemeAreNeverOffered();
     void theFilterAsksForTheBeginningOfTitles();
     void percentAndUnderscoreAreWildcards();
+    void whatLooksLikeAStatementIsABeginningOfATitle_data();
+    void whatLooksLikeAStatementIsABeginningOfATitle();
     void theOnlySongLeftIsCurrent();
     void severalSongsLeaveNoneCurrent();
     void anApostropheFailsOnceWhileItStands();
@@ -131,6 +134,30 @@ void tst_lista_oferta::aThemeNarrowsTheOffer()
     QCOMPARE(Oferecidas().size(), 2);
 }
 
+void tst_lista_oferta::openingAgainOffersAllThemesAndKeepsTheOtherFilters()
+{
+    TestSong secular;
+    secular.category = 2;
+    Musica(u"Asa Branca"_qs, secular);
+    m_catalogo->Link(Musica(u"Aquarela"_qs, secular), m_outro);
+    Musica(u"Baião"_qs, secular);
+    Musica(u"Amor"_qs);
+    Carrega();
+    Clica("optTipo_1");
+    Digita("txtFiltro", u"a"_qs);
+    auto* temas = Acha<ComboBox>("cmbTema");
+    temas->setFocus();
+    QTest::keyClick(temas, Qt::Key_End);
+    QCOMPARE(Oferecidas(), QStringList({u"Aquarela - Anônimo"_qs}));
+    Escolhe("mnuPesquisa");
+    Escolhe("mnuLista");
+    QCOMPARE(temas->currentText(), u"TODAS"_qs);
+    QVERIFY(Acha<QRadioButton>("optTipo_1")->isChecked());
+    QCOMPARE(Texto("txtFiltro"), u"a"_qs);
+    QCOMPARE(Oferecidas(), QStringList({u"Aquarela - Anônimo"_qs, u"Asa Branca - Anônimo"_qs}));
+    QCOMPARE(Texto("lblMusicasEncontradas"), u"2 Música(s) disponível(is)"_qs);
+}
+
 void tst_lista_oferta::aCatalogueWithOneThemeOffersThatOne()
 {
     m_catalogo->Run(u"DELETE FROM TEMA WHERE ID = 2"_qs);
@@ -190,6 +217,31 @@ void tst_lista_oferta::percentAndUnderscoreAreWildcards()
     QCOMPARE(Oferecidas(), QStringList({u"Amor - Anônimo"_qs, u"Só Amor - Anônimo"_qs}));
     Digita("txtFiltro", u"_e"_qs);
     QCOMPARE(Oferecidas(), QStringList({u"Bem - Anônimo"_qs}));
+}
+
+void tst_lista_oferta::whatLooksLikeAStatementIsABeginningOfATitle_data()
+{
+    QTest::addColumn<QString>("filter");
+    QTest::newRow("quotes") << uR"("a" OR "a" = "a)"_qs;
+    QTest::newRow("another statement") << u"a; DELETE FROM LISTA; --"_qs;
+    QTest::newRow("a comment") << u"a /* b */ -- c"_qs;
+    QTest::newRow("places for values") << u"?1 :a @b $c"_qs;
+    QTest::newRow("backslashes") << uR"(a\b\)"_qs;
+    QTest::newRow("stars and question marks") << u"a*?"_qs;
+    QTest::newRow("an open bracket") << u"Sol [vivo"_qs;
+}
+
+void tst_lista_oferta::whatLooksLikeAStatementIsABeginningOfATitle()
+{
+    QFETCH(QString, filter);
+    Musica(filter + u" viva"_qs);
+    Musica(u"ab"_qs);
+    m_catalogo->AddSetlist(u"Ensaio"_qs, QDate(2009, 3, 5));
+    Carrega();
+    Digita("txtFiltro", filter);
+    QCOMPARE(Caixas(), QStringList());
+    QCOMPARE(Oferecidas(), QStringList(filter + u" viva - Anônimo"_qs));
+    QCOMPARE(Listas().size(), 1);
 }
 
 void tst_lista_oferta::theOnlySongLeftIsCurrent()

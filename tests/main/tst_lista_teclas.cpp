@@ -13,6 +13,8 @@ private slots:
     void shiftAndArrowsAtTheEndsMoveNothing_data();
     void shiftAndArrowsAtTheEndsMoveNothing();
     void shiftAndUpInAnEmptySetlist();
+    void plainKeysChooseTheSongThatMoves();
+    void shiftAndTabLeaveTheListUnchanged();
     void otherShiftCombinationsDoNothing_data();
     void otherShiftCombinationsDoNothing();
 };
@@ -92,6 +94,34 @@ void tst_lista_teclas::shiftAndUpInAnEmptySetlist()
     QCOMPARE(Titulos(), QStringList());
     QCOMPARE(Modificada(), u"1"_qs);
     QCOMPARE(Caixas(), QStringList());
+}
+
+void tst_lista_teclas::plainKeysChooseTheSongThatMoves()
+{
+    m_catalogo->AddSetlist(u"Ensaio"_qs, QDate(2009, 3, 5),
+                           {Musica(u"Amor"_qs), Musica(u"Bem"_qs), Musica(u"Canto"_qs)});
+    Carrega();
+    Responde(0, "cmdEditar");
+    Seleciona(0);
+    Tecla("lstMusicasSelecionadas", Qt::Key_Down);
+    QCOMPARE(Atual(), 1);
+    QCOMPARE(Titulos(), QStringList({u"Amor"_qs, u"Bem"_qs, u"Canto"_qs}));
+    QCOMPARE(Modificada(), u"0"_qs);
+    Clica("cmdDown");
+    QCOMPARE(Titulos(), QStringList({u"Amor"_qs, u"Canto"_qs, u"Bem"_qs}));
+    Tecla("lstMusicasSelecionadas", Qt::Key_Home);
+    Clica("cmdDown");
+    QCOMPARE(Titulos(), QStringList({u"Canto"_qs, u"Amor"_qs, u"Bem"_qs}));
+}
+
+void tst_lista_teclas::shiftAndTabLeaveTheListUnchanged()
+{
+    Musica(u"Amor"_qs);
+    Carrega();
+    Acha<QWidget>("lstMusicasSelecionadas")->setFocus();
+    Tecla("lstMusicasSelecionadas", Qt::Key_Backtab, Qt::ShiftModifier);
+    QVERIFY(Acha<QWidget>("cmdRemover")->hasFocus());
+    QCOMPARE(Modificada(), u"0"_qs);
 }
 
 void tst_lista_teclas::otherShiftCombinationsDoNothing_data()

@@ -55,6 +55,7 @@ private slots:
     void typedTitleListsItsSongs();
     void titleStatementIsAsGiven();
     void clearedTitleHidesTheListAndAsksNothing();
+    void blanksTypedAreAskedForAsTheyAre();
     void tabbingOutHidesTheTitlesAndBackShowsThemAgain();
     void titlesAppearWithoutTakingTheFocus();
     void listsLieDirectlyBelowTheirBoxes_data();
@@ -141,6 +142,19 @@ void tst_sugestoes::clearedTitleHidesTheListAndAsksNothing()
     QVERIFY(m_musicas->isHidden());
     QCOMPARE(m_comandos, QStringList());
     QCOMPARE(Itens(*m_musicas), QStringList(u"Amor - Ana"_qs));
+}
+
+void tst_sugestoes::blanksTypedAreAskedForAsTheyAre()
+{
+    Com_Referencia(u"Amor eterno"_qs, u"Ana"_qs);
+    Com_Referencia(u"Amora"_qs, u"Bia"_qs);
+    Cadastro();
+    Escreve_Titulo(u"Amor "_qs);
+    QCOMPARE(Itens(*m_musicas), QStringList(u"Amor eterno - Ana"_qs));
+    m_titulo->clear();
+    Escreve_Titulo(u" "_qs);
+    QVERIFY(m_musicas->isVisible());
+    QCOMPARE(Itens(*m_musicas), QStringList(u"Não há dados a serem mostrados."_qs));
 }
 
 void tst_sugestoes::tabbingOutHidesTheTitlesAndBackShowsThemAgain()

@@ -21,8 +21,12 @@ private slots:
     void otherKeysInTheListTakeNothing();
     void thePlaceholderCanBeTakenAsAReference();
     void referencesStayWhenTheirBoxLosesTheFocus();
+    void referencesStayWhileTheTitleHasTheFocus();
     void referencesGoWhenTheirListLosesTheFocus();
     void clearedReferenceHidesTheList();
+    void blanksTypedAreAskedForAsTheyAre();
+    void listFollowsItsBoxWhenTheWindowIsResized();
+    void aFailureIsShownOnceWhileTyping();
 };
 
 void tst_sugestoes_referencia::referenceStatementIsAsGiven()
@@ -221,6 +225,22 @@ void tst_sugestoes_referencia::referencesStayWhenTheirBoxLosesTheFocus()
     QVERIFY(m_referencias->isVisible());
 }
 
+void tst_sugestoes_referencia::referencesStayWhileTheTitleHasTheFocus()
+{
+    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
+    Cadastro();
+    Escreve_Referencia(u"H"_qs);
+    QTest::keyClick(m_referencia, Qt::Key_Tab, Qt::ShiftModifier);
+    QVERIFY(m_titulo->hasFocus());
+    QVERIFY(m_referencias->isVisible());
+    Escreve_Titulo(u"U"_qs);
+    QVERIFY(m_musicas->isVisible());
+    QVERIFY(m_referencias->isVisible());
+    Acha<QWidget>("lstCadTema")->setFocus();
+    QVERIFY(m_musicas->isHidden());
+    QVERIFY(m_referencias->isVisible());
+}
+
 void tst_sugestoes_referencia::referencesGoWhenTheirListLosesTheFocus()
 {
     Com_Referencia(u"Um"_qs, u"Harpa"_qs);
@@ -249,6 +269,41 @@ void tst_sugestoes_referencia::clearedReferenceHidesTheList()
     Tecla(Qt::Key_Backspace);
     QVERIFY(m_referencias->isHidden());
     QCOMPARE(m_comandos, QStringList());
+    QCOMPARE(Itens(*m_referencias), QStringList(u"Harpa"_qs));
+}
+
+void tst_sugestoes_referencia::blanksTypedAreAskedForAsTheyAre()
+{
+    Com_Referencia(u"Um"_qs, u"Ana Clara"_qs);
+    Com_Referencia(u"Dois"_qs, u"Anabela"_qs);
+    Cadastro();
+    Escreve_Referencia(u"Ana "_qs);
+    QCOMPARE(Itens(*m_referencias), QStringList(u"Ana Clara"_qs));
+    m_referencia->clear();
+    Escreve_Referencia(u" "_qs);
+    QCOMPARE(Itens(*m_referencias), QStringList(u"Não há dados a serem mostrados."_qs));
+}
+
+void tst_sugestoes_referencia::listFollowsItsBoxWhenTheWindowIsResized()
+{
+    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
+    Cadastro();
+    Escreve_Referencia(u"H"_qs);
+    const int antes = m_referencias->width();
+    m_form->resize(m_form->width() + 200, m_form->height());
+    QTRY_VERIFY(m_referencias->width() > antes);
+    QCOMPARE(No_Formulario(*m_referencias).top(), No_Formulario(*m_referencia).bottom() + 1);
+    QCOMPARE(No_Formulario(*m_referencias).left(),
+             (No_Formulario(*m_referencia).left() * 15 - 10) / 15);
+}
+
+void tst_sugestoes_referencia::aFailureIsShownOnceWhileTyping()
+{
+    Cadastro();
+    Funcoes::Conexao.Close();
+    Escreve_Referencia(u"Harpa"_qs);
+    QCOMPARE(m_caixas->boxes.size(), 1);
+    QCOMPARE(m_referencia->text(), u"Harpa"_qs);
 }
 
 QTEST_MAIN(tst_sugestoes_referencia)
