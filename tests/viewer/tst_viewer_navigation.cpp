@@ -40,6 +40,7 @@ private slots:
     void movingWithoutAConnectionIsOneMessage();
     void aSongThatCannotBeLoadedLeavesTheShownOne_data();
     void aSongThatCannotBeLoadedLeavesTheShownOne();
+    void aThirteenthNoteLeavesTheShownKey();
 
 private:
     std::unique_ptr<SongListBench> bench;
@@ -371,6 +372,20 @@ void tst_viewer_navigation::aSongThatCannotBeLoadedLeavesTheShownOne()
     QVERIFY(viewer->ID_Musica != shown);
     QVERIFY(Title(viewer) != u"Rosa");
     QCOMPARE(dialogs.boxes.size(), 1);
+}
+
+void tst_viewer_navigation::aThirteenthNoteLeavesTheShownKey()
+{
+    const auto viewer = bench->ThreeSongs();
+    bench->catalogue.Run(u"INSERT INTO TOM (NOTA, MAIS, ORDEM) VALUES ('H', 'H', 13)"_qs);
+    RecordingDialogs dialogs;
+    QTest::keyClick(viewer.data(), Qt::Key_P); // to a song in D
+    QCOMPARE(dialogs.boxes.size(), 1);
+    QCOMPARE(Title(viewer), u"Rosa"_qs);
+    QTest::keyClick(viewer.data(), Qt::Key_R);
+    QCOMPARE(Caption(viewer, "lblTom"), u"(Am)"_qs);
+    QTest::keyClick(viewer.data(), Qt::Key_S);
+    QCOMPARE(Caption(viewer, "lblTom"), u"(A#m)"_qs);
 }
 
 QTEST_MAIN(tst_viewer_navigation)
