@@ -6,6 +6,7 @@
 #include "runtime/RuntimeError.h"
 
 #include <QTimer>
+#include <QWindow>
 
 class tst_viewer_song : public QObject
 {
@@ -17,6 +18,8 @@ private slots:
 
     void headerShowsTitleKeyReferenceThemesAndVersion();
     void headerKeepsTheGivenDistances();
+    void theCaptionIsTheTitleAndTheReference_data();
+    void theCaptionIsTheTitleAndTheReference();
     void settingTheVariablesLoadsNothing();
     void showReadsTheSongItsThemesAndTheNotes();
     void openedOnASongTheSetlistIsForgotten();
@@ -81,6 +84,25 @@ void tst_viewer_song::headerKeepsTheGivenDistances()
     QCOMPARE(reference.left(), title.width() + 8 + 8 + key.width() + 16);
     QCOMPARE(themes.left(), title.width() + 8 + 8 + key.width() + 8 + reference.width() + 16);
     QVERIFY(title.width() > 0 && key.width() > 0 && reference.width() > 0 && themes.width() > 0);
+}
+
+void tst_viewer_song::theCaptionIsTheTitleAndTheReference_data()
+{
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("reference");
+    QTest::newRow("words") << u"Ó Luar"_qs << u"Cancioneiro"_qs;
+    QTest::newRow("nothing") << u""_qs << u""_qs;
+    QTest::newRow("signs of markup") << u"<b>Tom & Som</b>"_qs << u"&amp;"_qs;
+    QTest::newRow("what marks changed documents") << u"Santo [*]"_qs << u"[*][*]"_qs;
+}
+
+/// As the desktop shows it, in a task bar for one.
+void tst_viewer_song::theCaptionIsTheTitleAndTheReference()
+{
+    QFETCH(QString, title);
+    QFETCH(QString, reference);
+    const auto viewer = bench->Open({.title = title, .reference = reference});
+    QCOMPARE(viewer->windowHandle()->title(), QString(title + u" ("_qs + reference + u")"_qs));
 }
 
 void tst_viewer_song::settingTheVariablesLoadsNothing()
