@@ -227,6 +227,7 @@ private slots:
     void scrollKeysStopAndStartAlike();
     void aHeldKeyWaitsForTheSheet_data();
     void aHeldKeyWaitsForTheSheet();
+    void aHeldKeyGoesOnOverAnEmptySheet();
     void aKeyThatChangesNothingHoldsNobodyUp();
     void everyPressCounts();
     void everyKeyInEditModeIsTheSheets_data();
@@ -509,6 +510,20 @@ void tst_viewer_keys::aHeldKeyWaitsForTheSheet()
     for (int i = 0; i < 30; ++i)
         Send(viewer, {key}, true);
     QCOMPARE(shown(), second);
+    delete viewer;
+}
+
+void tst_viewer_keys::aHeldKeyGoesOnOverAnEmptySheet()
+{
+    const auto viewer = bench->Open({.text = u""_qs, .text2 = u""_qs});
+    QVERIFY(QTest::qWaitForWindowExposed(viewer.data()));
+    QCoreApplication::processEvents();
+    Send(viewer, {Qt::Key_S});
+    for (const QString& key : {u"(D)"_qs, u"(D#)"_qs, u"(E)"_qs}) {
+        QCoreApplication::processEvents(); // whatever is to be painted is
+        Send(viewer, {Qt::Key_S}, true);
+        QCOMPARE(Look(viewer).value(u"key"_qs), key);
+    }
     delete viewer;
 }
 
