@@ -26,11 +26,13 @@ private slots:
     void nullColumnsAreEmptyTexts();
     void emptySecondVersionShowsTheFirst_data();
     void emptySecondVersionShowsTheFirst();
+    void aSecondVersionOfBlanksIsShownAsItIs();
     void aSongThatIsGoneShowsNothing();
     void aSongThatIsGoneKeepsWhatWasShown();
     void aSetlistWithoutItsListShowsNothing();
     void keyInTheOtherSpellingIsShownAsNotasSpellsIt();
     void keyLookupIsExact();
+    void theLastNoteThatNamesTheKeyCounts();
     void unknownKeyOfAFreshViewer_data();
     void unknownKeyOfAFreshViewer();
     void unknownKeyKeepsTheIndexOfTheSongBefore();
@@ -186,6 +188,14 @@ void tst_viewer_song::emptySecondVersionShowsTheFirst()
     QCOMPARE(Box(viewer, 1)->Text(), u"C  G7\r\nSanto Deus"_qs);
 }
 
+void tst_viewer_song::aSecondVersionOfBlanksIsShownAsItIs()
+{
+    const auto viewer = bench->Open({.text = u"C  G7\r\nSanto Deus"_qs, .text2 = u"\r\n \r\n"_qs});
+    QCOMPARE(Box(viewer, 2)->Text(), u"\r\n \r\n"_qs);
+    Click(viewer, "lblVersao");
+    QCOMPARE(Box(viewer, 1)->Text(), u"C  G7\r\nSanto Deus"_qs);
+}
+
 void tst_viewer_song::aSongThatIsGoneShowsNothing()
 {
     const auto viewer = bench->Open(999);
@@ -229,6 +239,13 @@ void tst_viewer_song::keyInTheOtherSpellingIsShownAsNotasSpellsIt()
 void tst_viewer_song::keyLookupIsExact()
 {
     const auto viewer = bench->Open({.key = u"c"_qs});
+    QCOMPARE(Caption(viewer, "lblTom"), u"(B)"_qs);
+}
+
+void tst_viewer_song::theLastNoteThatNamesTheKeyCounts()
+{
+    bench->catalogue.Run(u"UPDATE TOM SET MAIS = 'C' WHERE NOTA = 'B'"_qs);
+    const auto viewer = bench->Open({.key = u"C"_qs});
     QCOMPARE(Caption(viewer, "lblTom"), u"(B)"_qs);
 }
 
