@@ -67,6 +67,7 @@ private slots:
     void discardingAsksFirst_data();
     void discardingAsksFirst();
     void discardingKeepsTheKey();
+    void discardingKeepsFontAndChords();
     void discardingNeedsNoConnection();
     void theViewerMayGoWhileTheQuestionIsOpen();
     void focusPassesOnOutsideEditMode_data();
@@ -441,6 +442,19 @@ void tst_viewer_editing::discardingKeepsTheKey()
     Click(viewer, "cmdDescartar");
     QCOMPARE(Caption(viewer, "lblTom"), u"(C#)"_qs);
     QCOMPARE(Box(viewer, 2)->Text(), u"D#  A#7\r\nSanto Deus"_qs);
+}
+
+void tst_viewer_editing::discardingKeepsFontAndChords()
+{
+    const auto viewer = bench->OpenActive();
+    for (const char* control : {"cmdSobe", "cmdDiminuiFonte", "cmdLetra", "lblVersao"})
+        Click(viewer, control);
+    const QString sheet = Box(viewer, 1)->TextRTF();
+    Edit(viewer, u" forte"_qs);
+    QVERIFY(Box(viewer, 1)->TextRTF() != sheet);
+    Click(viewer, "cmdDescartar");
+    QCOMPARE(Box(viewer, 1)->TextRTF(), sheet);
+    QCOMPARE(Caption(viewer, "lblVersao"), u"v.1"_qs);
 }
 
 void tst_viewer_editing::discardingNeedsNoConnection()

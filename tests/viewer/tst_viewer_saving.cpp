@@ -67,6 +67,7 @@ private slots:
     void whatIsTypedComesBack_data();
     void whatIsTypedComesBack();
     void naoSalvarKeepsKeyFontAndVersion();
+    void savingKeepsFontAndChords();
     void savingLoadsTheSongAgain();
     void othersReadTheSaveAtOnce();
     void aFailedStatementKeepsTheText_data();
@@ -345,6 +346,24 @@ void tst_viewer_saving::naoSalvarKeepsKeyFontAndVersion()
     QCOMPARE(Box(viewer, 1)->TextRTF(), sheet);
     QCOMPARE(Caption(viewer, "lblTom"), u"(C#)"_qs);
     QCOMPARE(Caption(viewer, "lblVersao"), u"v.1"_qs);
+}
+
+void tst_viewer_saving::savingKeepsFontAndChords()
+{
+    const auto viewer = bench->OpenActive();
+    for (const char* control : {"cmdAumentaFonte", "lblVersao", "lblVersao", "cmdLetra"})
+        Click(viewer, control);
+    const QString sheet = Box(viewer, 2)->TextRTF();
+    QVERIFY(sheet.contains(u"\\fs38"_qs));
+    Click(viewer, "cmdEditar");
+    QVERIFY(ClickAndChoose(viewer, "cmdSalvar", "cmdSalvar"));
+    QCOMPARE(Box(viewer, 2)->TextRTF(), sheet);
+    // The other version was stored with its chords, which stay hidden.
+    QCOMPARE(bench->Stored("MUSICA"), u"C  G7\r\nSanto Deus"_qs);
+    Click(viewer, "lblVersao");
+    QCOMPARE(Box(viewer, 1)->Text(), u"\r\nSanto Deus"_qs);
+    Click(viewer, "cmdLetra");
+    QCOMPARE(Box(viewer, 1)->Text(), u"C  G7\r\nSanto Deus"_qs);
 }
 
 void tst_viewer_saving::savingLoadsTheSongAgain()
