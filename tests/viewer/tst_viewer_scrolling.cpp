@@ -463,6 +463,11 @@ void tst_viewer_scrolling::speedChangesWhileNothingRunsToo()
     QVERIFY(!Runs(viewer));
     QVERIFY(!In(viewer, "ProgressBarRolagem")->isVisible());
     QCOMPARE(Shown(viewer), 0);
+    // The first period is still one of the speed before.
+    Press(viewer, Qt::Key_Return);
+    QCOMPARE(In<QTimer>(viewer, "TimerRolagem")->interval(), 150);
+    Tick(viewer, "TimerRolagem");
+    QCOMPARE(In<QTimer>(viewer, "TimerRolagem")->interval(), 100);
 }
 
 void tst_viewer_scrolling::theSpeedIsKeptAcrossSongs()
