@@ -54,6 +54,7 @@ private slots:
     void keysReachTheTextAndNothingElse();
     void shiftETypesNothing();
     void aHeldShiftETypesNothing();
+    void theCaretComesWhereTheSheetIsRead_data();
     void theCaretComesWhereTheSheetIsRead();
     void tabWalksThroughTheWorkingButtons();
     void buttonsArePressedByKeys_data();
@@ -256,10 +257,20 @@ void tst_viewer_editing::aHeldShiftETypesNothing()
     QCOMPARE(Box(viewer, 2)->Text(), u"ee"_qs + Before);
 }
 
+void tst_viewer_editing::theCaretComesWhereTheSheetIsRead_data()
+{
+    QTest::addColumn<int>("version");
+    QTest::newRow("version 1") << 1;
+    QTest::newRow("version 2") << 2;
+}
+
 void tst_viewer_editing::theCaretComesWhereTheSheetIsRead()
 {
-    const auto viewer = bench->OpenActive({.text2 = LongText()});
-    RichTextBox* box = Box(viewer, 2);
+    QFETCH(int, version);
+    const auto viewer = bench->OpenActive({.text = LongText(), .text2 = LongText()});
+    if (version == 1)
+        Click(viewer, "lblVersao");
+    RichTextBox* box = Box(viewer, version);
     QTest::keyClick(viewer.data(), Qt::Key_End);
     const int position = box->verticalScrollBar()->value();
     QVERIFY(position > 1000);
