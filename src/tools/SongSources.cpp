@@ -11,13 +11,13 @@
 #include "tools/DestinationKind.h"
 #include "tools/Interruption.h"
 #include "tools/SongFiles.h"
+#include "tools/StandardInput.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryFile>
 
 #include <algorithm>
-#include <cstdio>
 
 namespace {
 
@@ -36,23 +36,6 @@ bool IsExchange(const QByteArray& start, const QString& source)
     const qsizetype root = start.indexOf("<musicas");
     const QByteArray before = start.first(qMax(root, qsizetype{0})).trimmed();
     return root >= 0 && (before.isEmpty() || before.endsWith('>'));
-}
-
-/// What does not come from a file is put into one: a catalogue can be read from nothing else.
-bool Spool(QTemporaryFile& file)
-{
-    QFile input;
-    if (!file.open() || !input.open(stdin, QIODevice::ReadOnly))
-        return false;
-    constexpr qint64 Portion = 1 << 20;
-    while (!input.atEnd()) {
-        const QByteArray bytes = input.read(Portion);
-        if (bytes.isEmpty())
-            break;
-        if (file.write(bytes) != bytes.size())
-            return false;
-    }
-    return input.error() == QFile::NoError && file.flush();
 }
 
 std::string Utf8(const std::optional<QString>& text)
@@ -97,12 +80,12 @@ void SongSources::ReadSource(const QString& source)
     }
     QTemporaryFile file;
     Interruption::LetThrough(); // nobody may ever write into the input
-    const bool isHere = Spool(file);
+    const QString notKept = KeepInput(file);
     Interruption::Watch();
-    if (isHere)
+    if (notKept.isEmpty())
         ReadFile(source, file.fileName());
     else
-        m_report.TellUnread(source, 0, u"não há lugar para um arquivo provisório"_qs);
+        m_report.TellUnread(source, 0, notKept);
 }
 
 void SongSources::ReadFile(const QString& source, const QString& path)
