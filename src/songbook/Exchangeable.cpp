@@ -53,7 +53,8 @@ public:
             narrow += held;
             i += pair ? 1 : 0;
         }
-        return WithoutBreakMark(narrow);
+        // In lyrics the mark is written by itself, and no line of theirs holds a break.
+        return WithoutBreakMark(narrow).replace(u"\r\n"_qs, u"[br]"_qs);
     }
 
     QString Sheet(const QString& text)

@@ -38,6 +38,12 @@ bool IsExchange(const QByteArray& start, const QString& source)
     return root >= 0 && (before.isEmpty() || before.endsWith('>'));
 }
 
+/// A mark is a line break in every text of an exchange file, as the import has it.
+void ReadBreaks(QString& text)
+{
+    text.replace(u"[br]"_qs, u"\r\n"_qs);
+}
+
 std::string Utf8(const std::optional<QString>& text)
 {
     return text.value_or(QString()).toStdString();
@@ -160,8 +166,11 @@ void SongSources::ReadExchange(const QString& source, QFile& file)
     }
     for (qsizetype i = 0; i < songs->Count(); ++i) {
         ExchangeSong song = songs->At(i);
-        for (std::optional<QString>* text : {&song.letra1, &song.letra2})
-            (*text)->replace(u"[br]"_qs, u"\r\n"_qs);
+        for (std::optional<QString>* text : {&song.titulo, &song.referencia, &song.letra1,
+                                             &song.letra2, &song.tom, &song.variacao})
+            ReadBreaks(**text);
+        for (QString& theme : song.temas)
+            ReadBreaks(theme);
         Choose(source, song, true);
         m_report.Progress(i + 1, songs->Count(), u"músicas lidas"_qs);
     }

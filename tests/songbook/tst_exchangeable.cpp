@@ -18,6 +18,7 @@ private slots:
     void signsAreReplacedByTheNearest_data();
     void signsAreReplacedByTheNearest();
     void chordsKeepTheirColumns();
+    void aTitleOfTwoLinesComesBackAsSuch();
     void theFormatIsToldOf_data();
     void theFormatIsToldOf();
     void nothingIsToldOfAnOrdinarySong();
@@ -70,6 +71,19 @@ void tst_exchangeable::chordsKeepTheirColumns()
     song.letra1 = u"<C>  G\r\nLá <lá>"_qs;
     Remarks remarks;
     QCOMPARE(*MadeExchangeable(song, remarks).letra1, u"-C-  G\r\nLá \u2039lá\u203A"_qs);
+}
+
+void tst_exchangeable::aTitleOfTwoLinesComesBackAsSuch()
+{
+    ExchangeSong song;
+    song.titulo = u"Luz\r\nMar"_qs;
+    song.temas = {u"Paz\r\nBem"_qs};
+    Remarks remarks;
+    const ExchangeSong held = MadeExchangeable(song, remarks);
+    // Only lyrics get the mark when they are written, but wherever it stands it is read.
+    QCOMPARE(*held.titulo, u"Luz[br]Mar"_qs);
+    QCOMPARE(held.temas, QStringList{u"Paz[br]Bem"_qs});
+    QVERIFY(remarks.All().isEmpty());
 }
 
 void tst_exchangeable::theFormatIsToldOf_data()
