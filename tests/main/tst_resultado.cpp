@@ -33,6 +33,7 @@ private slots:
     void countLineTogglesTheView();
     void headersSortAndANewSearchDoesNot();
     void eachHeaderSortsByItsColumn();
+    void twoFastClicksOnAHeaderTurnTheOrderTwice();
 };
 
 void tst_resultado::enterInABoxOpensTheFirstRow_data()
@@ -373,6 +374,28 @@ void tst_resultado::eachHeaderSortsByItsColumn()
     QCOMPARE(clica(0), porTitulo);
     QCOMPARE(clica(1), de_tras(porReferencia));
     QCOMPARE(clica(2), porTemas);
+}
+
+void tst_resultado::twoFastClicksOnAHeaderTurnTheOrderTwice()
+{
+    Musica(u"Aboio"_qs);
+    Musica(u"Bossa"_qs);
+    Carrega();
+    QWidget* cabecalho = m_lista->header()->viewport();
+    const QPoint titulo(40, 12);
+    QTest::mouseClick(cabecalho, Qt::LeftButton, {}, titulo);
+    QCOMPARE(Titulos(), QStringList({u"Bossa"_qs, u"Aboio"_qs}));
+    // What arrives of the second one is a double click.
+    QTest::mouseDClick(cabecalho, Qt::LeftButton, {}, titulo);
+    QTest::mouseRelease(cabecalho, Qt::LeftButton, {}, titulo);
+    QCOMPARE(Titulos(), QStringList({u"Aboio"_qs, u"Bossa"_qs}));
+    QTest::mouseClick(cabecalho, Qt::LeftButton, {}, titulo);
+    QCOMPARE(Titulos(), QStringList({u"Bossa"_qs, u"Aboio"_qs}));
+    // Other buttons sort nothing, nor does what makes a column as wide as its texts.
+    QTest::mouseDClick(cabecalho, Qt::RightButton, {}, titulo);
+    QTest::mouseDClick(cabecalho, Qt::LeftButton, {},
+                       QPoint(m_lista->header()->sectionViewportPosition(1), 12));
+    QCOMPARE(Titulos(), QStringList({u"Bossa"_qs, u"Aboio"_qs}));
 }
 
 QTEST_MAIN(tst_resultado)
