@@ -25,6 +25,7 @@ private slots:
     void endsOfTheList_data();
     void endsOfTheList();
     void aMoveStartsInTheStoredKeyAndKeepsTheRest();
+    void aMoveTakesTheWholeHeaderAlong();
     void aMoveStartsAtTheTopAndStopsScrolling();
     void choosingAnEntryIsLikeReachingIt();
     void choosingTheShownSongLoadsItAgain();
@@ -150,6 +151,27 @@ void tst_viewer_navigation::aMoveStartsInTheStoredKeyAndKeepsTheRest()
     QCOMPARE(Box(viewer, 1)->Text(), u"C\r\nUm Amar"_qs); // as written
     QTest::keyClick(viewer.data(), Qt::Key_A);
     QCOMPARE(Caption(viewer, "lblTom"), u"(Am)"_qs);
+}
+
+void tst_viewer_navigation::aMoveTakesTheWholeHeaderAlong()
+{
+    const auto& catalogue = bench->catalogue;
+    const qint64 first = bench->Song(u"Rosa"_qs, u"A"_qs, u"m"_qs);
+    catalogue.Link(first, catalogue.AddTheme(u"Louvor"_qs));
+    const qint64 bare = catalogue.AddSong({.title = u""_qs, .reference = u""_qs});
+    const auto viewer =
+        bench->OpenList(catalogue.AddSetlist(u"Domingo"_qs, QDate(), {first, bare, first}));
+    QCOMPARE(Caption(viewer, "lblTemas"), u"Louvor"_qs);
+    QTest::keyClick(viewer.data(), Qt::Key_P);
+    QCOMPARE(Caption(viewer, "lblTitulo"), QString());
+    QCOMPARE(Caption(viewer, "lblTom"), u"(C)"_qs);
+    QCOMPARE(Caption(viewer, "lblReferencia"), QString());
+    QCOMPARE(Caption(viewer, "lblTemas"), QString());
+    QCOMPARE(viewer->windowTitle(), u" ()"_qs);
+    QTest::keyClick(viewer.data(), Qt::Key_P);
+    QCOMPARE(Caption(viewer, "lblTom"), u"(Am)"_qs);
+    QCOMPARE(Caption(viewer, "lblReferencia"), u"Ref. Rosa"_qs);
+    QCOMPARE(Caption(viewer, "lblTemas"), u"Louvor"_qs);
 }
 
 void tst_viewer_navigation::aMoveStartsAtTheTopAndStopsScrolling()
