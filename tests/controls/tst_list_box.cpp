@@ -4,10 +4,13 @@
 
 #include <QApplication>
 #include <QFontMetrics>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextDocument>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 #include <memory>
@@ -46,6 +49,7 @@ private slots:
     void a_handler_may_keep_a_key_from_the_list();
     void choosing_inside_a_fill_raises_at_once();
     void rows_chosen_before_the_form_is_shown_get_the_height_of_its_style();
+    void a_text_without_room_is_told_whole_by_its_tip();
     void twenty_thousand_items_are_shown_at_the_chosen_one();
 
 private:
@@ -434,6 +438,23 @@ void tst_list_box::rows_chosen_before_the_form_is_shown_get_the_height_of_its_st
     QTRY_COMPARE(list.visualRect(list.model()->index(0, 0)).height(), list.sizeHintForRow(0));
     QVERIFY(list.sizeHintForRow(0) > QFontMetrics(list.font()).height() + 17);
     qApp->setStyleSheet({});
+}
+
+void tst_list_box::a_text_without_room_is_told_whole_by_its_tip()
+{
+    Fill(ListBox::SingleChoice, 2);
+    const QString whole = u"Uma <b>letra</b> "_s.repeated(20);
+    m_list->AddItem(whole);
+    const auto tip = [this](int row) {
+        QHelpEvent help(QEvent::ToolTip, CentreOf(row),
+                        m_list->viewport()->mapToGlobal(CentreOf(row)));
+        QApplication::sendEvent(m_list->viewport(), &help);
+        return QToolTip::text();
+    };
+    QCOMPARE(tip(0), QString());
+    QTextDocument shown;
+    shown.setHtml(tip(2));
+    QCOMPARE(shown.toPlainText().simplified(), whole.simplified());
 }
 
 void tst_list_box::twenty_thousand_items_are_shown_at_the_chosen_one()

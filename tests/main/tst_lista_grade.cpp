@@ -148,10 +148,13 @@ void tst_lista_grade::aRefillShowsTheQuerysOrderAgain()
     m_catalogo->AddSetlist(u"A"_qs, QDate(2009, 3, 5));
     m_catalogo->AddSetlist(u"B"_qs, QDate(2010, 1, 20));
     Carrega();
+    const auto* cabecalho = Acha<GradeListas>("lstLista")->header();
     Cabecalho(1);
     Cabecalho(1);
     QCOMPARE(Grade(), QStringList({u"A|2009-03-05"_qs, u"B|2010-01-20"_qs}));
+    QVERIFY(cabecalho->isSortIndicatorShown());
     Escolhe("mnuLista");
+    QVERIFY(!cabecalho->isSortIndicatorShown());
     QCOMPARE(Grade(), QStringList({u"B|2010-01-20"_qs, u"A|2009-03-05"_qs}));
     Cabecalho(0); // the direction is remembered: descending again
     QCOMPARE(Grade(), QStringList({u"B|2010-01-20"_qs, u"A|2009-03-05"_qs}));

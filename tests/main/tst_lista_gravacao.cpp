@@ -14,6 +14,7 @@ private slots:
     void theStatementsOfAChangedSetlist();
     void theStatementsOfADeletedSetlist();
     void theStatementsOfLoading();
+    void savingLeavesTheOfferAsItWas();
     void anEmptySetlistIsStored();
     void anEmptySetlistAfterChangesAsksAndStaysNew();
     void aChangedSetlistIsRewritten();
@@ -140,6 +141,22 @@ void tst_lista_gravacao::theStatementsOfLoading()
         Responde(0, botao);
         QCOMPARE(m_comandos, QStringList({lista, musicas, musicas}));
     }
+}
+
+void tst_lista_gravacao::savingLeavesTheOfferAsItWas()
+{
+    Musica(u"Amor"_qs);
+    Musica(u"Amora"_qs);
+    Musica(u"Bem"_qs);
+    Carrega();
+    Digita("txtFiltro", u"am"_qs);
+    Digita("txtNome", u"Ensaio"_qs);
+    Adiciona({1});
+    Clica("cmdSalvar");
+    QCOMPARE(Caixas(), QStringList({Cadastrada}));
+    QCOMPARE(Texto("txtFiltro"), u"am"_qs);
+    QCOMPARE(Oferecidas(), QStringList({u"Amor - Anônimo"_qs, u"Amora - Anônimo"_qs}));
+    QCOMPARE(Acha<ListBox>("lstMusicasLista")->ListIndex(), 1);
 }
 
 void tst_lista_gravacao::anEmptySetlistIsStored()

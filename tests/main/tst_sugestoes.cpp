@@ -69,6 +69,7 @@ private slots:
     void doubleClickThroughTheWindowOpensItsSong();
     void twoSlowClicksReachWhatLiesBeneath();
     void aSecondClickElsewhereReachesWhatIsThere();
+    void aSecondClickOfTheOtherButtonOpensNothing();
     void keyboardStaysOnTopOfTheLists();
     void anotherWindowHidesNoList();
     void mouseIntoAnotherBoxHidesTheTitles();
@@ -331,6 +332,21 @@ void tst_sugestoes::aSecondClickElsewhereReachesWhatIsThere()
     QTest::mousePress(janela, Qt::LeftButton, {}, No_Formulario(*m_titulo).center());
     QVERIFY(m_titulo->hasFocus());
     QTest::mouseRelease(janela, Qt::LeftButton, {}, No_Formulario(*m_titulo).center());
+    QCOMPARE(Visualizadores().size(), 0);
+}
+
+void tst_sugestoes::aSecondClickOfTheOtherButtonOpensNothing()
+{
+    Com_Referencia(u"Amor"_qs, u"Ana"_qs);
+    Com_Referencia(u"Amanhecer"_qs, u"Bia"_qs);
+    Cadastro();
+    Escreve_Titulo(u"Am"_qs);
+    const QPoint lugar = Na_Janela(*m_musicas, 1);
+    QWindow* janela = m_form->windowHandle();
+    QTest::mousePress(janela, Qt::LeftButton, {}, lugar);
+    QTest::mousePress(janela, Qt::RightButton, {}, lugar); // no later than a double click's
+    QTest::mouseRelease(janela, Qt::RightButton, {}, lugar);
+    QTest::mouseRelease(janela, Qt::LeftButton, {}, lugar);
     QCOMPARE(Visualizadores().size(), 0);
 }
 

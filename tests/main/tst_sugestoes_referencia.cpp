@@ -24,6 +24,8 @@ private slots:
     void referencesStayWhileTheTitleHasTheFocus();
     void referencesGoWhenTheirListLosesTheFocus();
     void clearedReferenceHidesTheList();
+    void aReferenceEmptiedFromElsewhereHidesTheList_data();
+    void aReferenceEmptiedFromElsewhereHidesTheList();
     void blanksTypedAreAskedForAsTheyAre();
     void listFollowsItsBoxWhenTheWindowIsResized();
     void aFailureIsShownOnceWhileTyping();
@@ -270,6 +272,27 @@ void tst_sugestoes_referencia::clearedReferenceHidesTheList()
     QVERIFY(m_referencias->isHidden());
     QCOMPARE(m_comandos, QStringList());
     QCOMPARE(Itens(*m_referencias), QStringList(u"Harpa"_qs));
+}
+
+void tst_sugestoes_referencia::aReferenceEmptiedFromElsewhereHidesTheList_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::newRow("the focus beside box and list") << int{Qt::Key_Tab};
+    QTest::newRow("the focus in the list") << int{Qt::Key_Down};
+}
+
+void tst_sugestoes_referencia::aReferenceEmptiedFromElsewhereHidesTheList()
+{
+    QFETCH(int, key);
+    Com_Referencia(u"Um"_qs, u"Harpa"_qs);
+    Cadastro();
+    Escreve_Referencia(u"H"_qs);
+    Tecla(key);
+    QVERIFY(!m_referencia->hasFocus());
+    QVERIFY(m_referencias->isVisible());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_N, Qt::AltModifier); // "Novo"
+    QTRY_COMPARE(m_referencia->text(), QString());
+    QVERIFY(m_referencias->isHidden());
 }
 
 void tst_sugestoes_referencia::blanksTypedAreAskedForAsTheyAre()
