@@ -50,6 +50,12 @@ ReportList::ReportList(QWidget* parent)
     header()->setHighlightSections(false);
     header()->setSectionsClickable(true);
     connect(header(), &QHeaderView::sectionClicked, this, &ReportList::ColumnClick);
+    // Of two fast clicks the header tells the second as a double click only.
+    connect(header(), &QHeaderView::sectionDoubleClicked, this, [this](int column) {
+        if (column >= 0)
+            emit ColumnClick(column);
+    });
+    header()->viewport()->installEventFilter(this);
 }
 
 void ReportList::SortBy(int column)
@@ -81,6 +87,15 @@ void ReportList::MakeCurrent(const QModelIndex& index)
                                                  QItemSelectionModel::Rows);
 }
 
+bool ReportList::eventFilter(QObject* object, QEvent* event)
+{
+    // The header takes clicks of the left button, but double clicks of any.
+    if (object == header()->viewport() && event->type() == QEvent::MouseButtonDblClick &&
+        static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton)
+        return true;
+    return QTreeView::eventFilter(object, event);
+}
+
 void ReportList::mouseDoubleClickEvent(QMouseEvent* event)
 {
     const QModelIndex below = indexAt(event->position().toPoint());
@@ -89,6 +104,9 @@ void ReportList::mouseDoubleClickEvent(QMouseEvent* event)
     // The first press may have met the row next to it.
     if (below.row() != currentIndex().row())
         MakeCurrent(below);
+    // With Ctrl it has taken the mark of a marked row away.
+    if (!selectionModel()->isSelected(below))
+        selectionModel()->select(below, QItemSelectionModel::Select | QItemSelectionModel::Rows);
     emit DblClick();
 }
 

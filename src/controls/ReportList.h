@@ -25,13 +25,14 @@ public:
 signals:
     /// The left button, twice, on a row, which is current and selected then.
     void DblClick();
-    /// A column header was clicked. @param column  position from 0
+    /// A column header was clicked, also fast after another click. @param column  position from 0
     void ColumnClick(int column);
 
 protected:
     /// Rows come in the order of their model again.
     void ForgetSorting();
 
+    bool eventFilter(QObject* object, QEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     /// Shows what a row's tip says, letter by letter, also where it looks like markup.
     bool viewportEvent(QEvent* event) override;

@@ -129,6 +129,8 @@ void SongCollector::Add(std::string_view utf8, bool isPlain)
 
 void SongCollector::AddOther()
 {
+    if (m_themesDepth != 0 && m_levels.size() == m_themesDepth)
+        EndTheme(); // text in front of it
     if (m_levels.size() != RootDepth)
         return;
     m_inRootText = false;

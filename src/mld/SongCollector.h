@@ -40,7 +40,8 @@ public:
     /// @param isPlain  false where the author marked it as text (CDATA): then even blanks are some
     void Add(std::string_view utf8, bool isPlain = true);
 
-    /// A comment or a processing instruction: no child where themes are, but one of the root.
+    /// A comment or a processing instruction: no child where themes are, but it parts the texts
+    /// there, and is a child of the root.
     void AddOther();
 
     /// @return what was collected; the document has ended.

@@ -9,6 +9,7 @@
 #include "store/sqlite/Failure.h"
 #include "store/sqlite/Statement.h"
 
+#include <QFileInfo>
 #include <QSet>
 
 #include <sqlite3.h>
@@ -58,9 +59,10 @@ void CatalogueSongs::CloseHandle::operator()(sqlite3* handle) const noexcept
 CatalogueSongs::CatalogueSongs(const QString& path)
 {
     CatalogueFile::CheckHeader(path);
+    // An absolute path is never taken for one of SQLite's special names.
+    const QByteArray name = QFileInfo(path).absoluteFilePath().toUtf8();
     sqlite3* handle = nullptr;
-    const int result =
-        sqlite3_open_v2(path.toUtf8().constData(), &handle, SQLITE_OPEN_READONLY, nullptr);
+    const int result = sqlite3_open_v2(name.constData(), &handle, SQLITE_OPEN_READONLY, nullptr);
     m_handle.reset(handle);
     if (!handle)
         throw RuntimeError(RuntimeError::StoreFailure, u"Não há memória para abrir o catálogo."_qs,

@@ -53,7 +53,8 @@ public:
             narrow += held;
             i += pair ? 1 : 0;
         }
-        return WithoutBreakMark(narrow);
+        // In lyrics the mark is written by itself, and no line of theirs holds a break.
+        return WithoutBreakMark(narrow).replace(u"\r\n"_qs, u"[br]"_qs);
     }
 
     QString Sheet(const QString& text)
@@ -70,7 +71,7 @@ private:
     {
         if (!text.contains(u"[br]"))
             return text;
-        m_remarks.Lost(0, u"o arquivo n\u00E3o guarda \"[br]\": ficou \"(br)\""_qs);
+        m_remarks.Lost(0, u"o formato .mld não guarda \"[br]\": ficou \"(br)\""_qs);
         return QString(text).replace(u"[br]"_qs, u"(br)"_qs);
     }
 
@@ -92,7 +93,8 @@ private:
         QString changed = row;
         changed.replace(u'<', u'-').replace(u'>', u'-');
         if (changed != row)
-            m_remarks.Lost(0, u"o arquivo não guarda \"<\" e \">\": ficou \"-\" nos acordes"_qs);
+            m_remarks.Lost(0,
+                           u"o formato .mld não guarda \"<\" e \">\": ficou \"-\" nos acordes"_qs);
         return changed;
     }
 
@@ -101,7 +103,7 @@ private:
         const bool shown = sign.size() > 1 || sign.front().isPrint();
         const QString code =
             u"U+%1"_qs.arg(uint{sign.front().unicode()}, 4, 16, QChar(u'0')).toUpper();
-        m_remarks.Lost(0, u"o arquivo não guarda \"%1\": ficou \"%2\""_qs.arg(
+        m_remarks.Lost(0, u"o formato .mld não guarda \"%1\": ficou \"%2\""_qs.arg(
                               shown ? sign.toString() : code, held));
     }
 

@@ -128,8 +128,11 @@ void Funcoes::Gravacao_Arquivo::Conclui()
 
 QString Funcoes::Le_Configuracao(const QString& secao, const QString& chave)
 {
+    const QString arquivo = Caminho_Configuracao();
+    if (!QFileInfo::exists(arquivo))
+        return QString();
     QCoreApplication::processEvents();
-    return ReadKey(ContentToKeep(Caminho_Configuracao()), secao, chave);
+    return ReadKey(ContentToKeep(arquivo), secao, chave);
 }
 
 QString Funcoes::Le_Ini(const QString& secao, const QString& chave, const QString& arquivo)

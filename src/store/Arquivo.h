@@ -49,7 +49,8 @@ private:
     QSaveFile m_arquivo;
 };
 
-/// Reads one key of config.ini in the program's folder, as Le_Ini does.
+/// Reads one key of config.ini in the program's folder, as Le_Ini does. Without such a file no
+/// events run either.
 /// @return its value; "" without file or key
 /// @throws RuntimeError FileFailure when there is a file, or a folder, that cannot be read: whoever
 /// took that for a missing key would write over it

@@ -8,37 +8,13 @@
 #include "tools/ConversionOrder.h"
 #include "tools/Messages.h"
 #include "tools/OutputFiles.h"
+#include "tools/StandardInput.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryFile>
 
-#include <cstdio>
-
 namespace {
-
-/// The format is read back and forth, which a pipe does not allow.
-/// @return why it could not be kept, in Portuguese; empty when it was
-QString KeepInput(QTemporaryFile& file)
-{
-    constexpr qint64 Piece = qint64{1} << 20;
-    const QString noPlace = u"não há lugar para um arquivo provisório: "_qs;
-    if (!file.open())
-        return noPlace + FileTrouble(file);
-    QFile input;
-    bool read = input.open(stdin, QIODevice::ReadOnly);
-    while (read) {
-        const QByteArray bytes = input.read(Piece);
-        if (bytes.isEmpty())
-            break;
-        if (file.write(bytes) != bytes.size())
-            return noPlace + FileTrouble(file);
-    }
-    read = read && input.error() == QFile::NoError;
-    if (!read)
-        return FileTrouble(input);
-    return file.flush() ? QString() : noPlace + FileTrouble(file);
-}
 
 /// @return why no catalogue in the older format can be read there, in Portuguese
 QString WhyNotOld(const QString& path)

@@ -1,6 +1,7 @@
 #include "tools/ConversionOrder.h"
 
 #include "tools/DestinationKind.h"
+#include "tools/FileArgument.h"
 
 #include <QFileInfo>
 
@@ -33,7 +34,7 @@ private:
     void ReadArgument(const QString& argument)
     {
         if (!m_options || argument == Standard() || !argument.startsWith(u'-'))
-            m_order.sources.append(argument);
+            m_order.sources.append(FileArgument(argument));
         else if (argument == u"--")
             m_options = false;
         else if (argument == u"--simular")

@@ -1,6 +1,7 @@
 // melodario-cria: makes a new catalogue from a folder of seed files.
 
 #include "runtime/RuntimeError.h"
+#include "tools/FileArgument.h"
 #include "tools/NewCatalogue.h"
 
 #include <QCoreApplication>
@@ -39,7 +40,7 @@ int Cria(QStringList arguments, QTextStream& out, QTextStream& err)
         return WrongUse;
     }
     try {
-        const CatalogueCounts counts = MakeCatalogue(data, arguments.first());
+        const CatalogueCounts counts = MakeCatalogue(data, FileArgument(arguments.first()));
         out << u"%1: %2 temas, %3 músicas\n"_qs.arg(arguments.first())
                    .arg(counts.themes)
                    .arg(counts.songs);

@@ -5,6 +5,7 @@
 #include "store/sqlite/Statement.h"
 #include "tools/DeliveredSchema.h"
 
+#include <QFileInfo>
 #include <QString>
 
 #include <sqlite3.h>
@@ -18,7 +19,7 @@ QByteArray ToBytes(std::string_view text)
 
 QList<EmptyCatalogue::Table> ReadTables()
 {
-    const EmptyCatalogue::Handle handle = EmptyCatalogue::Make(u":memory:"_qs);
+    const EmptyCatalogue::Handle handle = EmptyCatalogue::Make({});
     Statement rows(handle.get(), "SELECT m.name, c.name FROM sqlite_master AS m "
                                  "JOIN pragma_table_info(m.name) AS c WHERE m.type = 'table' "
                                  "AND m.name NOT LIKE 'sqlite%' ORDER BY m.rowid, c.cid");
@@ -41,8 +42,11 @@ void EmptyCatalogue::CloseHandle::operator()(sqlite3* handle) const noexcept
 
 EmptyCatalogue::Handle EmptyCatalogue::Make(const QString& path)
 {
+    // An absolute path is never taken for one of SQLite's special names.
+    const QByteArray name =
+        path.isEmpty() ? QByteArray(":memory:") : QFileInfo(path).absoluteFilePath().toUtf8();
     sqlite3* raw = nullptr;
-    const int result = sqlite3_open_v2(path.toUtf8().constData(), &raw,
+    const int result = sqlite3_open_v2(name.constData(), &raw,
                                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
     Handle handle(raw);
     if (!raw)
@@ -72,7 +76,7 @@ qint64 EmptyCatalogue::Run(sqlite3* database, const QByteArray& sql)
 
 void EmptyCatalogue::RefillFixedTable(sqlite3* database, const QByteArray& table)
 {
-    const Handle fresh = Make(u":memory:"_qs);
+    const Handle fresh = Make({});
     for (const Table& known : Tables()) {
         if (known.name != table)
             continue;

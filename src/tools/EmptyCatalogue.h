@@ -22,7 +22,7 @@ struct Table
     QList<QByteArray> columns; ///< in the order of the schema
 };
 
-/// Makes a catalogue. @param path  where no file is, or ":memory:"
+/// Makes a catalogue. @param path  where no file is; empty for one in memory
 /// @throws RuntimeError StoreFailure
 Handle Make(const QString& path);
 

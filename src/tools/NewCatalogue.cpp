@@ -25,7 +25,9 @@ public:
     {
         QFile::remove(m_path);
         sqlite3* db = nullptr;
-        const int rc = sqlite3_open_v2(m_path.toUtf8().constData(), &db,
+        // An absolute path is never taken for one of SQLite's special names.
+        const QByteArray name = QFileInfo(m_path).absoluteFilePath().toUtf8();
+        const int rc = sqlite3_open_v2(name.constData(), &db,
                                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
         m_db.reset(db);
         if (rc != SQLITE_OK)

@@ -2,6 +2,7 @@
 
 #include "tools/ConversionOrder.h"
 #include "tools/ConversionReport.h"
+#include "tools/FileArgument.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -37,15 +38,22 @@ private:
         QStringList folders;
     };
 
+    /// @return the path of what a folder holds, which QDir alone takes for another place where a
+    /// colon begins the name
+    static QString Inside(const QDir& folder, const QString& name)
+    {
+        return folder.filePath(FileArgument(name));
+    }
+
     void AddFolder(const QDir& folder)
     {
         Names names = NamesIn(folder);
         names.files.sort();
         names.folders.sort();
         for (const QString& name : names.files)
-            m_files.append(folder.filePath(name));
+            m_files.append(Inside(folder, name));
         for (const QString& name : names.folders)
-            AddFolder(QDir(folder.filePath(name)));
+            AddFolder(QDir(Inside(folder, name)));
     }
 
     /// QDir would pass in silence over what it cannot read.
@@ -62,7 +70,7 @@ private:
             if (name.toUtf8() == bytes)
                 Sort(folder, name, names);
             else if (!name.startsWith(u'.'))
-                m_report.TellUnread(folder.filePath(name), 0, u"o nome não está em UTF-8"_qs);
+                m_report.TellUnread(Inside(folder, name), 0, u"o nome não está em UTF-8"_qs);
         }
         if (failure)
             m_report.TellUnread(folder.path(), 0, u"a pasta não pode ser lida"_qs);
@@ -71,7 +79,7 @@ private:
 
     void Sort(const QDir& folder, const QString& name, Names& names)
     {
-        const QString path = folder.filePath(name);
+        const QString path = Inside(folder, name);
         const QFileInfo file(path);
         if (file.isHidden())
             return;

@@ -11,13 +11,13 @@
 #include "tools/DestinationKind.h"
 #include "tools/Interruption.h"
 #include "tools/SongFiles.h"
+#include "tools/StandardInput.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryFile>
 
 #include <algorithm>
-#include <cstdio>
 
 namespace {
 
@@ -38,21 +38,10 @@ bool IsExchange(const QByteArray& start, const QString& source)
     return root >= 0 && (before.isEmpty() || before.endsWith('>'));
 }
 
-/// What does not come from a file is put into one: a catalogue can be read from nothing else.
-bool Spool(QTemporaryFile& file)
+/// A mark is a line break in every text of an exchange file, as the import has it.
+void ReadBreaks(QString& text)
 {
-    QFile input;
-    if (!file.open() || !input.open(stdin, QIODevice::ReadOnly))
-        return false;
-    constexpr qint64 Portion = 1 << 20;
-    while (!input.atEnd()) {
-        const QByteArray bytes = input.read(Portion);
-        if (bytes.isEmpty())
-            break;
-        if (file.write(bytes) != bytes.size())
-            return false;
-    }
-    return input.error() == QFile::NoError && file.flush();
+    text.replace(u"[br]"_qs, u"\r\n"_qs);
 }
 
 std::string Utf8(const std::optional<QString>& text)
@@ -97,12 +86,12 @@ void SongSources::ReadSource(const QString& source)
     }
     QTemporaryFile file;
     Interruption::LetThrough(); // nobody may ever write into the input
-    const bool isHere = Spool(file);
+    const QString notKept = KeepInput(file);
     Interruption::Watch();
-    if (isHere)
+    if (notKept.isEmpty())
         ReadFile(source, file.fileName());
     else
-        m_report.TellUnread(source, 0, u"não há lugar para um arquivo provisório"_qs);
+        m_report.TellUnread(source, 0, notKept);
 }
 
 void SongSources::ReadFile(const QString& source, const QString& path)
@@ -177,8 +166,11 @@ void SongSources::ReadExchange(const QString& source, QFile& file)
     }
     for (qsizetype i = 0; i < songs->Count(); ++i) {
         ExchangeSong song = songs->At(i);
-        for (std::optional<QString>* text : {&song.letra1, &song.letra2})
-            (*text)->replace(u"[br]"_qs, u"\r\n"_qs);
+        for (std::optional<QString>* text : {&song.titulo, &song.referencia, &song.letra1,
+                                             &song.letra2, &song.tom, &song.variacao})
+            ReadBreaks(**text);
+        for (QString& theme : song.temas)
+            ReadBreaks(theme);
         Choose(source, song, true);
         m_report.Progress(i + 1, songs->Count(), u"músicas lidas"_qs);
     }

@@ -149,9 +149,9 @@ QString FromStandardInput(QTemporaryFile& file)
             noPlace();
     }
     read = read && in.error() == QFileDevice::NoError;
-    if (!read)
+    if (!read) // it may be closed, and need not be a file
         throw RuntimeError(RuntimeError::FileFailure, u"a entrada padrão não pôde ser lida"_qs,
-                           FileTrouble(in));
+                           QString());
     if (!file.flush())
         noPlace();
     file.close();

@@ -1,5 +1,7 @@
 #include "tools/VerificationOrder.h"
 
+#include "tools/FileArgument.h"
+
 std::optional<VerificationOrder> ReadVerificationOrder(const QStringList& arguments, QString& wrong)
 {
     VerificationOrder order;
@@ -15,7 +17,7 @@ std::optional<VerificationOrder> ReadVerificationOrder(const QStringList& argume
                 return fail(u"só um catálogo de cada vez: "_qs + argument);
             if (argument.isEmpty())
                 return fail(u"o nome do catálogo está vazio"_qs);
-            order.catalogue = argument;
+            order.catalogue = FileArgument(argument);
         } else if (argument == u"--") {
             options = false;
         } else if (argument == u"--simular") {
@@ -26,7 +28,8 @@ std::optional<VerificationOrder> ReadVerificationOrder(const QStringList& argume
             order.everything = true;
         } else if (argument == u"--reparar" || argument.startsWith(u"--reparar=")) {
             const bool joined = argument != u"--reparar";
-            order.repaired = joined ? argument.section(u'=', 1) : arguments.value(++i);
+            order.repaired =
+                FileArgument(joined ? argument.section(u'=', 1) : arguments.value(++i));
             const bool isOption =
                 !joined && order.repaired.startsWith(u'-') && order.repaired != u"-";
             if (order.repaired.isEmpty() || isOption)

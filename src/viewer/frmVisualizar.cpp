@@ -49,6 +49,7 @@ void frmVisualizar::Show()
     try {
         Form_Load();
     } catch (...) {
+        tmrContador->stop(); // it outlives the box that tells why: nothing was played
         deleteLater();
         throw;
     }

@@ -28,7 +28,8 @@ void Poe_Esquerda(QWidget* controle, int esquerda)
 
 void frmVisualizar::Cabecalho_Musica()
 {
-    setWindowTitle(Titulo + u" ("_qs + Referencia + u")"_qs);
+    QString titulo = Titulo + u" ("_qs + Referencia + u")"_qs;
+    setWindowTitle(titulo.replace(u"[*]"_qs, u"[*][*]"_qs)); // one alone marks a changed document
     ui->lblTitulo->Mostra_Texto(Titulo);
     // The key is always spelled from Notas, also when the song is stored in the other spelling.
     ui->lblTom->Mostra_Texto(u"("_qs + Funcoes::Notas.at(static_cast<std::size_t>(Tom_Atual)) +

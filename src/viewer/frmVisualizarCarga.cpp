@@ -49,14 +49,14 @@ void frmVisualizar::Carrega_Musica()
         tmrContador->start();
 }
 
-/// Reads the note names and finds the index of a key, Tom_Base.
+/// Reads the note names and finds the index of a key, Tom_Base, which only a whole table changes.
 void frmVisualizar::Carrega_Tons(const QString& tom)
 {
     SQL = u"SELECT * FROM TOM ORDER BY ORDEM"_qs;
     Consulta = Conexao.Execute(SQL);
     Notas[0] = u"?"_qs;
     Notas_Mais[0] = u"?"_qs;
-    // Tom_Base is not cleared first: an unknown key keeps the index of the song before.
+    std::int16_t base = Tom_Base; // an unknown key keeps the index of the song before
     for (std::int16_t i = 1; !Consulta.Eof(); ++i, Consulta.MoveNext()) {
         const auto indice = static_cast<std::size_t>(i);
         if (indice >= Notas.size())
@@ -64,9 +64,10 @@ void frmVisualizar::Carrega_Tons(const QString& tom)
         Notas[indice] = Consulta.Fields(u"NOTA").ToText();
         Notas_Mais[indice] = Consulta.Fields(u"MAIS").ToText();
         if (Notas[indice] == tom)
-            Tom_Base = i;
+            base = i;
         if (Notas_Mais[indice] == tom)
-            Tom_Base = i;
+            base = i;
     }
     Consulta.Close();
+    Tom_Base = base;
 }

@@ -114,6 +114,11 @@ void tst_combo_box::choosing_by_code_raises_once_and_only_a_change()
     m_box->SetSelected(1, true);
     QVERIFY(m_box->Selected(1));
     QCOMPARE(m_clicks->size(), 2);
+    m_box->SetSelected(3, false);
+    QCOMPARE(m_box->ListIndex(), 1);
+    m_box->SetSelected(1, false);
+    QCOMPARE(m_box->ListIndex(), -1);
+    QCOMPARE(m_clicks->size(), 2);
 }
 
 void tst_combo_box::a_bad_index_is_error_381()

@@ -327,7 +327,9 @@ void tst_rich_text_box::aNewSheetStartsAtItsTop()
     box.SetTextRTF(Render(SongOf(200)));
     Funcoes::Calcula_Limite_Rolagem(box);
     box.moveCursor(QTextCursor::End);
+    box.horizontalScrollBar()->setValue(box.horizontalScrollBar()->maximum());
     QVERIFY(box.verticalScrollBar()->value() > 0);
+    QVERIFY(box.horizontalScrollBar()->value() > 0);
     box.SetTextRTF(Render(SongOf(200), 4));
     QCOMPARE(box.verticalScrollBar()->value(), 0);
     QCOMPARE(box.horizontalScrollBar()->value(), 0);

@@ -21,6 +21,8 @@ private slots:
     void storedSongIsAskedForAsGiven();
     void missingSecondVersionShowsTheFirst_data();
     void missingSecondVersionShowsTheFirst();
+    void missingFirstVersionStaysEmpty_data();
+    void missingFirstVersionStaysEmpty();
     void songThatIsGoneLeavesTheFields();
     void songOfNullsIsShownEmpty();
     void unknownKeyAndVariationSelectNothing();
@@ -34,6 +36,7 @@ private slots:
     void namesOfNotesAreReadAnew();
     void thirteenNotesAreAnError();
     void chordsAreShownAsASheet();
+    void aNewSongIsTypedInTheSizeOfASheet();
     void tabsSwitchTheVersion();
     void tabsHaveTheirColours();
     void theButtonThatStoresHasTheAccentWhereverTheFocusIs();
@@ -43,6 +46,7 @@ private slots:
     void viewerShowsTheStoredSong();
     void viewerNeedsAStoredSong();
     void viewerOfASongThatIsGoneShowsNone();
+    void viewerThatFailsIsTold();
     void viewerKeepsASongThatThePanelDeletes();
     void leavingWithTypedTextAsksNothing_data();
     void leavingWithTypedTextAsksNothing();
@@ -135,6 +139,21 @@ void tst_cadastro::missingSecondVersionShowsTheFirst()
     QFETCH(QString, versao2);
     Edita(Musica({.text = u"C\r\nLuz"_qs, .text2 = versao2}));
     QCOMPARE(Letra(0), u"C\r\nLuz"_qs);
+    QCOMPARE(Letra(1), u"C\r\nLuz"_qs);
+}
+
+void tst_cadastro::missingFirstVersionStaysEmpty_data()
+{
+    QTest::addColumn<QString>("versao1");
+    QTest::newRow("NULL") << QString();
+    QTest::newRow("empty") << u""_qs;
+}
+
+void tst_cadastro::missingFirstVersionStaysEmpty()
+{
+    QFETCH(QString, versao1);
+    Edita(Musica({.text = versao1, .text2 = u"C\r\nLuz"_qs}));
+    QCOMPARE(Letra(0), QString());
     QCOMPARE(Letra(1), u"C\r\nLuz"_qs);
 }
 
@@ -297,6 +316,30 @@ void tst_cadastro::chordsAreShownAsASheet()
     }
 }
 
+void tst_cadastro::aNewSongIsTypedInTheSizeOfASheet()
+{
+    const qint64 id = Musica();
+    Carrega();
+    for (const bool depoisDeOutra : {false, true}) {
+        if (depoisDeOutra) {
+            Edita(id); // begins with a chord
+            m_form->Inicializa_Cadastro(0);
+        }
+        for (int versao = 0; versao < 2; ++versao) {
+            QTest::mouseClick(
+                Acha<QWidget>(versao == 0 ? "lblMostraMusica_0" : "lblMostraMusica_1"),
+                Qt::LeftButton);
+            Digita(versao == 0 ? "txtCadLetra_0" : "txtCadLetra_1", u"Am"_qs);
+            QTextCursor letra(Caixa(versao)->document());
+            letra.setPosition(1);
+            QCOMPARE(letra.charFormat().font().pointSizeF(), 14.0);
+            QVERIFY(letra.charFormat().fontWeight() <= int(QFont::Normal));
+            QCOMPARE(Caixa(versao)->document()->defaultFont().family(),
+                     Appearance::MonospacedFamily());
+        }
+    }
+}
+
 void tst_cadastro::tabsSwitchTheVersion()
 {
     Carrega();
@@ -446,6 +489,18 @@ void tst_cadastro::viewerOfASongThatIsGoneShowsNone()
     QCOMPARE(visualizador.findChild<QLabel*>(u"lblTitulo"_qs)->text(), QString());
     QCOMPARE(visualizador.findChild<RichTextBox*>()->Text(), QString());
     QVERIFY(m_caixas->boxes.isEmpty());
+    QCOMPARE(Texto("txtCadTitulo"), u"Santo Deus"_qs);
+}
+
+void tst_cadastro::viewerThatFailsIsTold()
+{
+    Edita(Musica());
+    m_catalogo->Run(u"INSERT INTO TOM (ID, NOTA, ORDEM, MAIS) VALUES (13, 'H', 13, 'H')"_qs);
+    Clica("cmdVisualizar");
+    QCOMPARE(m_caixas->boxes.size(), 1);
+    QCOMPARE(m_caixas->boxes.first().icon, Icone::Critico);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(Visualizadores().isEmpty());
     QCOMPARE(Texto("txtCadTitulo"), u"Santo Deus"_qs);
 }
 

@@ -5,6 +5,7 @@
 #include "store/WatchedFiles.h"
 #include "support/PlainSqlite.h"
 
+#include <QAction>
 #include <QFile>
 
 /// The store refuses what the song entry panel asks of it: one box of the general error path says
@@ -35,6 +36,8 @@ private slots:
     void anotherProgramWaitsForALoad();
     void aCategoryThatIsNoneLeavesTheSongBefore_data();
     void aCategoryThatIsNoneLeavesTheSongBefore();
+    void aPanelThatCannotBePreparedDoesNotCome_data();
+    void aPanelThatCannotBePreparedDoesNotCome();
     void themesStayInTheListWhenTheStoreRefuses_data();
     void themesStayInTheListWhenTheStoreRefuses();
 
@@ -443,6 +446,27 @@ void tst_cadastro_falhas::apostropheInAKeyOrVariationIsAnError()
     QCOMPARE(m_caixas->boxes.size(), 1);
     Confere_Falha(m_caixas->boxes.first().text, u"0"_qs);
     QCOMPARE(m_catalogo->Field(u"SELECT count(*) FROM MUSICA"_qs), u"0"_qs);
+}
+
+void tst_cadastro_falhas::aPanelThatCannotBePreparedDoesNotCome_data()
+{
+    QTest::addColumn<QByteArray>("menu");
+    QTest::addColumn<QString>("comando");
+    QTest::newRow("song entry") << QByteArray("mnuCadastro") << u"SELECT ID, NOTA FROM TOM"_qs;
+    QTest::newRow("setlists") << QByteArray("mnuLista") << u"SELECT * FROM TEMA ORDER"_qs;
+}
+
+void tst_cadastro_falhas::aPanelThatCannotBePreparedDoesNotCome()
+{
+    QFETCH(QByteArray, menu);
+    QFETCH(QString, comando);
+    Carrega();
+    m_form->mnuPesquisa_Click();
+    Recusa(comando);
+    Acha<QAction>(menu.constData())->trigger();
+    Confere_Caixa(Recusado, Icone::Critico);
+    QVERIFY(Acha<QWidget>("pctFrame_0")->isVisible());
+    QVERIFY(Acha<QWidget>("txtTitulo")->hasFocus());
 }
 
 void tst_cadastro_falhas::themesStayInTheListWhenTheStoreRefuses_data()

@@ -37,6 +37,7 @@ private slots:
     void deletingASongThatIsGone();
     void deletedSongStaysInSetlistRows();
     void committedBeforeAnyMessage();
+    void newIdentityComesAfterTheMessage();
     void searchResultsFollow();
 
 private:
@@ -317,6 +318,13 @@ void tst_cadastro_salvar::songWithoutACategoryIsAnError()
     QCOMPARE(m_caixas->boxes.first().icon, Icone::Critico);
     QCOMPARE(m_comandos, QStringList());
     m_caixas->boxes.clear();
+    // What is to be stored is read before anything is checked.
+    Digita("txtCadTitulo", QString());
+    Clica("cmdCadSalvar");
+    QCOMPARE(m_caixas->boxes.size(), 1);
+    QCOMPARE(m_caixas->boxes.first().icon, Icone::Critico);
+    m_caixas->boxes.clear();
+    Digita("txtCadTitulo", u"Luz"_qs);
     Acha<ComboBox>("cmbCadCategoria")->SetListIndex(1);
     Clica("cmdCadSalvar");
     Confere_Caixa(u"Música Atualizada com Sucesso!"_qs, Icone::Informacao);
@@ -474,6 +482,20 @@ void tst_cadastro_salvar::committedBeforeAnyMessage()
     Digita("txtCadTitulo", u"Luz do mundo"_qs);
     Clica("cmdCadSalvar");
     QCOMPARE(vistos, QStringList({u"Luz:1"_qs, u"Luz do mundo:1"_qs}));
+}
+
+void tst_cadastro_salvar::newIdentityComesAfterTheMessage()
+{
+    QStringList vistos;
+    m_caixas->whileOpen = [&] {
+        const bool exclui = Acha<QPushButton>("cmdExcluir")->isEnabled();
+        vistos.append(Identidade() + (exclui ? u" stored"_qs : u" new"_qs));
+    };
+    Carrega();
+    Digita_Musica();
+    Clica("cmdCadSalvar");
+    Clica("cmdCadSalvar");
+    QCOMPARE(vistos, QStringList({u"0 new"_qs, u"1 stored"_qs}));
 }
 
 void tst_cadastro_salvar::searchResultsFollow()

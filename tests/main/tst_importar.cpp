@@ -21,9 +21,14 @@ private slots:
     void doubleQuotesAroundThePathDoNotCount();
     void anEqualSongIsAskedAboutAndSuffixed();
     void anEqualSongAnsweredWithNoIsSkippedAndNotCounted();
+    void eachEqualSongHasAnAnswerOfItsOwn();
+    void equalSongsOfOneFileAreAskedAbout();
     void anApostropheIsDoubledInTheQuestionAndStoredOnce();
     void aThemeSpelledDifferentlyIsANewOne();
     void aThemeNamedTwiceIsLinkedOnce();
+    void aThemeWithoutANameIsAThemeAsWell();
+    void aFileMayNameSemTemaItself_data();
+    void aFileMayNameSemTemaItself();
     void aSongWithoutThemesGetsANewSemTema_data();
     void aSongWithoutThemesGetsANewSemTema();
     void faultySongsAreToldOfAndTheOthersImported();
@@ -102,6 +107,7 @@ void tst_importar::whatIsNoExchangeFileIsRefused_data()
     const QString estranho = u"! Arquivo não Reconhecido."_qs;
     const QString invalido = u"! Arquivo no formato inválido."_qs;
     QTest::newRow("no file") << u"x.mld"_qs << QString() << ausente;
+    QTest::newRow("no file, by another name") << u"x.txt"_qs << QString() << ausente;
     QTest::newRow("a folder") << u"pasta.mld"_qs << QString() << ausente;
 #ifndef Q_OS_WIN // which has no such files
     QTest::newRow("a pipe") << u"cano.mld"_qs << QString() << ausente;
@@ -178,6 +184,37 @@ void tst_importar::anEqualSongAnsweredWithNoIsSkippedAndNotCounted()
     QCOMPARE(Caixas().last(), u"i 0 música(s) importada(s) com sucesso!"_qs);
     QCOMPARE(Um(u"SELECT count(*) FROM MUSICA"_qs), u"1"_qs);
     QCOMPARE(Um(u"SELECT count(*) FROM TEMA WHERE DESCRICAO = 'Nunca'"_qs), u"0"_qs);
+    // The lists are filled anew all the same.
+    QCOMPARE(m_comandos.value(1), u"SELECT * FROM TEMA ORDER BY TEMA.ORDEM, TEMA.DESCRICAO"_qs);
+    QVERIFY(m_comandos.value(2).startsWith(u"SELECT DISTINCT MUSICA.ID"));
+}
+
+void tst_importar::eachEqualSongHasAnAnswerOfItsOwn()
+{
+    for (const QString& titulo : {u"Luz"_qs, u"Mar"_qs, u"Sol"_qs})
+        Musica(titulo, {}, TestSong{.reference = u"Ana"_qs});
+    Carrega_Importar();
+    m_caixas->whileOpen = [this] {
+        m_caixas->answer = !m_caixas->boxes.last().text.contains(u"Mar");
+    };
+    Importa(Arquivo(Musica_Xml(u"Luz"_qs, Tema_Xml(u"Louvor"_qs)) +
+                    Musica_Xml(u"Mar"_qs, Tema_Xml(u"Louvor"_qs)) +
+                    Musica_Xml(u"Sol"_qs, Tema_Xml(u"Louvor"_qs))));
+    QCOMPARE(Caixas().size(), 4);
+    QCOMPARE(Caixas().last(), u"i 2 música(s) importada(s) com sucesso!"_qs);
+    QCOMPARE(Um(u"SELECT group_concat(TITULO, '|') FROM MUSICA WHERE ID > 3"_qs),
+             u"Luz (Importação)|Sol (Importação)"_qs);
+}
+
+void tst_importar::equalSongsOfOneFileAreAskedAbout()
+{
+    Carrega_Importar();
+    Importa(Arquivo(Musica_Xml(u"Luz"_qs, Tema_Xml(u"Louvor"_qs)).repeated(2)));
+    QCOMPARE(Caixas(),
+             QStringList({u"? A música 'Luz' já encontra-se no Banco de Dados. Deseja importar "
+                          "assim mesmo?"_qs,
+                          u"i 2 música(s) importada(s) com sucesso!"_qs}));
+    QCOMPARE(Um(u"SELECT group_concat(TITULO, '|') FROM MUSICA"_qs), u"Luz|Luz (Importação)"_qs);
 }
 
 void tst_importar::anApostropheIsDoubledInTheQuestionAndStoredOnce()
@@ -205,6 +242,38 @@ void tst_importar::aThemeNamedTwiceIsLinkedOnce()
     Importa(Arquivo(Musica_Xml(u"Luz"_qs, Tema_Xml(u"Novo"_qs) + Tema_Xml(u"Novo"_qs))));
     QCOMPARE(Um(u"SELECT count(*) FROM TEMA_MUSICA"_qs), u"1"_qs);
     QCOMPARE(Um(u"SELECT count(*) FROM TEMA WHERE DESCRICAO = 'Novo'"_qs), u"1"_qs);
+}
+
+void tst_importar::aThemeWithoutANameIsAThemeAsWell()
+{
+    Carrega_Importar();
+    Importa(Arquivo(Musica_Xml(u"Luz"_qs, Tema_Xml(QString())) +
+                    Musica_Xml(u"Mar"_qs, Tema_Xml(QString()) + Tema_Xml(u"Louvor"_qs))));
+    QCOMPARE(Musicas(), QStringList({u"Luz|Ana|C\r\na|D\r\nb|C|m|1|0|:2:"_qs,
+                                     u"Mar|Ana|C\r\na|D\r\nb|C|m|1|0|Louvor:2:,:2:"_qs}));
+    QCOMPARE(Um(u"SELECT count(*) FROM TEMA"_qs), u"3"_qs);
+}
+
+void tst_importar::aFileMayNameSemTemaItself_data()
+{
+    QTest::addColumn<bool>("existe");
+    QTest::addColumn<QString>("tema");
+    QTest::newRow("it exists") << true << u"Sem Tema:3:"_qs;
+    QTest::newRow("it is as new as any other") << false << u"Sem Tema:2:"_qs;
+}
+
+void tst_importar::aFileMayNameSemTemaItself()
+{
+    QFETCH(bool, existe);
+    QFETCH(QString, tema);
+    if (existe)
+        m_catalogo->AddTheme(u"Sem Tema"_qs, 3);
+    Carrega_Importar();
+    Importa(Arquivo(Musica_Xml(u"Luz"_qs, Tema_Xml(u"Sem Tema"_qs)) +
+                    Musica_Xml(u"Mar"_qs, Tema_Xml(u"Sem Tema"_qs))));
+    QCOMPARE(Musicas(), QStringList({u"Luz|Ana|C\r\na|D\r\nb|C|m|1|0|"_qs + tema,
+                                     u"Mar|Ana|C\r\na|D\r\nb|C|m|1|0|"_qs + tema}));
+    QCOMPARE(Um(u"SELECT count(*) FROM TEMA WHERE DESCRICAO = 'Sem Tema'"_qs), u"1"_qs);
 }
 
 void tst_importar::aSongWithoutThemesGetsANewSemTema_data()
@@ -305,6 +374,7 @@ void tst_importar::aStoreFailureKeepsWhatWasStored()
     Carrega_Importar();
     int inseridas = 0;
     Funcoes::Conexao.SetStatementHook([&](const QString& sql) {
+        m_comandos.append(sql);
         if (sql.startsWith(u"INSERT INTO MUSICA ") && ++inseridas == 3)
             throw RuntimeError(RuntimeError::StoreFailure, u"falhou"_qs, QString());
     });
@@ -313,6 +383,7 @@ void tst_importar::aStoreFailureKeepsWhatWasStored()
         musicas += Musica_Xml(QString::number(i), Tema_Xml(u"Louvor"_qs));
     Importa(Arquivo(musicas));
     QCOMPARE(Caixas(), QStringList(u"X falhou"_qs));
+    QVERIFY(m_comandos.last().startsWith(u"INSERT INTO MUSICA ")); // nothing is filled anew
     QCOMPARE(Um(u"SELECT count(*) FROM MUSICA JOIN TEMA_MUSICA ON ID = ID_MUSICA"_qs), u"2"_qs);
 }
 

@@ -53,6 +53,7 @@ private slots:
     void letterKeepsCategoryAndOrder();
     void everyLetterAsksForItsOwn();
     void tudoSearchesWithoutALetter();
+    void aLetterCountsForOneSearchOnly();
     void arrowKeysReachEveryLetter();
     void chosenThemesNarrowTheSearch();
     void singleThemeIsChosenAtLoading();
@@ -284,6 +285,30 @@ void tst_pesquisa::tudoSearchesWithoutALetter()
     QVERIFY(!Ultimo_SQL().contains(u"LIKE"));
 }
 
+void tst_pesquisa::aLetterCountsForOneSearchOnly()
+{
+    Musica(u"Bossa"_qs);
+    Musica(u"Luz"_qs);
+    Carrega();
+    const QList<std::function<void()>> filtros{
+        [this] { Clica("chkSecular"); },
+        [this] { Clica("chkReligiosa"); }, // both unchecked is both
+        [this] { Clica("chkOrdenar"); },
+        [this] { Clica_Tema(0); },
+        [this] { m_form->Pesquisa(); }, // after a save or a deletion
+        [this] {
+            QTest::keyClicks(Acha<QWidget>("txtTitulo"), u"z"_qs);
+            Espera_Pesquisa();
+        }};
+    for (const auto& filtra : filtros) {
+        Clica_Letra(1);
+        QCOMPARE(Titulos(), QStringList(u"Bossa"_qs));
+        filtra();
+        QVERIFY2(!Ultimo_SQL().contains(u"LIKE 'B%'"), qPrintable(Ultimo_SQL()));
+        QVERIFY(Titulos().contains(u"Luz"_qs));
+    }
+}
+
 void tst_pesquisa::arrowKeysReachEveryLetter()
 {
     Carrega();
@@ -390,11 +415,14 @@ void tst_pesquisa::doubleClickEmptiesTheBoxAndSearches()
     Musica(u"Luz"_qs);
     Carrega();
     auto* texto = Acha<QLineEdit>(caixa.constData());
+    for (const char* outra : {"txtTitulo", "txtReferencia", "txtLetra"})
+        Acha<QLineEdit>(outra)->setText(u"%"_qs); // finds everything
     QTest::keyClicks(texto, u"xyz"_qs);
     Espera_Pesquisa();
     QCOMPARE(m_lista->ListCount(), 0);
     QTest::mouseDClick(texto, Qt::LeftButton, {}, QPoint(20, texto->height() / 2));
-    QCOMPARE(texto->text(), QString());
+    for (const char* outra : {"txtTitulo", "txtReferencia", "txtLetra"})
+        QCOMPARE(Acha<QLineEdit>(outra)->text(), caixa == outra ? QString() : u"%"_qs);
     QCOMPARE(m_pesquisas.size(), 1);
     QVERIFY(Acha<QTimer>("Timer1")->isActive());
     Espera_Pesquisa();

@@ -28,6 +28,7 @@ private slots:
 
     void loadingLaysTheFormOut();
     void loadingRunsItsStepsInOrder();
+    void anErrorInTheThemesEndsTheLoadingBeforeTheFirstSearch();
     void anErrorInTheImportLeavesALoadedForm();
     void menuEntriesStandInThisOrder();
     void toolbarButtonsStandInThisOrder();
@@ -48,6 +49,7 @@ private slots:
     void closingStopsTheClock();
     void viewersOutliveTheForm();
     void timerIsOneShotOf200Ms();
+    void timerWaitsForTheLoading();
     void msgShowsItsArgument();
     void abrirAsksAndOpens();
     void abrirAnsweredNoOpensNothing();
@@ -162,6 +164,19 @@ void tst_principal::loadingRunsItsStepsInOrder()
     QCOMPARE(sql, QStringList(u"SELECT * FROM TEMA ORDER BY TEMA.ORDEM, TEMA.DESCRICAO"_qs));
     QVERIFY(!m_form->isVisible());
     QVERIFY(m_form->Acha<QTimer>("Timer1")->isActive());
+}
+
+void tst_principal::anErrorInTheThemesEndsTheLoadingBeforeTheFirstSearch()
+{
+    m_form.reset();
+    m_form = std::make_unique<PrincipalTeste>(*m_catalogo);
+    Funcoes::Conexao.SetStatementHook([](const QString&) {
+        throw RuntimeError(RuntimeError::StoreFailure, u"Não deu."_qs, QString());
+    });
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, m_form->Form_Load(u"x.mld"_qs));
+    Funcoes::Conexao.SetStatementHook({});
+    QVERIFY(!m_form->Acha<QTimer>("Timer1")->isActive());
+    QCOMPARE(m_form->chamadas, QStringList(u"Conecta_Banco"_qs));
 }
 
 void tst_principal::anErrorInTheImportLeavesALoadedForm()
@@ -439,6 +454,13 @@ void tst_principal::timerIsOneShotOf200Ms()
     QCOMPARE(pesquisas, 1);
 }
 
+void tst_principal::timerWaitsForTheLoading()
+{
+    m_form.reset();
+    m_form = std::make_unique<PrincipalTeste>(*m_catalogo);
+    QVERIFY(!m_form->Acha<QTimer>("Timer1")->isActive());
+}
+
 void tst_principal::msgShowsItsArgument()
 {
     m_form->Executa_Comando(u"msg@Olá"_qs);
@@ -465,6 +487,10 @@ void tst_principal::abrirAsksAndOpens()
     QCOMPARE(Visualizadores().first()->findChild<QLabel*>(u"lblTitulo"_qs)->text(),
              u"Canção 12"_qs);
     QVERIFY(!Visualizadores().first()->isModal());
+    delete Visualizadores().first();
+    m_form->Executa_Comando(u"abrir@3@12"_qs);
+    QCOMPARE(Visualizadores().size(), 1);
+    QCOMPARE(Visualizadores().first()->findChild<QLabel*>(u"lblTitulo"_qs)->text(), u"Canção 3"_qs);
 }
 
 void tst_principal::abrirAnsweredNoOpensNothing()

@@ -16,6 +16,8 @@ private slots:
     void onlyASearchWithoutHitsLeavesAPicture();
     void enterBeforeThePendingSearchOpensTheOldList();
     void doubleClickOpensASong();
+    void doubleClickWithCtrlOpensTheRowUnderIt_data();
+    void doubleClickWithCtrlOpensTheRowUnderIt();
     void enterOpensTheSelectedSong();
     void everyOpeningIsOneMoreViewer();
     void openingASongThatIsGoneTellsNothing();
@@ -31,6 +33,7 @@ private slots:
     void countLineTogglesTheView();
     void headersSortAndANewSearchDoesNot();
     void eachHeaderSortsByItsColumn();
+    void twoFastClicksOnAHeaderTurnTheOrderTwice();
 };
 
 void tst_resultado::enterInABoxOpensTheFirstRow_data()
@@ -130,6 +133,36 @@ void tst_resultado::doubleClickOpensASong()
     QVERIFY(Visualizadores().first()->isWindow());
     QVERIFY(!Visualizadores().first()->isModal());
     QCOMPARE(m_form->chamadas, QStringList(u"Oculta_Teclado"_qs));
+}
+
+void tst_resultado::doubleClickWithCtrlOpensTheRowUnderIt_data()
+{
+    QTest::addColumn<QList<int>>("marcadas");
+    QTest::newRow("nothing marked") << QList<int>{};
+    QTest::newRow("others marked") << QList<int>{0, 2};
+    QTest::newRow("marked itself") << QList<int>{1};
+    QTest::newRow("marked with others") << QList<int>{0, 1, 2};
+}
+
+/// With Ctrl the first press of two marks a row or takes its mark away.
+void tst_resultado::doubleClickWithCtrlOpensTheRowUnderIt()
+{
+    QFETCH(QList<int>, marcadas);
+    Musica(u"Bossa"_qs);
+    Musica(u"Luz"_qs);
+    Musica(u"Zelo"_qs);
+    Carrega();
+    const auto lugar = [this](int linha) {
+        return m_lista->visualRect(m_lista->model()->index(linha, 0)).center();
+    };
+    for (const int linha : marcadas)
+        QTest::mouseClick(m_lista->viewport(), Qt::LeftButton, Qt::ControlModifier, lugar(linha));
+    QTest::mouseClick(m_lista->viewport(), Qt::LeftButton, Qt::ControlModifier, lugar(1));
+    QTest::mouseDClick(m_lista->viewport(), Qt::LeftButton, Qt::ControlModifier, lugar(1));
+    QCOMPARE(Abertas(), QStringList(u"Luz"_qs));
+    // Songs that were marked for export stay so.
+    for (const int linha : marcadas)
+        QVERIFY(m_lista->selectionModel()->isSelected(m_lista->model()->index(linha, 0)));
 }
 
 void tst_resultado::enterOpensTheSelectedSong()
@@ -341,6 +374,28 @@ void tst_resultado::eachHeaderSortsByItsColumn()
     QCOMPARE(clica(0), porTitulo);
     QCOMPARE(clica(1), de_tras(porReferencia));
     QCOMPARE(clica(2), porTemas);
+}
+
+void tst_resultado::twoFastClicksOnAHeaderTurnTheOrderTwice()
+{
+    Musica(u"Aboio"_qs);
+    Musica(u"Bossa"_qs);
+    Carrega();
+    QWidget* cabecalho = m_lista->header()->viewport();
+    const QPoint titulo(40, 12);
+    QTest::mouseClick(cabecalho, Qt::LeftButton, {}, titulo);
+    QCOMPARE(Titulos(), QStringList({u"Bossa"_qs, u"Aboio"_qs}));
+    // What arrives of the second one is a double click.
+    QTest::mouseDClick(cabecalho, Qt::LeftButton, {}, titulo);
+    QTest::mouseRelease(cabecalho, Qt::LeftButton, {}, titulo);
+    QCOMPARE(Titulos(), QStringList({u"Aboio"_qs, u"Bossa"_qs}));
+    QTest::mouseClick(cabecalho, Qt::LeftButton, {}, titulo);
+    QCOMPARE(Titulos(), QStringList({u"Bossa"_qs, u"Aboio"_qs}));
+    // Other buttons sort nothing, nor does what makes a column as wide as its texts.
+    QTest::mouseDClick(cabecalho, Qt::RightButton, {}, titulo);
+    QTest::mouseDClick(cabecalho, Qt::LeftButton, {},
+                       QPoint(m_lista->header()->sectionViewportPosition(1), 12));
+    QCOMPARE(Titulos(), QStringList({u"Bossa"_qs, u"Aboio"_qs}));
 }
 
 QTEST_MAIN(tst_resultado)

@@ -139,6 +139,7 @@ QList<Museu::Peca> Museu::Pecas()
         {u"theme-as-text-alone"_qs, u"T/Ana/a/b/C/m/1/Paz"_qs},
         {u"theme-comments-are-none"_qs, u"T/Ana/a/b/C/m/1/Mar"_qs},
         {u"theme-empty"_qs, u"T/Ana/a/b/C/m/1/+"_qs},
+        {u"theme-text-around-a-comment"_qs, u"T/Ana/a/b/C/m/1/Paz+Luz+Mar+Sol"_qs},
         {u"theme-text-beside-elements"_qs, u"T/Ana/a/b/C/m/1/Paz+Luz+Mar"_qs},
         {u"theme-twice"_qs, u"T/Ana/a/b/C/m/1/Paz+Paz"_qs},
         {u"theme-with-markup"_qs, u"T/Ana/a/b/C/m/1/Paz"_qs},

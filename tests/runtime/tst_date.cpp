@@ -27,6 +27,9 @@ void tst_date::readsDayMonthYear_data()
     QTest::newRow("month first") << u"03/25/2009"_qs << QString();
     QTest::newRow("two-digit year") << u"05/03/09"_qs << QString();
     QTest::newRow("year below 100") << u"05/03/099"_qs << QString();
+    QTest::newRow("three digits of a day") << u"005/03/2009"_qs << QString();
+    QTest::newRow("three digits of a month") << u"05/003/2009"_qs << QString();
+    QTest::newRow("five digits of a year") << u"05/03/02009"_qs << QString();
     QTest::newRow("unfinished") << u"05/03/209_"_qs << QString();
     QTest::newRow("mask alone") << u"__/__/____"_qs << QString();
     QTest::newRow("empty") << u""_qs << QString();

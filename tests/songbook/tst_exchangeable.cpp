@@ -18,6 +18,9 @@ private slots:
     void signsAreReplacedByTheNearest_data();
     void signsAreReplacedByTheNearest();
     void chordsKeepTheirColumns();
+    void aTitleOfTwoLinesComesBackAsSuch();
+    void theFormatIsToldOf_data();
+    void theFormatIsToldOf();
     void nothingIsToldOfAnOrdinarySong();
 };
 
@@ -68,6 +71,43 @@ void tst_exchangeable::chordsKeepTheirColumns()
     song.letra1 = u"<C>  G\r\nLá <lá>"_qs;
     Remarks remarks;
     QCOMPARE(*MadeExchangeable(song, remarks).letra1, u"-C-  G\r\nLá \u2039lá\u203A"_qs);
+}
+
+void tst_exchangeable::aTitleOfTwoLinesComesBackAsSuch()
+{
+    ExchangeSong song;
+    song.titulo = u"Luz\r\nMar"_qs;
+    song.temas = {u"Paz\r\nBem"_qs};
+    Remarks remarks;
+    const ExchangeSong held = MadeExchangeable(song, remarks);
+    // Only lyrics get the mark when they are written, but wherever it stands it is read.
+    QCOMPARE(*held.titulo, u"Luz[br]Mar"_qs);
+    QCOMPARE(held.temas, QStringList{u"Paz[br]Bem"_qs});
+    QVERIFY(remarks.All().isEmpty());
+}
+
+void tst_exchangeable::theFormatIsToldOf_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("told");
+    QTest::newRow("a sign of markup") << u"Tom & Jerry"_qs << u"\"&\": ficou \"e\""_qs;
+    QTest::newRow("a foreign letter") << u"\u0151"_qs << u"\"\u0151\": ficou \"o\""_qs;
+    QTest::newRow("a sign that is not seen") << u"a\u0001"_qs << u"\"U+0001\": ficou \" \""_qs;
+    QTest::newRow("the mark of a line break") << u"a[br]b"_qs << u"\"[br]\": ficou \"(br)\""_qs;
+    QTest::newRow("signs among chords")
+        << u"<C>  G"_qs << u"\"<\" e \">\": ficou \"-\" nos acordes"_qs;
+}
+
+void tst_exchangeable::theFormatIsToldOf()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, told);
+    ExchangeSong song;
+    song.letra1 = text;
+    Remarks remarks;
+    MadeExchangeable(song, remarks);
+    QCOMPARE(remarks.All().size(), 1);
+    QCOMPARE(remarks.All().first().what, u"o formato .mld não guarda "_qs + told);
 }
 
 void tst_exchangeable::nothingIsToldOfAnOrdinarySong()

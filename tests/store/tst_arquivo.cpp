@@ -65,6 +65,8 @@ private slots:
     void anIniFileThatIsAFolderIsNotReplaced();
     void theConfigurationLiesInTheProgramFolder();
     void noConfigurationFileGivesAnEmptyText();
+    void readingTheConfigurationLetsPendingEventsRun_data();
+    void readingTheConfigurationLetsPendingEventsRun();
     void aConfigurationThatIsThereButCannotBeReadFails();
     void pathsOfEveryKind_data();
     void pathsOfEveryKind();
@@ -247,6 +249,26 @@ void tst_Arquivo::noConfigurationFileGivesAnEmptyText()
 {
     QCOMPARE(Funcoes::Le_Configuracao(u"BANCO"_qs, u"Endereco"_qs), QString());
     QVERIFY(!QFileInfo::exists(Funcoes::Caminho_Configuracao()));
+}
+
+void tst_Arquivo::readingTheConfigurationLetsPendingEventsRun_data()
+{
+    QTest::addColumn<bool>("exists");
+    QTest::newRow("a file to read") << true;
+    QTest::newRow("none: nothing is read") << false;
+}
+
+void tst_Arquivo::readingTheConfigurationLetsPendingEventsRun()
+{
+    QFETCH(bool, exists);
+    if (exists)
+        QVERIFY(Put(Funcoes::Caminho_Configuracao(), "[BANCO]\r\nEndereco=/x/y.mdb"));
+    bool ran = false;
+    QMetaObject::invokeMethod(
+        this, [&] { ran = true; }, Qt::QueuedConnection);
+    Funcoes::Le_Configuracao(u"BANCO"_qs, u"Endereco"_qs);
+    QCOMPARE(ran, exists);
+    QCoreApplication::processEvents();
 }
 
 void tst_Arquivo::aConfigurationThatIsThereButCannotBeReadFails()

@@ -50,6 +50,7 @@ private slots:
     void opensAReadOnlyFileButCannotChangeIt();
     void readsButCannotChangeWhileAnotherProgramWrites();
     void opensASchemaInOtherLetters();
+    void knowsTypesInOtherLetters();
     void bringsAWriteAheadLogBack();
     void refusesAWriteAheadLogInUse();
     void saysThatAnotherProgramHoldsTheFile();
@@ -245,6 +246,28 @@ void tst_connection::opensASchemaInOtherLetters()
     connection.Open(catalogue.ConnectionString());
     QCOMPARE(connection.Execute(u"SELECT DESCRICAO FROM TEMA"_qs).Fields(u"DESCRICAO").ToText(),
              u"Louvor"_qs);
+}
+
+void tst_connection::knowsTypesInOtherLetters()
+{
+    const TestCatalogue catalogue;
+    catalogue.Run(
+        u"DROP TABLE LISTA; DROP TABLE LISTA_MUSICA;"
+        "CREATE TABLE LISTA (ID Integer PRIMARY KEY, NOME Text, DATA Date);"
+        "CREATE TABLE LISTA_MUSICA (ID_LISTA integer, ID_MUSICA integer, ORDEM smallint)"_qs);
+    catalogue.AddSetlist(u"Ensaio"_qs, QDate(2009, 3, 5));
+    Connection connection;
+    connection.Open(catalogue.ConnectionString());
+    QCOMPARE(connection.Execute(u"SELECT * FROM LISTA"_qs).Fields(u"DATA").ToText(),
+             u"05/03/2009"_qs);
+    const auto error = [&connection](const QString& sql) {
+        return Failed([&] { connection.Execute(sql); }).number;
+    };
+    QCOMPARE(error(u"UPDATE LISTA SET DATA = '31/02/2009'"_qs), int{RuntimeError::TypeMismatch});
+    const QString link = u"INSERT INTO LISTA_MUSICA (ID_LISTA, ORDEM) VALUES (%1, %2)"_qs;
+    QCOMPARE(error(link.arg(1).arg(32768)), int{RuntimeError::Overflow});
+    QCOMPARE(error(link.arg(2147483648).arg(0)), int{RuntimeError::Overflow});
+    QCOMPARE(error(link.arg(2147483647).arg(32767)), 0);
 }
 
 void tst_connection::bringsAWriteAheadLogBack()

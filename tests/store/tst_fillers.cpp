@@ -29,6 +29,7 @@ private slots:
     void comboSelects();
     void comboSelectsTheOnlyRow();
     void comboSelectsTheLaterOfTwoMatches();
+    void comboSelectsNoNegativeIdentifier();
     void comboReadsNullAsZeroAndEmpty();
     void comboForgetsWhatItHeld();
     void comboRunsClicksThatOverwriteTheSharedBuffer();
@@ -44,6 +45,7 @@ private slots:
     void songHasItsThemesInOneLine();
     void songWithoutThemesHasNone();
     void readsThemesWithoutTouchingTheSharedBuffer();
+    void themesRaiseAFailingQuery();
 
 private:
     void AddThemes(std::initializer_list<const char16_t*> names);
@@ -158,6 +160,18 @@ void tst_fillers::comboSelectsTheLaterOfTwoMatches()
     QCOMPARE(clicks, 2);
 }
 
+void tst_fillers::comboSelectsNoNegativeIdentifier()
+{
+    m_catalogue->Run(u"INSERT INTO TEMA_MUSICA VALUES (-1, 7), (-5, 8)"_qs);
+    FakeList list;
+    for (const int selection : {-1, -5}) {
+        Preenche_Combo(list, u"SELECT ID_MUSICA, ID_TEMA FROM TEMA_MUSICA"_qs, selection, true,
+                       u""_qs);
+        QCOMPARE(list.Ids(), u"-1 -5"_qs);
+        QCOMPARE(list.ListIndex(), -1);
+    }
+}
+
 void tst_fillers::comboReadsNullAsZeroAndEmpty()
 {
     m_catalogue->Run(u"INSERT INTO TEMA_MUSICA VALUES (NULL, NULL), (5, 7)"_qs);
@@ -262,8 +276,10 @@ void tst_fillers::listStopsSelectingAtAnError()
 void tst_fillers::listRaisesAFailingQuery()
 {
     FakeList list;
+    list.AddItem(u"old"_qs);
     QCOMPARE(Failed([&] { Preenche_ListBox(list, u"SELECT X FROM Y"_qs, u""_qs, true); }).number,
              int{RuntimeError::StoreFailure});
+    QCOMPARE(list.ListCount(), 0);
     QCOMPARE(list.fills, 0);
 }
 
@@ -295,6 +311,12 @@ void tst_fillers::readsThemesWithoutTouchingTheSharedBuffer()
                    "TEMA_MUSICA.ID_TEMA WHERE ID_MUSICA = 057 ORDER BY TEMA.ORDEM, "
                    "TEMA.DESCRICAO"_qs);
     QCOMPARE(SQL, u"untouched"_qs);
+}
+
+void tst_fillers::themesRaiseAFailingQuery()
+{
+    m_catalogue->Run(u"DROP TABLE TEMA_MUSICA"_qs);
+    QCOMPARE(Failed([] { Busca_Temas_Musica(1); }).number, int{RuntimeError::StoreFailure});
 }
 
 QTEST_GUILESS_MAIN(tst_fillers)

@@ -23,6 +23,7 @@ private slots:
     void isClosedAfterClosing();
     void sharesRowsButNotTheCurrentOne();
     void tellsNullFromEmpty();
+    void givesAFieldInUtf8();
     void readsDatesAsDates_data();
     void readsDatesAsDates();
     void namesColumnsAsTheStatementDoes();
@@ -177,6 +178,23 @@ void tst_recordset::tellsNullFromEmpty()
     QCOMPARE(Failed([&] { rows.Fields(1).ToNumber(); }).number, 13);
 }
 
+void tst_recordset::givesAFieldInUtf8()
+{
+    m_catalogue->Run(u"INSERT INTO LISTA (NOME, DATA) VALUES ('Céu', '2009-03-05'), ('', NULL)"_qs);
+    Recordset rows = Query(u"SELECT NOME, DATA, ID FROM LISTA ORDER BY ID"_qs);
+    QCOMPARE(rows.Utf8(0), QByteArray("C\xC3\xA9u"));
+    QCOMPARE(rows.Utf8(1), QByteArray("05/03/2009"));
+    QCOMPARE(rows.Utf8(2), QByteArray("1"));
+    rows.MoveNext();
+    QCOMPARE(rows.Utf8(0), QByteArray(""));
+    QVERIFY(!rows.Utf8(1));
+    QCOMPARE(Failed([&] { rows.Utf8(3); }).number, 3265);
+    rows.MoveNext();
+    QCOMPARE(Failed([&] { rows.Utf8(0); }).number, 3021);
+    rows.Close();
+    QCOMPARE(Failed([&] { rows.Utf8(0); }).number, 3704);
+}
+
 void tst_recordset::readsDatesAsDates_data()
 {
     QTest::addColumn<QString>("stored");
@@ -184,6 +202,7 @@ void tst_recordset::readsDatesAsDates_data()
     QTest::newRow("a day") << u"'2009-03-05'"_qs << u"05/03/2009"_qs;
     QTest::newRow("first year") << u"'0100-01-01'"_qs << u"01/01/0100"_qs;
     QTest::newRow("with a time of another tool") << u"'2009-03-05 10:20:00'"_qs << u"05/03/2009"_qs;
+    QTest::newRow("with a time behind a T") << u"'2009-03-05T10:20:00'"_qs << u"05/03/2009"_qs;
     QTest::newRow("none") << u"NULL"_qs << QString();
     QTest::newRow("no such day") << u"'2009-02-31'"_qs << u"2009-02-31"_qs;
     QTest::newRow("written otherwise") << u"'5/3/2009'"_qs << u"5/3/2009"_qs;

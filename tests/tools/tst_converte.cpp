@@ -64,6 +64,8 @@ private slots:
     void existingDestinationIsKept();
     void pipesWorkAtBothEnds();
     void hostileTextsLeaveTheFileReadable();
+    void onlyAnExchangeFileIsToldToHoldLess_data();
+    void onlyAnExchangeFileIsToldToHoldLess();
     void failuresLeaveNoFile_data();
     void failuresLeaveNoFile();
     void wrongUseShowsWhyAndHow_data();
@@ -242,6 +244,28 @@ void tst_converte::hostileTextsLeaveTheFileReadable()
     QCOMPARE(songs.size(), 1);
     QCOMPARE(*songs.first().titulo, u"Tom e \u2039Jerry\u203A"_qs);
     QVERIFY(songs.first().letra1->contains(u"b e c"));
+}
+
+void tst_converte::onlyAnExchangeFileIsToldToHoldLess_data()
+{
+    QTest::addColumn<QString>("target");
+    QTest::addColumn<bool>("told");
+    QTest::newRow("an exchange file") << u"novo.mld"_qs << true;
+    for (const char* target : {"novo.txt", "novo.cho", "novo.pdf", "novas/"})
+        QTest::newRow(target) << QString::fromLatin1(target) << false;
+}
+
+void tst_converte::onlyAnExchangeFileIsToldToHoldLess()
+{
+    QFETCH(QString, target);
+    QFETCH(bool, told);
+    const QString source = Put(u"a.cho"_qs, "{title: Tom & Jerry}\n{key: C}\n[C]La \xC5\x91\n");
+    const Outcome outcome = Convert({source, Path(target)});
+    const QString line = source + u": o formato .mld não guarda "_qs;
+    QCOMPARE(outcome.err,
+             told ? QString(line + u"\"&\": ficou \"e\"\n" + line + u"\"\u0151\": ficou \"o\"\n")
+                  : QString());
+    QCOMPARE(outcome.code, told ? 1 : 0);
 }
 
 void tst_converte::failuresLeaveNoFile_data()

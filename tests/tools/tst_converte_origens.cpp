@@ -54,6 +54,8 @@ private slots:
     void whoIsToldToEndLeavesNothing_data();
     void whoIsToldToEndLeavesNothing();
     void failuresAreToldInPortuguese();
+    void inputThatCannotBeKeptIsTold_data();
+    void inputThatCannotBeKeptIsTold();
 
 private:
     QString Path(const QString& name) const { return m_folder->filePath(name); }
@@ -340,6 +342,41 @@ void tst_converte_origens::failuresAreToldInPortuguese()
         QCOMPARE(full.code, 2);
         QVERIFY(!QFile::exists(target));
     }
+}
+
+void tst_converte_origens::inputThatCannotBeKeptIsTold_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QString>("why");
+    QTest::newRow("a closed input")
+        << u"exec \"$0\" \"$@\" <&-"_qs << u"a entrada padrão não pode ser lida"_qs;
+    QTest::newRow("a folder as input")
+        << u"exec \"$0\" \"$@\" </"_qs << u"a entrada padrão não pode ser lida"_qs;
+    QTest::newRow("a full disk")
+        << u"trap '' XFSZ; ulimit -f 0; exec \"$0\" \"$@\""_qs
+        << u"não há lugar para um arquivo provisório: o disco está cheio ou não aceita a gravação"_qs;
+}
+
+void tst_converte_origens::inputThatCannotBeKeptIsTold()
+{
+    QFETCH(QString, command);
+    QFETCH(QString, why);
+    const auto convert = [&](const QString& target) {
+        return RunTool(u"/bin/sh"_qs,
+                       {u"-c"_qs, command, QStringLiteral(MELODARIO_CONVERTE), u"-"_qs, target},
+                       PeixeVivo);
+    };
+    for (const QString& target : {Path(u"novo.mld"_qs), Path(u"novo.pdf"_qs)}) {
+        const Outcome outcome = convert(target);
+        QCOMPARE(outcome.err, u"(entrada): não lido: "_qs + why +
+                                  u"\nnenhuma música encontrada; nada foi escrito\n");
+        QCOMPARE(outcome.code, 2);
+    }
+    const Outcome catalogue = convert(Path(u"novo.mdb"_qs));
+    QCOMPARE(catalogue.err, u"(entrada): não lida: "_qs + why + u'\n');
+    QCOMPARE(catalogue.code, 2);
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+             QStringList());
 }
 
 QTEST_GUILESS_MAIN(tst_converte_origens)

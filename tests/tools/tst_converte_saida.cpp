@@ -96,6 +96,8 @@ private slots:
     void songbookIsTheSameEachTime();
     void pipesCarryEverything();
     void exchangeFileThatIsNoneIsToldWithItsLine();
+    void lineBreakMarksAreReadInEveryText_data();
+    void lineBreakMarksAreReadInEveryText();
     void faultySongsAreTold();
     void otherProgramsSongsGoToPaperToo();
     void damagedCatalogueIsTold();
@@ -493,6 +495,35 @@ void tst_converte_saida::exchangeFileThatIsNoneIsToldWithItsLine()
     QCOMPARE(outcome.code, 2);
     QCOMPARE(outcome.err, broken + u":3: não lido: não é um arquivo do Melodario bem formado\n" +
                               u"nenhuma música encontrada; nada foi escrito\n");
+}
+
+void tst_converte_saida::lineBreakMarksAreReadInEveryText_data()
+{
+    QTest::addColumn<QString>("target");
+    QTest::addColumn<QString>("part");
+    QTest::newRow("an exchange file")
+        << u"b.mld"_qs << u"<titulo>Luz[br]Mar</titulo>\r\n       <referencia>Ana[br]Zé<"_qs;
+    QTest::newRow("a text") << u"b.txt"_qs << u"Título: Luz Mar\r\nReferência: Ana Zé\r\n"_qs;
+    QTest::newRow("a text's themes") << u"b.txt"_qs << u"Temas: Paz Bem\r\n"_qs;
+    QTest::newRow("a song for others") << u"b.cho"_qs << u"{title: Luz Mar}\n{artist: Ana Zé}\n"_qs;
+}
+
+void tst_converte_saida::lineBreakMarksAreReadInEveryText()
+{
+    QFETCH(QString, target);
+    QFETCH(QString, part);
+    QFile file(Path(u"a.mld"_qs));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("<m><s><titulo>Luz[br]Mar</titulo><referencia>Ana[br]Z\xC3\xA9</referencia>"
+               "<letra1>C[br]La</letra1><letra2/><tom>C</tom><variacao/><categoria>1</categoria>"
+               "<temas><d>Paz[br]Bem</d></temas></s></m>");
+    file.close();
+    const Outcome outcome = Convert({file.fileName(), Path(target)});
+    QCOMPARE(outcome.err, QString());
+    const QByteArray written = Content(Path(target));
+    const bool isUtf8 = !target.endsWith(u".mld");
+    const QByteArray expected = isUtf8 ? part.toUtf8() : part.toLatin1();
+    QVERIFY2(written.contains(expected), written.constData());
 }
 
 void tst_converte_saida::faultySongsAreTold()

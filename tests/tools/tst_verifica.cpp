@@ -68,6 +68,7 @@ private slots:
     void interruptedWriteIsNotUndone();
     void damageIsTold();
     void catalogueThroughAPipe();
+    void closedInputIsTold();
     void nameWithALineFeedStaysOnItsLine();
     void fullDiskBehindTheOutputIsTold();
     void fullDiskUnderTheNewCatalogueIsTold();
@@ -326,6 +327,16 @@ void tst_verifica::catalogueThroughAPipe()
     const QString path = catalogue.Folder() + u"/novo.mdb";
     Write(path, repaired.raw);
     QCOMPARE(RunTool(Tool, {path}).code, 0);
+}
+
+void tst_verifica::closedInputIsTold()
+{
+    for (const QString& input : {u"<&-"_qs, u"</"_qs}) {
+        const Outcome outcome =
+            RunTool(u"/bin/sh"_qs, {u"-c"_qs, u"exec \"$0\" - " + input, Tool});
+        QCOMPARE(outcome.err, u"a entrada padrão não pôde ser lida\n"_qs);
+        QCOMPARE(outcome.code, 2);
+    }
 }
 
 void tst_verifica::nameWithALineFeedStaysOnItsLine()

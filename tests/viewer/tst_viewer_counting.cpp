@@ -3,6 +3,7 @@
 #include "Ticks.h"
 
 #include "controls/RecordingDialogs.h"
+#include "runtime/RuntimeError.h"
 #include "support/PlainSqlite.h"
 #include "viewer/Musicas_Contadas.h"
 
@@ -32,6 +33,7 @@ private slots:
     void everySongOfASetlistIsCountedOnce();
     void twoViewersCountSideBySide();
     void aViewerWithoutASongTicksOnce();
+    void aViewerThatFailedToOpenCountsNothing();
     void renderingDoesNotRestartTheCountdown();
     void aFailureToCountIsToldOnceAndTriedAgain();
     void aCountThatIsNotStoredIsTriedAgain();
@@ -236,6 +238,20 @@ void tst_viewer_counting::aViewerWithoutASongTicksOnce()
     QCOMPARE(Count(1), u"0"_qs);
 }
 
+void tst_viewer_counting::aViewerThatFailedToOpenCountsNothing()
+{
+    const qint64 song = bench->catalogue.AddSong(TestSong{});
+    bench->catalogue.Run(u"INSERT INTO TOM (NOTA, MAIS, ORDEM) VALUES ('H', 'H', 13)"_qs);
+    const QPointer<frmVisualizar> viewer = new frmVisualizar;
+    viewer->ID_Musica = static_cast<double>(song);
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, viewer->Show());
+    // As long as a box tells why, the form is still there.
+    QVERIFY(viewer);
+    Tick(viewer, "tmrContador", 11);
+    QCOMPARE(Count(song), u"0"_qs);
+    QCOMPARE(Musicas_Contadas, QString());
+}
+
 void tst_viewer_counting::renderingDoesNotRestartTheCountdown()
 {
     const auto viewer = bench->Open(TestSong{});
@@ -260,7 +276,9 @@ void tst_viewer_counting::aFailureToCountIsToldOnceAndTriedAgain()
     QCOMPARE(dialogs.boxes[0].icon, Icone::Critico);
     QVERIFY(CountsDown(viewer));
     QCOMPARE(Musicas_Contadas, QString());
-    Tick(viewer, "tmrContador", 44);
+    Tick(viewer, "tmrContador"); // the countdown begins anew
+    QCOMPARE(Caption(viewer, "lblCont"), u"9"_qs);
+    Tick(viewer, "tmrContador", 43);
     QCOMPARE(dialogs.boxes.size(), 1);
     QVERIFY(CountsDown(viewer));
 

@@ -54,6 +54,7 @@ private slots:
     void keysReachTheTextAndNothingElse();
     void shiftETypesNothing();
     void aHeldShiftETypesNothing();
+    void theCaretComesWhereTheSheetIsRead_data();
     void theCaretComesWhereTheSheetIsRead();
     void tabWalksThroughTheWorkingButtons();
     void buttonsArePressedByKeys_data();
@@ -67,6 +68,7 @@ private slots:
     void discardingAsksFirst_data();
     void discardingAsksFirst();
     void discardingKeepsTheKey();
+    void discardingKeepsFontAndChords();
     void discardingNeedsNoConnection();
     void theViewerMayGoWhileTheQuestionIsOpen();
     void focusPassesOnOutsideEditMode_data();
@@ -255,10 +257,20 @@ void tst_viewer_editing::aHeldShiftETypesNothing()
     QCOMPARE(Box(viewer, 2)->Text(), u"ee"_qs + Before);
 }
 
+void tst_viewer_editing::theCaretComesWhereTheSheetIsRead_data()
+{
+    QTest::addColumn<int>("version");
+    QTest::newRow("version 1") << 1;
+    QTest::newRow("version 2") << 2;
+}
+
 void tst_viewer_editing::theCaretComesWhereTheSheetIsRead()
 {
-    const auto viewer = bench->OpenActive({.text2 = LongText()});
-    RichTextBox* box = Box(viewer, 2);
+    QFETCH(int, version);
+    const auto viewer = bench->OpenActive({.text = LongText(), .text2 = LongText()});
+    if (version == 1)
+        Click(viewer, "lblVersao");
+    RichTextBox* box = Box(viewer, version);
     QTest::keyClick(viewer.data(), Qt::Key_End);
     const int position = box->verticalScrollBar()->value();
     QVERIFY(position > 1000);
@@ -441,6 +453,19 @@ void tst_viewer_editing::discardingKeepsTheKey()
     Click(viewer, "cmdDescartar");
     QCOMPARE(Caption(viewer, "lblTom"), u"(C#)"_qs);
     QCOMPARE(Box(viewer, 2)->Text(), u"D#  A#7\r\nSanto Deus"_qs);
+}
+
+void tst_viewer_editing::discardingKeepsFontAndChords()
+{
+    const auto viewer = bench->OpenActive();
+    for (const char* control : {"cmdSobe", "cmdDiminuiFonte", "cmdLetra", "lblVersao"})
+        Click(viewer, control);
+    const QString sheet = Box(viewer, 1)->TextRTF();
+    Edit(viewer, u" forte"_qs);
+    QVERIFY(Box(viewer, 1)->TextRTF() != sheet);
+    Click(viewer, "cmdDescartar");
+    QCOMPARE(Box(viewer, 1)->TextRTF(), sheet);
+    QCOMPARE(Caption(viewer, "lblVersao"), u"v.1"_qs);
 }
 
 void tst_viewer_editing::discardingNeedsNoConnection()

@@ -227,12 +227,14 @@ private slots:
     void scrollKeysStopAndStartAlike();
     void aHeldKeyWaitsForTheSheet_data();
     void aHeldKeyWaitsForTheSheet();
+    void aHeldKeyGoesOnOverAnEmptySheet();
     void aKeyThatChangesNothingHoldsNobodyUp();
     void everyPressCounts();
     void everyKeyInEditModeIsTheSheets_data();
     void everyKeyInEditModeIsTheSheets();
     void theHeldKeyThatBeganEditingIsNotTyped();
     void aHeldEnterScrollsOnce();
+    void aHeldEscClosesNothing();
 
 private:
     /// @return a viewer on the second of three songs, a semitone up, 300 pixels down, scrolling
@@ -488,6 +490,8 @@ void tst_viewer_keys::aHeldKeyWaitsForTheSheet_data()
     QTest::newRow("D") << int(Qt::Key_D) << u"key (C)"_qs << u"key (B)"_qs;
     QTest::newRow("+") << int(Qt::Key_Plus) << u"points 19"_qs << u"points 21"_qs;
     QTest::newRow("-") << int(Qt::Key_Minus) << u"points 15"_qs << u"points 13"_qs;
+    QTest::newRow("C") << int(Qt::Key_C) << u"lines 121"_qs << u"lines 241"_qs;
+    QTest::newRow("V") << int(Qt::Key_V) << u"version v.1"_qs << u"version v.2"_qs;
 }
 
 void tst_viewer_keys::aHeldKeyWaitsForTheSheet()
@@ -505,10 +509,24 @@ void tst_viewer_keys::aHeldKeyWaitsForTheSheet()
         Send(viewer, {key}, true);
     QCOMPARE(shown(), first);
     // The sheet has been seen: the next repeat acts, and only that one.
-    Box(viewer, 2)->viewport()->repaint();
+    Box(viewer, Box(viewer, 1)->isVisible() ? 1 : 2)->viewport()->repaint();
     for (int i = 0; i < 30; ++i)
         Send(viewer, {key}, true);
     QCOMPARE(shown(), second);
+    delete viewer;
+}
+
+void tst_viewer_keys::aHeldKeyGoesOnOverAnEmptySheet()
+{
+    const auto viewer = bench->Open({.text = u""_qs, .text2 = u""_qs});
+    QVERIFY(QTest::qWaitForWindowExposed(viewer.data()));
+    QCoreApplication::processEvents();
+    Send(viewer, {Qt::Key_S});
+    for (const QString& key : {u"(D)"_qs, u"(D#)"_qs, u"(E)"_qs}) {
+        QCoreApplication::processEvents(); // whatever is to be painted is
+        Send(viewer, {Qt::Key_S}, true);
+        QCOMPARE(Look(viewer).value(u"key"_qs), key);
+    }
     delete viewer;
 }
 
@@ -580,6 +598,18 @@ void tst_viewer_keys::aHeldEnterScrollsOnce()
     for (int i = 0; i < 3; ++i)
         QTest::simulateEvent(viewer, true, Qt::Key_Return, {}, QString(), true);
     QVERIFY(timer->isActive());
+}
+
+void tst_viewer_keys::aHeldEscClosesNothing()
+{
+    const auto viewer = bench->Open(TestSong{});
+    // Held since it closed a box in front of the viewer.
+    for (int i = 0; i < 3; ++i)
+        Send(viewer, {Qt::Key_Escape}, true);
+    QVERIFY(!Gone(viewer));
+    QVERIFY(viewer->isVisible());
+    Send(viewer, {Qt::Key_Escape});
+    QVERIFY(Gone(viewer));
 }
 
 void tst_viewer_keys::theHeldKeyThatBeganEditingIsNotTyped()

@@ -27,7 +27,9 @@ private slots:
     {
         bench = std::make_unique<ViewerBench>();
         screen = QGuiApplication::primaryScreen()->geometry();
-        viewer = bench->Open({.title = u"muito comprido "_qs.repeated(30), .text2 = LongSong(60)});
+        viewer = bench->Open({.title = u"muito comprido "_qs.repeated(30),
+                              .text = LongSong(70),
+                              .text2 = LongSong(60)});
         QVERIFY(QTest::qWaitForWindowExposed(viewer.data()));
     }
     void init()
@@ -53,6 +55,7 @@ private slots:
     void theHeaderEndsBeforeTheCountdown();
     void theSheetScrollsToItsEnd();
     void theSheetStaysWhereItIsRead();
+    void scrollingGoesOnInATallerForm_data();
     void scrollingGoesOnInATallerForm();
     void aTinyFormHasNoNegativeWidths_data();
     void aTinyFormHasNoNegativeWidths();
@@ -241,19 +244,34 @@ void tst_viewer_layout::theSheetStaysWhereItIsRead()
     QTest::keyClick(viewer.data(), Qt::Key_Home);
 }
 
+void tst_viewer_layout::scrollingGoesOnInATallerForm_data()
+{
+    QTest::addColumn<int>("version");
+    QTest::newRow("version 1") << 1;
+    QTest::newRow("version 2") << 2;
+}
+
 /// At the end, where the form's getting taller takes the limit back.
 void tst_viewer_layout::scrollingGoesOnInATallerForm()
 {
+    QFETCH(int, version);
+    if (version == 1)
+        viewer->Muda_Versao();
     QTest::keyClick(viewer.data(), Qt::Key_End);
     viewer->Auto_Rolagem(true);
     viewer->resize(viewer->size() + QSize(0, 100));
-    const QScrollBar* bar = Box(viewer, 2)->verticalScrollBar();
+    const RichTextBox* box = Box(viewer, version);
+    const QScrollBar* bar = box->verticalScrollBar();
+    QVERIFY(bar->maximum() > 0);
+    QCOMPARE(box->property("Tag").toString(), QString::number(bar->maximum()));
     QCOMPARE(bar->value(), bar->maximum());
     Tick(viewer, "TimerRolagem");
     QVERIFY(In<QTimer>(viewer, "TimerRolagem")->isActive());
     QTest::keyClick(viewer.data(), Qt::Key_Up);
     QCOMPARE(bar->value(), bar->maximum() - 100);
     QTest::keyClick(viewer.data(), Qt::Key_Home);
+    if (version == 1)
+        viewer->Muda_Versao();
 }
 
 void tst_viewer_layout::aTinyFormHasNoNegativeWidths_data()

@@ -25,6 +25,7 @@ private slots:
     void endsOfTheList_data();
     void endsOfTheList();
     void aMoveStartsInTheStoredKeyAndKeepsTheRest();
+    void aMoveTakesTheWholeHeaderAlong();
     void aMoveStartsAtTheTopAndStopsScrolling();
     void choosingAnEntryIsLikeReachingIt();
     void choosingTheShownSongLoadsItAgain();
@@ -32,7 +33,9 @@ private slots:
     void twoHundredSongs();
     void openingAndMovingLeaveTheCountdownsSecondUnderWay();
     void movingToASongThatWasDeletedMeanwhile();
+    void aDeletedSongReadsTheNotesAgain();
     void anUnknownKeyTakesTheIndexOfTheSongBefore();
+    void aSongOfNumberZeroBuildsTheListAnew();
     void theWheelChoosesNothing();
     void keysWhileTheListIsOpenAreTheForms();
     void aSongReachedByKeyWhileTheListIsOpenCanBeChosenAgain();
@@ -40,6 +43,7 @@ private slots:
     void movingWithoutAConnectionIsOneMessage();
     void aSongThatCannotBeLoadedLeavesTheShownOne_data();
     void aSongThatCannotBeLoadedLeavesTheShownOne();
+    void aThirteenthNoteLeavesTheShownKey();
 
 private:
     std::unique_ptr<SongListBench> bench;
@@ -149,6 +153,27 @@ void tst_viewer_navigation::aMoveStartsInTheStoredKeyAndKeepsTheRest()
     QCOMPARE(Caption(viewer, "lblTom"), u"(Am)"_qs);
 }
 
+void tst_viewer_navigation::aMoveTakesTheWholeHeaderAlong()
+{
+    const auto& catalogue = bench->catalogue;
+    const qint64 first = bench->Song(u"Rosa"_qs, u"A"_qs, u"m"_qs);
+    catalogue.Link(first, catalogue.AddTheme(u"Louvor"_qs));
+    const qint64 bare = catalogue.AddSong({.title = u""_qs, .reference = u""_qs});
+    const auto viewer =
+        bench->OpenList(catalogue.AddSetlist(u"Domingo"_qs, QDate(), {first, bare, first}));
+    QCOMPARE(Caption(viewer, "lblTemas"), u"Louvor"_qs);
+    QTest::keyClick(viewer.data(), Qt::Key_P);
+    QCOMPARE(Caption(viewer, "lblTitulo"), QString());
+    QCOMPARE(Caption(viewer, "lblTom"), u"(C)"_qs);
+    QCOMPARE(Caption(viewer, "lblReferencia"), QString());
+    QCOMPARE(Caption(viewer, "lblTemas"), QString());
+    QCOMPARE(viewer->windowTitle(), u" ()"_qs);
+    QTest::keyClick(viewer.data(), Qt::Key_P);
+    QCOMPARE(Caption(viewer, "lblTom"), u"(Am)"_qs);
+    QCOMPARE(Caption(viewer, "lblReferencia"), u"Ref. Rosa"_qs);
+    QCOMPARE(Caption(viewer, "lblTemas"), u"Louvor"_qs);
+}
+
 void tst_viewer_navigation::aMoveStartsAtTheTopAndStopsScrolling()
 {
     const QString lines = u"C\r\nSanto\r\n"_qs.repeated(100);
@@ -253,14 +278,29 @@ void tst_viewer_navigation::movingToASongThatWasDeletedMeanwhile()
 {
     const auto viewer = bench->ThreeSongs();
     bench->catalogue.Run(u"DELETE FROM MUSICA WHERE TITULO = 'Amar'"_qs);
+    QTest::keyClick(viewer.data(), Qt::Key_S);
     QTest::keyClick(viewer.data(), Qt::Key_P);
-    // What the song before it left stays on the screen, the list goes on.
+    // What the song before it left stays on the screen, in its stored key; the list goes on.
     QCOMPARE(Title(viewer), u"Rosa"_qs);
+    QCOMPARE(Caption(viewer, "lblTom"), u"(Am)"_qs);
+    QCOMPARE(Box(viewer, 2)->Text(), u"C\r\nDois Rosa"_qs);
     QCOMPARE(List(viewer)->ListIndex(), 1);
     QCOMPARE(viewer->ID_Musica, double(List(viewer)->ItemData(1)));
     QCOMPARE(Arrows(viewer), u"<>"_qs);
     QTest::keyClick(viewer.data(), Qt::Key_P);
     QCOMPARE(Title(viewer), u"Luar"_qs);
+}
+
+void tst_viewer_navigation::aDeletedSongReadsTheNotesAgain()
+{
+    const auto viewer = bench->ThreeSongs();
+    bench->catalogue.Run(u"DELETE FROM MUSICA WHERE TITULO = 'Amar'"_qs);
+    bench->catalogue.Run(u"UPDATE TOM SET ORDEM = 13 - ORDEM"_qs);
+    QTest::keyClick(viewer.data(), Qt::Key_P);
+    // The shown song's key has its new place among them.
+    QCOMPARE(Caption(viewer, "lblTom"), u"(Am)"_qs);
+    QTest::keyClick(viewer.data(), Qt::Key_S);
+    QCOMPARE(Caption(viewer, "lblTom"), u"(G#m)"_qs);
 }
 
 void tst_viewer_navigation::anUnknownKeyTakesTheIndexOfTheSongBefore()
@@ -272,6 +312,25 @@ void tst_viewer_navigation::anUnknownKeyTakesTheIndexOfTheSongBefore()
     QTest::keyClick(viewer.data(), Qt::Key_P);
     QCOMPARE(Title(viewer), u"Amar"_qs);
     QCOMPARE(Caption(viewer, "lblTom"), u"(E)"_qs);
+}
+
+/// While no song is known by its number, each step builds the setlist as it is by then.
+void tst_viewer_navigation::aSongOfNumberZeroBuildsTheListAnew()
+{
+    const auto& catalogue = bench->catalogue;
+    const qint64 zero = bench->Song(u"Zero"_qs);
+    catalogue.Run(u"UPDATE MUSICA SET ID = 0 WHERE ID = %1"_qs.arg(zero));
+    const QList<qint64> songs = {0, bench->Song(u"Rosa"_qs), bench->Song(u"Amar"_qs)};
+    const qint64 setlist = catalogue.AddSetlist(u"Domingo"_qs, QDate(), songs);
+    const auto viewer = bench->OpenList(setlist);
+    QCOMPARE(Title(viewer), u"Zero"_qs);
+    QCOMPARE(List(viewer)->ListCount(), 3);
+    catalogue.Run(u"DELETE FROM LISTA_MUSICA WHERE ORDEM = 2"_qs);
+    QTest::keyClick(viewer.data(), Qt::Key_P);
+    QCOMPARE(Title(viewer), u"Rosa"_qs);
+    QCOMPARE(List(viewer)->ListIndex(), 1);
+    QCOMPARE(List(viewer)->ListCount(), 2);
+    QCOMPARE(Arrows(viewer), u"<"_qs);
 }
 
 void tst_viewer_navigation::keysWhileTheListIsOpenAreTheForms()
@@ -344,16 +403,22 @@ void tst_viewer_navigation::movingWithoutAConnectionIsOneMessage()
 void tst_viewer_navigation::aSongThatCannotBeLoadedLeavesTheShownOne_data()
 {
     QTest::addColumn<QString>("failing"); // how the statement begins that does
-    QTest::newRow("the song") << u"SELECT * FROM MUSICA"_qs;
-    QTest::newRow("its themes") << u"SELECT TEMA.DESCRICAO"_qs;
-    QTest::newRow("the keys") << u"SELECT * FROM TOM"_qs;
+    QTest::addColumn<int>("shown");       // in the list, from 0
+    QTest::newRow("the song") << u"SELECT * FROM MUSICA"_qs << 0;
+    QTest::newRow("its themes") << u"SELECT TEMA.DESCRICAO"_qs << 0;
+    QTest::newRow("the keys") << u"SELECT * FROM TOM"_qs << 0;
+    QTest::newRow("the song after the second") << u"SELECT * FROM MUSICA"_qs << 1;
 }
 
 void tst_viewer_navigation::aSongThatCannotBeLoadedLeavesTheShownOne()
 {
     QFETCH(QString, failing);
+    QFETCH(int, shown);
     const auto viewer = bench->ThreeSongs();
-    const double shown = viewer->ID_Musica;
+    for (int i = 0; i < shown; ++i)
+        QTest::keyClick(viewer.data(), Qt::Key_P);
+    const double song = viewer->ID_Musica;
+    const QString title = Title(viewer);
     const QString entry = In<QComboBox>(viewer, "cmbLista")->currentText();
     RecordingDialogs dialogs;
     Funcoes::Conexao.SetStatementHook([&](const QString& sql) {
@@ -363,14 +428,28 @@ void tst_viewer_navigation::aSongThatCannotBeLoadedLeavesTheShownOne()
     QTest::keyClick(viewer.data(), Qt::Key_P);
     Funcoes::Conexao.SetStatementHook({});
     QCOMPARE(dialogs.boxes.size(), 1);
-    QCOMPARE(Title(viewer), u"Rosa"_qs);
-    QCOMPARE(viewer->ID_Musica, shown);
+    QCOMPARE(Title(viewer), title);
+    QCOMPARE(viewer->ID_Musica, song);
     QCOMPARE(In<QComboBox>(viewer, "cmbLista")->currentText(), entry);
     // On from there as if nothing had been.
     QTest::keyClick(viewer.data(), Qt::Key_P);
-    QVERIFY(viewer->ID_Musica != shown);
-    QVERIFY(Title(viewer) != u"Rosa");
+    QVERIFY(viewer->ID_Musica != song);
+    QVERIFY(Title(viewer) != title);
     QCOMPARE(dialogs.boxes.size(), 1);
+}
+
+void tst_viewer_navigation::aThirteenthNoteLeavesTheShownKey()
+{
+    const auto viewer = bench->ThreeSongs();
+    bench->catalogue.Run(u"INSERT INTO TOM (NOTA, MAIS, ORDEM) VALUES ('H', 'H', 13)"_qs);
+    RecordingDialogs dialogs;
+    QTest::keyClick(viewer.data(), Qt::Key_P); // to a song in D
+    QCOMPARE(dialogs.boxes.size(), 1);
+    QCOMPARE(Title(viewer), u"Rosa"_qs);
+    QTest::keyClick(viewer.data(), Qt::Key_R);
+    QCOMPARE(Caption(viewer, "lblTom"), u"(Am)"_qs);
+    QTest::keyClick(viewer.data(), Qt::Key_S);
+    QCOMPARE(Caption(viewer, "lblTom"), u"(A#m)"_qs);
 }
 
 QTEST_MAIN(tst_viewer_navigation)

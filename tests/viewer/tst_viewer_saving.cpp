@@ -61,12 +61,15 @@ private slots:
     void aSheetWithoutChordsIsStoredAsShown();
     void theKeyIsStoredInItsFirstSpelling_data();
     void theKeyIsStoredInItsFirstSpelling();
-    void starsLeaveTheTitle();
+    void starsAndNothingElseLeaveTheTitle_data();
+    void starsAndNothingElseLeaveTheTitle();
     void apostrophesOfTheTextAreKept();
     void anApostropheInTheTitleFails();
     void whatIsTypedComesBack_data();
     void whatIsTypedComesBack();
+    void bothVersionsKeepTheirCharacters();
     void naoSalvarKeepsKeyFontAndVersion();
+    void savingKeepsFontAndChords();
     void savingLoadsTheSongAgain();
     void othersReadTheSaveAtOnce();
     void aFailedStatementKeepsTheText_data();
@@ -269,13 +272,25 @@ void tst_viewer_saving::theKeyIsStoredInItsFirstSpelling()
     QCOMPARE(bench->Stored("VARIACAO"), u"m"_qs);
 }
 
-void tst_viewer_saving::starsLeaveTheTitle()
+void tst_viewer_saving::starsAndNothingElseLeaveTheTitle_data()
 {
-    const auto viewer = bench->OpenActive({.title = u"**Santo* Deus"_qs});
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("stored");
+    QTest::newRow("stars") << u"**Santo* Deus"_qs << u"Santo Deus"_qs;
+    QTest::newRow("stars alone") << u"***"_qs << u""_qs;
+    QTest::newRow("blanks at both ends") << u"  Santo *Deus * "_qs << u"  Santo Deus  "_qs;
+    QTest::newRow("signs of captions and markup") << u"<b>&Tom</b> [*]"_qs << u"<b>&Tom</b> []"_qs;
+}
+
+void tst_viewer_saving::starsAndNothingElseLeaveTheTitle()
+{
+    QFETCH(QString, title);
+    QFETCH(QString, stored);
+    const auto viewer = bench->OpenActive({.title = title});
     Click(viewer, "cmdEditar");
     QVERIFY(ClickAndChoose(viewer, "cmdSalvar", "cmdSalvar"));
-    QCOMPARE(bench->Stored("TITULO"), u"Santo Deus"_qs);
-    QCOMPARE(Caption(viewer, "lblTitulo"), u"Santo Deus"_qs);
+    QCOMPARE(bench->Stored("TITULO"), stored);
+    QCOMPARE(Caption(viewer, "lblTitulo"), stored);
 }
 
 void tst_viewer_saving::apostrophesOfTheTextAreKept()
@@ -332,6 +347,18 @@ void tst_viewer_saving::whatIsTypedComesBack()
     }
 }
 
+void tst_viewer_saving::bothVersionsKeepTheirCharacters()
+{
+    const QString text = u"C\r\né\u00A0d'água \u266B {\\b} \u2029 "_qs;
+    const auto viewer = bench->OpenActive({.text = text + u"um"_qs, .text2 = text + u"dois"_qs});
+    Click(viewer, "lblVersao");
+    Click(viewer, "lblVersao");
+    Edit(viewer, u"\u00A0"_qs);
+    QVERIFY(ClickAndChoose(viewer, "cmdSalvar", "cmdSalvar"));
+    QCOMPARE(bench->Stored("MUSICA"), QString(text + u"um"_qs));
+    QCOMPARE(bench->Stored("MUSICA2"), QString(text + u"dois\u00A0"_qs));
+}
+
 void tst_viewer_saving::naoSalvarKeepsKeyFontAndVersion()
 {
     const auto viewer = bench->OpenActive();
@@ -345,6 +372,24 @@ void tst_viewer_saving::naoSalvarKeepsKeyFontAndVersion()
     QCOMPARE(Box(viewer, 1)->TextRTF(), sheet);
     QCOMPARE(Caption(viewer, "lblTom"), u"(C#)"_qs);
     QCOMPARE(Caption(viewer, "lblVersao"), u"v.1"_qs);
+}
+
+void tst_viewer_saving::savingKeepsFontAndChords()
+{
+    const auto viewer = bench->OpenActive();
+    for (const char* control : {"cmdAumentaFonte", "lblVersao", "lblVersao", "cmdLetra"})
+        Click(viewer, control);
+    const QString sheet = Box(viewer, 2)->TextRTF();
+    QVERIFY(sheet.contains(u"\\fs38"_qs));
+    Click(viewer, "cmdEditar");
+    QVERIFY(ClickAndChoose(viewer, "cmdSalvar", "cmdSalvar"));
+    QCOMPARE(Box(viewer, 2)->TextRTF(), sheet);
+    // The other version was stored with its chords, which stay hidden.
+    QCOMPARE(bench->Stored("MUSICA"), u"C  G7\r\nSanto Deus"_qs);
+    Click(viewer, "lblVersao");
+    QCOMPARE(Box(viewer, 1)->Text(), u"\r\nSanto Deus"_qs);
+    Click(viewer, "cmdLetra");
+    QCOMPARE(Box(viewer, 1)->Text(), u"C  G7\r\nSanto Deus"_qs);
 }
 
 void tst_viewer_saving::savingLoadsTheSongAgain()

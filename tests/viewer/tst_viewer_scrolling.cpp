@@ -113,6 +113,7 @@ private slots:
     void aPositionPastTheLimitStops();
     void aShortSongStaysWhereItIs();
     void scrollingAloneDoesNotStopAtAnotherVersionsLimit();
+    void eachVersionScrollsByItself();
     void speedLadder_data();
     void speedLadder();
     void aSpeedTakesEffectFromTheNextPeriod_data();
@@ -311,6 +312,36 @@ void tst_viewer_scrolling::scrollingAloneDoesNotStopAtAnotherVersionsLimit()
     QCOMPARE(Shown(viewer), 100);
 }
 
+void tst_viewer_scrolling::eachVersionScrollsByItself()
+{
+    viewer = bench->Open({.text = LongSong(40), .text2 = LongSong(60)});
+    Press(viewer, Qt::Key_End);
+    viewer->Muda_Versao();
+    const auto first = [this] { return Box(viewer, 1)->verticalScrollBar()->value(); };
+    const int limit = Box(viewer, 1)->property("Tag").toString().toInt();
+    QVERIFY(limit > 500 && limit < Limit(viewer));
+    Press(viewer, Qt::Key_Down);
+    QCOMPARE(first(), 100);
+    viewer->Auto_Rolagem(true);
+    Tick(viewer, "TimerRolagem");
+    QCOMPARE(first(), 101);
+    QVERIFY(Runs(viewer)); // though the other one stands below this one's end
+    Press(viewer, Qt::Key_End);
+    QCOMPARE(first(), limit);
+    Tick(viewer, "TimerRolagem");
+    QVERIFY(Runs(viewer));
+    Press(viewer, Qt::Key_Up);
+    QCOMPARE(first(), limit - 100);
+    QCOMPARE(Shown(viewer), Limit(viewer)); // the other one stands where it stood
+    // Rendered anew, this one starts at its top as well.
+    Press(viewer, Qt::Key_S);
+    QCOMPARE(first(), 0);
+    Press(viewer, Qt::Key_Down);
+    QCOMPARE(first(), 100);
+    Press(viewer, Qt::Key_Home);
+    QCOMPARE(first(), 0);
+}
+
 void tst_viewer_scrolling::speedLadder_data()
 {
     using Step = std::pair<QString, int>;
@@ -374,6 +405,15 @@ void tst_viewer_scrolling::speedLadder_data()
                                                             {u"1,14182913026059"_qs, 16},
                                                             {u"1"_qs, 16},
                                                             {u"1"_qs, 16}};
+    // Fifteen digits lose a little on the way up and down. Only whole milliseconds are compared
+    // with the limit.
+    QTest::newRow("slower, from the slowest up and down again")
+        << keys(Qt::Key_Left, 3) + keys(Qt::Key_Right, 15) + keys(Qt::Key_Left, 12)
+        << int(Qt::Key_Left)
+        << QList<Step>{{u"222,222222222225"_qs, 3},
+                       {u"333,333333333338"_qs, 2},
+                       {u"500,000000000007"_qs, 1},
+                       {u"500"_qs, 1}};
 }
 
 void tst_viewer_scrolling::speedLadder()
@@ -423,6 +463,11 @@ void tst_viewer_scrolling::speedChangesWhileNothingRunsToo()
     QVERIFY(!Runs(viewer));
     QVERIFY(!In(viewer, "ProgressBarRolagem")->isVisible());
     QCOMPARE(Shown(viewer), 0);
+    // The first period is still one of the speed before.
+    Press(viewer, Qt::Key_Return);
+    QCOMPARE(In<QTimer>(viewer, "TimerRolagem")->interval(), 150);
+    Tick(viewer, "TimerRolagem");
+    QCOMPARE(In<QTimer>(viewer, "TimerRolagem")->interval(), 100);
 }
 
 void tst_viewer_scrolling::theSpeedIsKeptAcrossSongs()

@@ -6,6 +6,7 @@
 #include "runtime/RuntimeError.h"
 
 #include <QTimer>
+#include <QWindow>
 
 class tst_viewer_song : public QObject
 {
@@ -17,17 +18,21 @@ private slots:
 
     void headerShowsTitleKeyReferenceThemesAndVersion();
     void headerKeepsTheGivenDistances();
+    void theCaptionIsTheTitleAndTheReference_data();
+    void theCaptionIsTheTitleAndTheReference();
     void settingTheVariablesLoadsNothing();
     void showReadsTheSongItsThemesAndTheNotes();
     void openedOnASongTheSetlistIsForgotten();
     void nullColumnsAreEmptyTexts();
     void emptySecondVersionShowsTheFirst_data();
     void emptySecondVersionShowsTheFirst();
+    void aSecondVersionOfBlanksIsShownAsItIs();
     void aSongThatIsGoneShowsNothing();
     void aSongThatIsGoneKeepsWhatWasShown();
     void aSetlistWithoutItsListShowsNothing();
     void keyInTheOtherSpellingIsShownAsNotasSpellsIt();
     void keyLookupIsExact();
+    void theLastNoteThatNamesTheKeyCounts();
     void unknownKeyOfAFreshViewer_data();
     void unknownKeyOfAFreshViewer();
     void unknownKeyKeepsTheIndexOfTheSongBefore();
@@ -81,6 +86,25 @@ void tst_viewer_song::headerKeepsTheGivenDistances()
     QCOMPARE(reference.left(), title.width() + 8 + 8 + key.width() + 16);
     QCOMPARE(themes.left(), title.width() + 8 + 8 + key.width() + 8 + reference.width() + 16);
     QVERIFY(title.width() > 0 && key.width() > 0 && reference.width() > 0 && themes.width() > 0);
+}
+
+void tst_viewer_song::theCaptionIsTheTitleAndTheReference_data()
+{
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("reference");
+    QTest::newRow("words") << u"Ó Luar"_qs << u"Cancioneiro"_qs;
+    QTest::newRow("nothing") << u""_qs << u""_qs;
+    QTest::newRow("signs of markup") << u"<b>Tom & Som</b>"_qs << u"&amp;"_qs;
+    QTest::newRow("what marks changed documents") << u"Santo [*]"_qs << u"[*][*]"_qs;
+}
+
+/// As the desktop shows it, in a task bar for one.
+void tst_viewer_song::theCaptionIsTheTitleAndTheReference()
+{
+    QFETCH(QString, title);
+    QFETCH(QString, reference);
+    const auto viewer = bench->Open({.title = title, .reference = reference});
+    QCOMPARE(viewer->windowHandle()->title(), QString(title + u" ("_qs + reference + u")"_qs));
 }
 
 void tst_viewer_song::settingTheVariablesLoadsNothing()
@@ -164,6 +188,14 @@ void tst_viewer_song::emptySecondVersionShowsTheFirst()
     QCOMPARE(Box(viewer, 1)->Text(), u"C  G7\r\nSanto Deus"_qs);
 }
 
+void tst_viewer_song::aSecondVersionOfBlanksIsShownAsItIs()
+{
+    const auto viewer = bench->Open({.text = u"C  G7\r\nSanto Deus"_qs, .text2 = u"\r\n \r\n"_qs});
+    QCOMPARE(Box(viewer, 2)->Text(), u"\r\n \r\n"_qs);
+    Click(viewer, "lblVersao");
+    QCOMPARE(Box(viewer, 1)->Text(), u"C  G7\r\nSanto Deus"_qs);
+}
+
 void tst_viewer_song::aSongThatIsGoneShowsNothing()
 {
     const auto viewer = bench->Open(999);
@@ -207,6 +239,13 @@ void tst_viewer_song::keyInTheOtherSpellingIsShownAsNotasSpellsIt()
 void tst_viewer_song::keyLookupIsExact()
 {
     const auto viewer = bench->Open({.key = u"c"_qs});
+    QCOMPARE(Caption(viewer, "lblTom"), u"(B)"_qs);
+}
+
+void tst_viewer_song::theLastNoteThatNamesTheKeyCounts()
+{
+    bench->catalogue.Run(u"UPDATE TOM SET MAIS = 'C' WHERE NOTA = 'B'"_qs);
+    const auto viewer = bench->Open({.key = u"C"_qs});
     QCOMPARE(Caption(viewer, "lblTom"), u"(B)"_qs);
 }
 
