@@ -61,6 +61,7 @@ private slots:
     void aLongValueIsCutAt1023Characters();
     void aCutNeverHalvesACharacter();
     void readingLetsPendingEventsRun();
+    void pendingEventsRunBeforeTheFileIsRead();
     void writingAnIniFileKeepsTheOtherLines();
     void anIniFileThatIsAFolderIsNotReplaced();
     void theConfigurationLiesInTheProgramFolder();
@@ -220,6 +221,19 @@ void tst_Arquivo::readingLetsPendingEventsRun()
     QVERIFY(!ran);
     Funcoes::Le_Ini(u"S"_qs, u"k"_qs, Path(u"nenhum.ini"_qs));
     QVERIFY(ran);
+}
+
+void tst_Arquivo::pendingEventsRunBeforeTheFileIsRead()
+{
+    const QString path = Path(u"a.ini"_qs);
+    for (const QString& file : {path, Funcoes::Caminho_Configuracao()}) {
+        QVERIFY(Put(file, "[S]\r\nk=antes"));
+        QMetaObject::invokeMethod(
+            this, [file] { Put(file, "[S]\r\nk=depois"); }, Qt::QueuedConnection);
+        const QString value = file == path ? Funcoes::Le_Ini(u"S"_qs, u"k"_qs, file)
+                                           : Funcoes::Le_Configuracao(u"S"_qs, u"k"_qs);
+        QCOMPARE(value, u"depois"_qs);
+    }
 }
 
 void tst_Arquivo::writingAnIniFileKeepsTheOtherLines()
