@@ -99,6 +99,8 @@ struct Model
 
     void Load();
     void Render();
+    bool Change(Qt::Key key);
+    void Scroll(Qt::Key key, int limit);
     void Go(int where);
     void Faster();
     void Slower();
@@ -127,6 +129,60 @@ void Model::Render()
     scrolls = false;
 }
 
+/// @return whether the key is one of those that render the sheet anew
+bool Model::Change(Qt::Key key)
+{
+    switch (key) {
+    case Qt::Key_S:
+        offset = offset == 12 ? 1 : offset + 1;
+        break;
+    case Qt::Key_D:
+        offset = offset == -12 ? -1 : offset - 1;
+        break;
+    case Qt::Key_R:
+        offset = 0;
+        break;
+    case Qt::Key_C:
+        chords = !chords;
+        break;
+    case Qt::Key_V:
+        version = 3 - version;
+        break;
+    case Qt::Key_Plus:
+        font = std::min(font + 4, 16);
+        break;
+    case Qt::Key_Minus:
+        font = std::max(font, -16) - 4;
+        break;
+    default:
+        return false;
+    }
+    Render();
+    return true;
+}
+
+/// The keys that move the sheet, or to another song. @param limit  of the shown sheet, in pixels
+void Model::Scroll(Qt::Key key, int limit)
+{
+    int& position = positions.at(Shown());
+    if (key == Qt::Key_Up)
+        position = std::max(position - 100, 0);
+    else if (key == Qt::Key_Down)
+        position = std::min(position + 100, limit);
+    else if (key == Qt::Key_Home)
+        position = 0;
+    else if (key == Qt::Key_End || key == Qt::Key_Space)
+        position = limit;
+    if (key == Qt::Key_Return || key == Qt::Key_Home)
+        scrolls = key == Qt::Key_Return && !scrolls;
+    else if (key == Qt::Key_Right)
+        Faster();
+    else if (key == Qt::Key_Left)
+        Slower();
+    else if (key == Qt::Key_P || key == Qt::Key_A)
+        Go(key == Qt::Key_P ? at + 1 : at - 1);
+}
+
 void Model::Go(int where)
 {
     if (where < 0 || where >= list.size() || where == at)
@@ -139,7 +195,7 @@ void Model::Go(int where)
 
 void Model::Faster()
 {
-    period = std::stod(QByteArray::number(period / 1.5, 'g', 15).toStdString());
+    period = QByteArray::number(period / 1.5, 'g', 15).toDouble();
     ++level;
     if (std::floor(period) <= 0) {
         period = 1;
@@ -149,7 +205,7 @@ void Model::Faster()
 
 void Model::Slower()
 {
-    period = std::stod(QByteArray::number(period * 1.5, 'g', 15).toStdString());
+    period = QByteArray::number(period * 1.5, 'g', 15).toDouble();
     --level;
     if (std::floor(period) > 500) {
         period = 500;
@@ -257,69 +313,8 @@ QString tst_viewer_walk::KeyStep()
         Qt::Key_A,   Qt::Key_Plus,  Qt::Key_Minus,  Qt::Key_Up,    Qt::Key_Down, Qt::Key_Home,
         Qt::Key_End, Qt::Key_Space, Qt::Key_Return, Qt::Key_Right, Qt::Key_Left, Qt::Key_X};
     const Qt::Key key = keys[Any(int(keys.size()))];
-    int& position = model.positions.at(model.Shown());
-    const auto rendered = [&] { model.Render(); };
-    switch (key) {
-    case Qt::Key_S:
-        model.offset = model.offset == 12 ? 1 : model.offset + 1;
-        rendered();
-        break;
-    case Qt::Key_D:
-        model.offset = model.offset == -12 ? -1 : model.offset - 1;
-        rendered();
-        break;
-    case Qt::Key_R:
-        model.offset = 0;
-        rendered();
-        break;
-    case Qt::Key_C:
-        model.chords = !model.chords;
-        rendered();
-        break;
-    case Qt::Key_V:
-        model.version = 3 - model.version;
-        rendered();
-        break;
-    case Qt::Key_P:
-        model.Go(model.at + 1);
-        break;
-    case Qt::Key_A:
-        model.Go(model.at - 1);
-        break;
-    case Qt::Key_Plus:
-        model.font = std::min(model.font + 4, 16);
-        rendered();
-        break;
-    case Qt::Key_Minus:
-        model.font = std::max(model.font, -16) - 4;
-        rendered();
-        break;
-    case Qt::Key_Up:
-        position = std::max(position - 100, 0);
-        break;
-    case Qt::Key_Down:
-        position = std::min(position + 100, Limit());
-        break;
-    case Qt::Key_Home:
-        position = 0;
-        model.scrolls = false;
-        break;
-    case Qt::Key_End:
-    case Qt::Key_Space:
-        position = Limit();
-        break;
-    case Qt::Key_Return:
-        model.scrolls = !model.scrolls;
-        break;
-    case Qt::Key_Right:
-        model.Faster();
-        break;
-    case Qt::Key_Left:
-        model.Slower();
-        break;
-    default:
-        break;
-    }
+    if (!model.Change(key))
+        model.Scroll(key, Limit());
     QTest::keyClick(viewer.data(), key);
     return u"key %1"_qs.arg(key, 0, 16);
 }
@@ -371,7 +366,7 @@ QString tst_viewer_walk::Answer()
 {
     static const QList<QByteArray> answers = {"cmdSalvar", "cmdSalvarIgualar", "cmdNaoSalvar",
                                               "cmdCancelar", "title bar"};
-    const QByteArray answer = answers[Any(int(answers.size()))];
+    const QByteArray& answer = answers[Any(int(answers.size()))];
     const bool asked = WithChoice([this] { Click(viewer, "cmdSalvar"); },
                                   [&](QWidget& dialog) {
                                       if (answer == "title bar")
