@@ -1,5 +1,6 @@
 #include "app/VirtualScreen.h"
 
+#include <QRegularExpression>
 #include <QTest>
 
 #include <functional>
@@ -165,6 +166,18 @@ void VirtualScreen::Type(const QString& text) const
 void VirtualScreen::Click(const QString& window) const
 {
     Xdotool({u"mousemove"_qs, u"--window"_qs, window, u"60"_qs, u"60"_qs, u"click"_qs, u"1"_qs});
+}
+
+void VirtualScreen::ClickOnlyButton(const QString& message) const
+{
+    const QString geometry = Xdotool({u"getwindowgeometry"_qs, u"--shell"_qs, message});
+    const auto number = [&](const QString& name) {
+        const QRegularExpression line(name + uR"(=(\d+))", QRegularExpression::MultilineOption);
+        return line.match(geometry).captured(1).toInt();
+    };
+    // Half a button away from the corner.
+    Xdotool({u"mousemove"_qs, u"--window"_qs, message, QString::number(number(u"WIDTH"_qs) - 60),
+             QString::number(number(u"HEIGHT"_qs) - 27), u"click"_qs, u"1"_qs});
 }
 
 QString VirtualScreen::Activate(const QString& title) const

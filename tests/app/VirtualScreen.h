@@ -48,6 +48,9 @@ public:
     /// Clicks into a window, near its upper-left corner.
     void Click(const QString& window) const;
 
+    /// Clicks on the button that is alone at the lower right of a message.
+    void ClickOnlyButton(const QString& message) const;
+
     /// Gives a window the keyboard, as its entry in a task bar does. @return as WaitForWindow
     QString Activate(const QString& title) const;
 
