@@ -1,11 +1,9 @@
-#include "controls/ListaMusicas.h"
+#include "LinhasMusica.h"
 
 #include "controls/RecordingDialogs.h"
-#include "runtime/RuntimeError.h"
 #include "store/Connection.h"
 #include "support/TestCatalogue.h"
 
-#include <QAbstractItemModelTester>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -20,28 +18,6 @@
 #include <stdexcept>
 
 namespace {
-
-LinhaMusica Linha(qint64 id, const QString& titulo, const QString& referencia = u"Anônimo"_qs,
-                  const QString& tom = u"C"_qs, const QString& contador = u"0"_qs)
-{
-    return {id, titulo, referencia, tom, contador};
-}
-
-std::vector<LinhaMusica> Linhas(int quantas)
-{
-    std::vector<LinhaMusica> linhas;
-    for (int i = 1; i <= quantas; ++i)
-        linhas.push_back(Linha(i, u"Canção %1"_qs.arg(i)));
-    return linhas;
-}
-
-QStringList Coluna(const QAbstractItemModel& modelo, int coluna)
-{
-    QStringList textos;
-    for (int i = 0; i < modelo.rowCount(); ++i)
-        textos.append(modelo.index(i, coluna).data().toString());
-    return textos;
-}
 
 QList<qint64> Tags(const ListaMusicas& lista)
 {
@@ -63,14 +39,8 @@ private slots:
     void aHeldListIsLaidOutWhenItIsLetGo();
     void cleanup();
 
-    void modelKeepsTheRulesOfModels();
-    void rowShowsTextsToolTipsAndTag();
     void headersAreTheGivenOnes();
     void aFillIsOneReset();
-    void themesAreReadOnceAndOnlyWhenAskedFor();
-    void themesOfAFailedReadStayEmpty();
-    void sortIsByDisplayedTextInPortuguese_data();
-    void sortIsByDisplayedTextInPortuguese();
     void equalTextsKeepTheirOrder();
     void selectionFollowsItsRowsWhenSorted();
     void firstClickSortsDescendingAndEachClickTurns();
@@ -144,42 +114,6 @@ int tst_lista_musicas::Leituras() const
     return static_cast<int>(m_sql.filter(u"FROM TEMA_MUSICA"_qs).size());
 }
 
-void tst_lista_musicas::modelKeepsTheRulesOfModels()
-{
-    ModeloMusicas modelo([](qint64 id) { return QString::number(id % 3); });
-    const QAbstractItemModelTester verificador(
-        &modelo, QAbstractItemModelTester::FailureReportingMode::Fatal);
-    modelo.Preenche({});
-    modelo.Preenche(Linhas(50));
-    for (int coluna = 0; coluna < 3; ++coluna) {
-        modelo.sort(coluna, Qt::DescendingOrder);
-        modelo.sort(coluna, Qt::AscendingOrder);
-    }
-    modelo.sort(3, Qt::AscendingOrder);
-    modelo.Preenche(Linhas(1));
-    modelo.Preenche({});
-    QCOMPARE(modelo.rowCount(), 0);
-}
-
-void tst_lista_musicas::rowShowsTextsToolTipsAndTag()
-{
-    ModeloMusicas modelo([](qint64 /*id*/) { return u"Adoração, Louvor"_qs; });
-    modelo.Preenche({Linha(12, u"Asa Branca"_qs, u"Luiz Gonzaga"_qs, u"Am"_qs, u"12"_qs),
-                     Linha(3, QString(), QString(), QString(), QString())});
-    const auto texto = [&](int linha, int coluna, int papel) {
-        return modelo.index(linha, coluna).data(papel).toString();
-    };
-    QCOMPARE(texto(0, 0, Qt::DisplayRole), u"Asa Branca (Am)"_qs);
-    QCOMPARE(texto(0, 0, Qt::ToolTipRole), u"Asa Branca [12] (Am)"_qs);
-    QCOMPARE(modelo.index(0, 0).data(Qt::UserRole), QVariant(u"12"_qs));
-    QCOMPARE(texto(0, 1, Qt::DisplayRole), u"Luiz Gonzaga"_qs);
-    QCOMPARE(texto(0, 1, Qt::ToolTipRole), u"Luiz Gonzaga"_qs);
-    QCOMPARE(texto(0, 2, Qt::DisplayRole), u"Adoração, Louvor"_qs);
-    QCOMPARE(texto(0, 2, Qt::ToolTipRole), u"Adoração, Louvor"_qs);
-    QCOMPARE(texto(1, 0, Qt::DisplayRole), u" ()"_qs);
-    QCOMPARE(texto(1, 0, Qt::ToolTipRole), u" [] ()"_qs);
-}
-
 void tst_lista_musicas::headersAreTheGivenOnes()
 {
     QStringList titulos;
@@ -197,75 +131,6 @@ void tst_lista_musicas::aFillIsOneReset()
     QCOMPARE(inseridas.size(), 0);
     QCOMPARE(m_lista->ListCount(), 1000);
     QVERIFY(m_lista->Itens_Selecionados().isEmpty());
-}
-
-void tst_lista_musicas::themesAreReadOnceAndOnlyWhenAskedFor()
-{
-    QList<qint64> lidos;
-    ModeloMusicas modelo([&](qint64 id) {
-        lidos.append(id);
-        return u"Louvor"_qs;
-    });
-    modelo.Preenche(Linhas(10));
-    modelo.index(4, 0).data();
-    modelo.index(4, 1).data(Qt::ToolTipRole);
-    QVERIFY(lidos.isEmpty());
-    modelo.index(4, 2).data();
-    modelo.index(4, 2).data(Qt::ToolTipRole);
-    modelo.index(7, 2).data();
-    QCOMPARE(lidos, QList<qint64>({5, 8}));
-    modelo.Preenche(Linhas(10)); // may have changed in the meantime
-    modelo.index(4, 2).data();
-    QCOMPARE(lidos, QList<qint64>({5, 8, 5}));
-}
-
-void tst_lista_musicas::themesOfAFailedReadStayEmpty()
-{
-    ModeloMusicas modelo([](qint64 id) -> QString {
-        if (id % 2 == 0)
-            throw RuntimeError(RuntimeError::StoreFailure, u"x"_qs, u"y"_qs);
-        return u"Louvor"_qs;
-    });
-    QSignalSpy falhas(&modelo, &ModeloMusicas::FalhaNaLinha);
-    modelo.Preenche(Linhas(4));
-    QCOMPARE(Coluna(modelo, 2), QStringList({u"Louvor"_qs, QString(), u"Louvor"_qs, QString()}));
-    QCOMPARE(falhas.size(), 1);
-    QVERIFY_THROWS_EXCEPTION(RuntimeError,
-                             std::rethrow_exception(falhas[0][0].value<std::exception_ptr>()));
-}
-
-void tst_lista_musicas::sortIsByDisplayedTextInPortuguese_data()
-{
-    QTest::addColumn<int>("coluna");
-    QTest::addColumn<QStringList>("crescente");
-    QTest::newRow("titles, accents beside their letter")
-        << 0
-        << QStringList({u"abaco (C)"_qs, u"Ábaco (G)"_qs, u"abade (C)"_qs, u"e (C)"_qs, u"É (C)"_qs,
-                        u"fé (C)"_qs});
-    QTest::newRow("references") << 1
-                                << QStringList({u"ação"_qs, u"Ácaro"_qs, u"bis"_qs, u"çá"_qs,
-                                                u"Cartola"_qs, u"Zé"_qs});
-    QTest::newRow("themes") << 2
-                            << QStringList({u"Adoração"_qs, u"Água"_qs, u"bossa"_qs, u"Louvor"_qs,
-                                            u"louvor, Paz"_qs, u"paz"_qs});
-}
-
-void tst_lista_musicas::sortIsByDisplayedTextInPortuguese()
-{
-    QFETCH(int, coluna);
-    QFETCH(QStringList, crescente);
-    static const QStringList temas{u"paz"_qs,    u"Adoração"_qs, u"louvor, Paz"_qs,
-                                   u"Louvor"_qs, u"bossa"_qs,    u"Água"_qs};
-    ModeloMusicas modelo([](qint64 id) { return temas[id - 1]; });
-    modelo.Preenche({Linha(1, u"fé"_qs, u"bis"_qs), Linha(2, u"É"_qs, u"Zé"_qs),
-                     Linha(3, u"e"_qs, u"çá"_qs), Linha(4, u"abade"_qs, u"ação"_qs),
-                     Linha(5, u"Ábaco"_qs, u"Cartola"_qs, u"G"_qs),
-                     Linha(6, u"abaco"_qs, u"Ácaro"_qs)});
-    modelo.sort(coluna, Qt::AscendingOrder);
-    QCOMPARE(Coluna(modelo, coluna), crescente);
-    modelo.sort(coluna, Qt::DescendingOrder);
-    std::reverse(crescente.begin(), crescente.end());
-    QCOMPARE(Coluna(modelo, coluna), crescente);
 }
 
 void tst_lista_musicas::equalTextsKeepTheirOrder()

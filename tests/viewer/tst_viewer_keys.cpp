@@ -1,24 +1,12 @@
 // Every key: what it does outside edit mode, and that no control gets it.
 
-#include "Ticks.h"
+#include "KeyBench.h"
 
-#include "controls/ComboBox.h"
 #include "viewer/CodigosTecla.h"
-
-#include <QKeyEvent>
-#include <QScrollBar>
-#include <QTextBlock>
 
 namespace {
 
 constexpr int Codes = 256;
-constexpr int NoSuchKey = Qt::Key_unknown;
-
-struct Key
-{
-    int key = NoSuchKey;
-    Qt::KeyboardModifiers modifiers = Qt::NoModifier;
-};
 
 /// @return for each code the keys that have it
 QMultiHash<int, Key> KeysOfCodes()
@@ -108,7 +96,7 @@ QMultiHash<int, Key> KeysOfCodes()
     return keys;
 }
 
-/// What each code does in a viewer as Prepared() leaves it; the others do nothing.
+/// What each code does in a viewer as bench->Prepared() leaves it; the others do nothing.
 QHash<int, QString> Effects()
 {
     return {
@@ -161,48 +149,6 @@ QByteArray Name(Qt::KeyboardModifiers modifiers)
     return name;
 }
 
-/// What can be seen of a viewer, by name.
-QMap<QString, QString> Look(const QPointer<frmVisualizar>& viewer)
-{
-    if (!viewer || !viewer->isVisible())
-        return {};
-    const RichTextBox* box = Box(viewer, Box(viewer, 1)->isVisible() ? 1 : 2);
-    QTextCursor cursor(box->document());
-    cursor.setPosition(1);
-    const QScrollBar* bar = box->verticalScrollBar();
-    const auto* timer = In<QTimer>(viewer, "TimerRolagem");
-    return {
-        {u"key"_qs, Caption(viewer, "lblTom")},
-        {u"version"_qs, Caption(viewer, "lblVersao")},
-        {u"points"_qs, QString::number(cursor.charFormat().fontPointSize())},
-        {u"lines"_qs, QString::number(box->document()->blockCount())},
-        {u"song"_qs, QString::number(In<ComboBox>(viewer, "cmbLista")->ListIndex())},
-        {u"position"_qs,
-         bar->value() == bar->maximum() ? u"the end"_qs : QString::number(bar->value())},
-        {u"scrolls"_qs, timer->isActive() ? u"yes"_qs : u"no"_qs},
-        {u"speed"_qs, timer->property("Tag").toString()},
-        {u"edits"_qs, In(viewer, "cmdSalvar")->isVisible() ? u"yes"_qs : u"no"_qs},
-    };
-}
-
-/// @return what differs, in alphabetical order
-QString Difference(const QMap<QString, QString>& before, const QMap<QString, QString>& after)
-{
-    if (after.isEmpty())
-        return u"closed"_qs;
-    QStringList changes;
-    for (auto it = after.begin(); it != after.end(); ++it)
-        if (before.value(it.key()) != it.value())
-            changes += QString(it.key() + u' ' + it.value());
-    return changes.join(u", "_qs);
-}
-
-void Send(QWidget* receiver, const Key& key, bool repeated = false)
-{
-    QKeyEvent press(QEvent::KeyPress, key.key, key.modifiers, QString(), repeated);
-    QApplication::sendEvent(receiver, &press);
-}
-
 } // namespace
 
 class tst_viewer_keys : public QObject
@@ -210,7 +156,7 @@ class tst_viewer_keys : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
+    void initTestCase() { bench = std::make_unique<KeyBench>(); }
     void cleanupTestCase() { bench.reset(); }
 
     void everyCodeHasItsKeys_data();
@@ -225,45 +171,12 @@ private slots:
     void superIsNoneOfTheKeysHeldWithE();
     void noKeyReachesTheSheet();
     void scrollKeysStopAndStartAlike();
-    void aHeldKeyWaitsForTheSheet_data();
-    void aHeldKeyWaitsForTheSheet();
-    void aHeldKeyGoesOnOverAnEmptySheet();
-    void aKeyThatChangesNothingHoldsNobodyUp();
-    void everyPressCounts();
     void everyKeyInEditModeIsTheSheets_data();
     void everyKeyInEditModeIsTheSheets();
-    void theHeldKeyThatBeganEditingIsNotTyped();
-    void aHeldEnterScrollsOnce();
-    void aHeldEscClosesNothing();
 
 private:
-    /// @return a viewer on the second of three songs, a semitone up, 300 pixels down, scrolling
-    QPointer<frmVisualizar> Prepared() const;
-
-    std::unique_ptr<ViewerBench> bench;
-    qint64 setlist = 0;
+    std::unique_ptr<KeyBench> bench;
 };
-
-void tst_viewer_keys::initTestCase()
-{
-    bench = std::make_unique<ViewerBench>();
-    QList<qint64> songs;
-    for (const QString& title : {u"Um"_qs, u"Dois"_qs, u"Três"_qs})
-        songs += bench->catalogue.AddSong(
-            {.title = title, .text = LongSong(120), .text2 = LongSong(120)});
-    setlist = bench->catalogue.AddSetlist(u"Missa"_qs, {}, songs);
-}
-
-QPointer<frmVisualizar> tst_viewer_keys::Prepared() const
-{
-    auto viewer = bench->OpenList(setlist);
-    QTest::keyClick(viewer.data(), Qt::Key_P);
-    QTest::keyClick(viewer.data(), Qt::Key_S);
-    for (int i = 0; i < 3; ++i)
-        QTest::keyClick(viewer.data(), Qt::Key_Down);
-    QTest::keyClick(viewer.data(), Qt::Key_Return);
-    return viewer;
-}
 
 void tst_viewer_keys::everyCodeHasItsKeys_data()
 {
@@ -386,7 +299,7 @@ void tst_viewer_keys::everyKeyOutsideEditMode()
     QFETCH(int, key);
     QFETCH(int, modifiers);
     QFETCH(QString, effect);
-    const auto viewer = Prepared();
+    const auto viewer = bench->Prepared();
     const auto before = Look(viewer);
     QCOMPARE(before.value(u"position"_qs), u"300"_qs);
     QCOMPARE(before.value(u"scrolls"_qs), u"yes"_qs);
@@ -428,7 +341,7 @@ void tst_viewer_keys::aLetterActsWithAltGr()
     QFETCH(int, key);
     QFETCH(int, place);
     QFETCH(int, modifiers);
-    const auto viewer = Prepared();
+    const auto viewer = bench->Prepared();
     const auto before = Look(viewer);
     QKeyEvent press(QEvent::KeyPress, key, Qt::KeyboardModifiers(modifiers), quint32(place), 0, 0,
                     u"ß"_qs);
@@ -439,7 +352,7 @@ void tst_viewer_keys::aLetterActsWithAltGr()
 
 void tst_viewer_keys::superIsNoneOfTheKeysHeldWithE()
 {
-    const auto viewer = Prepared();
+    const auto viewer = bench->Prepared();
     Send(viewer, {Qt::Key_E, Qt::MetaModifier});
     QCOMPARE(Look(viewer).value(u"edits"_qs), u"no"_qs);
     Send(viewer, {Qt::Key_E, Qt::ShiftModifier | Qt::MetaModifier});
@@ -450,7 +363,7 @@ void tst_viewer_keys::superIsNoneOfTheKeysHeldWithE()
 void tst_viewer_keys::noKeyReachesTheSheet()
 {
     const auto keys = KeysOfCodes();
-    auto viewer = Prepared();
+    auto viewer = bench->Prepared();
     // The form keeps the keys away, also from a sheet that would take them.
     RichTextBox* box = Box(viewer, 2);
     box->setTextInteractionFlags(Qt::TextEditorInteraction);
@@ -470,7 +383,7 @@ void tst_viewer_keys::noKeyReachesTheSheet()
 
 void tst_viewer_keys::scrollKeysStopAndStartAlike()
 {
-    const auto viewer = Prepared();
+    const auto viewer = bench->Prepared();
     Send(viewer, {Qt::Key_Return});
     Send(viewer, {Qt::Key_Home});
     QCOMPARE(Look(viewer).value(u"scrolls"_qs), u"no"_qs);
@@ -478,82 +391,6 @@ void tst_viewer_keys::scrollKeysStopAndStartAlike()
     QCOMPARE(Look(viewer).value(u"scrolls"_qs), u"no"_qs);
     Send(viewer, {Qt::Key_Enter, Qt::KeypadModifier});
     QCOMPARE(Look(viewer).value(u"scrolls"_qs), u"yes"_qs);
-    delete viewer;
-}
-
-void tst_viewer_keys::aHeldKeyWaitsForTheSheet_data()
-{
-    QTest::addColumn<int>("key");
-    QTest::addColumn<QString>("first");
-    QTest::addColumn<QString>("second");
-    QTest::newRow("S") << int(Qt::Key_S) << u"key (D)"_qs << u"key (D#)"_qs;
-    QTest::newRow("D") << int(Qt::Key_D) << u"key (C)"_qs << u"key (B)"_qs;
-    QTest::newRow("+") << int(Qt::Key_Plus) << u"points 19"_qs << u"points 21"_qs;
-    QTest::newRow("-") << int(Qt::Key_Minus) << u"points 15"_qs << u"points 13"_qs;
-    QTest::newRow("C") << int(Qt::Key_C) << u"lines 121"_qs << u"lines 241"_qs;
-    QTest::newRow("V") << int(Qt::Key_V) << u"version v.1"_qs << u"version v.2"_qs;
-}
-
-void tst_viewer_keys::aHeldKeyWaitsForTheSheet()
-{
-    QFETCH(int, key);
-    QFETCH(QString, first);
-    QFETCH(QString, second);
-    const auto viewer = Prepared();
-    QVERIFY(QTest::qWaitForWindowExposed(viewer.data()));
-    QCoreApplication::processEvents();
-    const QString what = first.section(u' ', 0, 0);
-    const auto shown = [&] { return QString(what + u' ' + Look(viewer).value(what)); };
-    Send(viewer, {key});
-    for (int i = 0; i < 30; ++i)
-        Send(viewer, {key}, true);
-    QCOMPARE(shown(), first);
-    // The sheet has been seen: the next repeat acts, and only that one.
-    Box(viewer, Box(viewer, 1)->isVisible() ? 1 : 2)->viewport()->repaint();
-    for (int i = 0; i < 30; ++i)
-        Send(viewer, {key}, true);
-    QCOMPARE(shown(), second);
-    delete viewer;
-}
-
-void tst_viewer_keys::aHeldKeyGoesOnOverAnEmptySheet()
-{
-    const auto viewer = bench->Open({.text = u""_qs, .text2 = u""_qs});
-    QVERIFY(QTest::qWaitForWindowExposed(viewer.data()));
-    QCoreApplication::processEvents();
-    Send(viewer, {Qt::Key_S});
-    for (const QString& key : {u"(D)"_qs, u"(D#)"_qs, u"(E)"_qs}) {
-        QCoreApplication::processEvents(); // whatever is to be painted is
-        Send(viewer, {Qt::Key_S}, true);
-        QCOMPARE(Look(viewer).value(u"key"_qs), key);
-    }
-    delete viewer;
-}
-
-void tst_viewer_keys::aKeyThatChangesNothingHoldsNobodyUp()
-{
-    const auto viewer = Prepared();
-    QVERIFY(QTest::qWaitForWindowExposed(viewer.data()));
-    Send(viewer, {Qt::Key_P});
-    Box(viewer, 2)->viewport()->repaint();
-    const auto atTheEnd = Look(viewer);
-    Send(viewer, {Qt::Key_P}); // there is no song after the last: nothing to paint
-    QCOMPARE(Difference(atTheEnd, Look(viewer)), QString());
-    Send(viewer, {Qt::Key_S}, true); // a key held since another window had the keyboard
-    QCOMPARE(Look(viewer).value(u"key"_qs), u"(C#)"_qs);
-    delete viewer;
-}
-
-void tst_viewer_keys::everyPressCounts()
-{
-    const auto viewer = Prepared();
-    for (int i = 0; i < 5; ++i)
-        Send(viewer, {Qt::Key_S});
-    QCOMPARE(Look(viewer).value(u"key"_qs), u"(F#)"_qs);
-    // Scrolling costs little: a held arrow never waits.
-    for (int i = 0; i < 5; ++i)
-        Send(viewer, {Qt::Key_Down}, true);
-    QCOMPARE(Look(viewer).value(u"position"_qs), u"500"_qs);
     delete viewer;
 }
 
@@ -572,7 +409,7 @@ void tst_viewer_keys::everyKeyInEditModeIsTheSheets()
 {
     QFETCH(int, key);
     QFETCH(int, modifiers);
-    const auto viewer = Prepared();
+    const auto viewer = bench->Prepared();
     QVERIFY(QTest::qWaitForWindowActive(viewer.data()));
     Send(viewer, {Qt::Key_E, Qt::ShiftModifier});
     const auto before = Look(viewer);
@@ -583,53 +420,6 @@ void tst_viewer_keys::everyKeyInEditModeIsTheSheets()
     for (const QString& own : {u"lines"_qs, u"position"_qs})
         after[own] = before[own];
     QCOMPARE(Difference(before, after), QString());
-    delete viewer;
-}
-
-void tst_viewer_keys::aHeldEnterScrollsOnce()
-{
-    const auto viewer = bench->Open(TestSong{});
-    const auto* timer = In<QTimer>(viewer, "TimerRolagem");
-    // Held since before the viewer came, and on from a press of its own.
-    for (int i = 0; i < 3; ++i)
-        QTest::simulateEvent(viewer, true, Qt::Key_Return, {}, QString(), true);
-    QVERIFY(!timer->isActive());
-    QTest::keyClick(viewer.data(), Qt::Key_Return);
-    for (int i = 0; i < 3; ++i)
-        QTest::simulateEvent(viewer, true, Qt::Key_Return, {}, QString(), true);
-    QVERIFY(timer->isActive());
-}
-
-void tst_viewer_keys::aHeldEscClosesNothing()
-{
-    const auto viewer = bench->Open(TestSong{});
-    // Held since it closed a box in front of the viewer.
-    for (int i = 0; i < 3; ++i)
-        Send(viewer, {Qt::Key_Escape}, true);
-    QVERIFY(!Gone(viewer));
-    QVERIFY(viewer->isVisible());
-    Send(viewer, {Qt::Key_Escape});
-    QVERIFY(Gone(viewer));
-}
-
-void tst_viewer_keys::theHeldKeyThatBeganEditingIsNotTyped()
-{
-    const auto viewer = Prepared();
-    QVERIFY(QTest::qWaitForWindowActive(viewer.data()));
-    RichTextBox* box = Box(viewer, 2);
-    const QString text = box->Text();
-    const auto type = [&](bool repeated) {
-        QKeyEvent press(QEvent::KeyPress, Qt::Key_E, Qt::ShiftModifier, u"E"_qs, repeated);
-        QApplication::sendEvent(viewer->focusWidget() ? viewer->focusWidget() : viewer, &press);
-    };
-    type(false);
-    for (int i = 0; i < 5; ++i)
-        type(true);
-    QCOMPARE(Look(viewer).value(u"edits"_qs), u"yes"_qs);
-    QCOMPARE(box->Text(), text);
-    type(false);
-    type(true);
-    QCOMPARE(box->Text().size(), text.size() + 2);
     delete viewer;
 }
 

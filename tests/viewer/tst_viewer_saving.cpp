@@ -3,8 +3,6 @@
 #include "EditingBench.h"
 
 #include "controls/Resposta_Mensagem.h"
-#include "runtime/RuntimeError.h"
-#include "support/PlainSqlite.h"
 
 namespace {
 
@@ -72,18 +70,12 @@ private slots:
     void savingKeepsFontAndChords();
     void savingLoadsTheSongAgain();
     void othersReadTheSaveAtOnce();
-    void aFailedStatementKeepsTheText_data();
-    void aFailedStatementKeepsTheText();
-    void withoutAConnectionTheTextStays_data();
-    void withoutAConnectionTheTextStays();
-    void aSongThatIsGoneIsNotStored();
     void viewersSaveTheirOwnSongs();
     void theViewerMayGoWhileTheChoiceIsOpen_data();
     void theViewerMayGoWhileTheChoiceIsOpen();
     void minimisingSavesThenLeavesThenMinimises();
     void aMinimisedViewerComesBackToAsk();
     void theAnswerIsKeptUntilTheNextDialog();
-    void igualarWhoseStatementFailsStoresNothing();
 
 private:
     void CloseByTheWindowManager(QWidget* viewer) { viewer->windowHandle()->close(); }
@@ -420,77 +412,6 @@ void tst_viewer_saving::othersReadTheSaveAtOnce()
     QCOMPARE(Box(second, 1)->Text(), QString());
 }
 
-void tst_viewer_saving::aFailedStatementKeepsTheText_data()
-{
-    QTest::addColumn<QByteArray>("other");
-    QTest::newRow("another program writes: at the statement") << QByteArray("BEGIN IMMEDIATE");
-    QTest::newRow("another program reads: at the commit")
-        << QByteArray("BEGIN; SELECT count(*) FROM MUSICA");
-}
-
-void tst_viewer_saving::aFailedStatementKeepsTheText()
-{
-    QFETCH(QByteArray, other);
-    const auto viewer = bench->OpenActive();
-    Edit(viewer, u" forte"_qs);
-    PlainSqlite holder(bench->catalogue.Path());
-    holder.Run(other);
-    QVERIFY(ClickAndChoose(viewer, "cmdFechar", "cmdSalvar"));
-    holder.Run("COMMIT");
-    QCOMPARE(bench->dialogs.boxes.size(), 1);
-    QVERIFY(!Gone(viewer));
-    QVERIFY(Editing(viewer));
-    QCOMPARE(Box(viewer, 2)->Text(), After);
-    QCOMPARE(bench->Stored("MUSICA2"), Before);
-    QVERIFY(ClickAndChoose(viewer, "cmdFechar", "cmdSalvar"));
-    QVERIFY(Gone(viewer));
-    QCOMPARE(bench->Stored("MUSICA2"), After);
-}
-
-void tst_viewer_saving::withoutAConnectionTheTextStays_data()
-{
-    QTest::addColumn<QByteArray>("way");
-    for (const char* way : {"cmdSalvar", "cmdFechar", "cmdMinimizar", "window manager"})
-        QTest::newRow(way) << QByteArray(way);
-}
-
-void tst_viewer_saving::withoutAConnectionTheTextStays()
-{
-    QFETCH(QByteArray, way);
-    const auto viewer = bench->OpenActive();
-    Edit(viewer, u" forte"_qs);
-    Funcoes::Conexao.Close(); // as when the main form is closed
-    QVERIFY(WithChoice(
-        [&] {
-            if (way == "window manager")
-                CloseByTheWindowManager(viewer);
-            else
-                Click(viewer, way.constData());
-        },
-        [](QWidget& dialog) { Click(&dialog, "cmdSalvar"); }));
-    QCOMPARE(bench->dialogs.boxes.size(), 1);
-    QCOMPARE(int(bench->dialogs.boxes.first().icon), int(Icone::Critico));
-    QVERIFY(!Gone(viewer));
-    QVERIFY(Editing(viewer));
-    QVERIFY(!viewer->isMinimized());
-    QCOMPARE(Box(viewer, 2)->Text(), After);
-    QVERIFY(ClickAndChoose(viewer, "cmdFechar", "cmdNaoSalvar"));
-    QVERIFY(Gone(viewer));
-    QCOMPARE(bench->dialogs.boxes.size(), 1);
-}
-
-void tst_viewer_saving::aSongThatIsGoneIsNotStored()
-{
-    const auto viewer = bench->OpenActive();
-    Edit(viewer, u" forte"_qs);
-    bench->catalogue.Run(u"DELETE FROM MUSICA"_qs);
-    QVERIFY(ClickAndChoose(viewer, "cmdSalvar", "cmdSalvar"));
-    QVERIFY(bench->dialogs.boxes.isEmpty());
-    QCOMPARE(bench->catalogue.Field(u"SELECT COUNT(*) FROM MUSICA"_qs), u"0"_qs);
-    QVERIFY(!Editing(viewer));
-    QCOMPARE(Caption(viewer, "lblTitulo"), u"Santo Deus"_qs);
-}
-
 void tst_viewer_saving::viewersSaveTheirOwnSongs()
 {
     const qint64 one = bench->catalogue.AddSong({.title = u"Um"_qs, .key = u"C"_qs});
@@ -587,27 +508,6 @@ void tst_viewer_saving::theAnswerIsKeptUntilTheNextDialog()
                        }));
     QCOMPARE(open, 0);
     QCOMPARE(int{Funcoes::Resposta_Mensagem}, 0);
-}
-
-void tst_viewer_saving::igualarWhoseStatementFailsStoresNothing()
-{
-    const auto viewer = bench->OpenActive({.title = u"Olho d'água"_qs});
-    Click(viewer, "lblVersao"); // both versions have been seen
-    Click(viewer, "lblVersao");
-    const QString first = Box(viewer, 1)->Text();
-    Edit(viewer, u" forte"_qs);
-    QVERIFY(ClickAndChoose(viewer, "cmdSalvar", "cmdSalvarIgualar"));
-    QCOMPARE(bench->dialogs.boxes.size(), 1);
-    QVERIFY(Editing(viewer));
-    QCOMPARE(Box(viewer, 2)->Text(), After);
-    QCOMPARE(bench->Stored("MUSICA"), u"C  G7\r\nSanto Deus"_qs);
-    QCOMPARE(bench->Stored("MUSICA2"), Before);
-    // What was equalised stays so in the box; giving up the change shows both as stored again.
-    QCOMPARE(Box(viewer, 1)->Text(), After);
-    Click(viewer, "cmdDescartar");
-    QCOMPARE(Box(viewer, 2)->Text(), Before);
-    Click(viewer, "lblVersao");
-    QCOMPARE(Box(viewer, 1)->Text(), first);
 }
 
 QTEST_MAIN(tst_viewer_saving)
