@@ -38,6 +38,14 @@ QString Installation::Program() const
                                           : QStringLiteral("Melodario.exe"));
 }
 
+QString Installation::NameOf(const QString& path)
+{
+    if (WindowsFolder().isEmpty())
+        return path;
+    // Wine shows the whole system as one drive.
+    return QStringLiteral("Z:") + QString(path).replace(QLatin1Char('/'), QLatin1Char('\\'));
+}
+
 void Installation::CopyForWindows() const
 {
     const QDir from(WindowsFolder());

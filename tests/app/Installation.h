@@ -23,6 +23,9 @@ public:
     QString Catalogue() const { return Path(QStringLiteral("Melodario.mdb")); }
     QString Path(const QString& name) const { return m_folder + QLatin1Char('/') + name; }
 
+    /// @return what the program and its user call a path of this system
+    static QString NameOf(const QString& path);
+
     /// @return the names of everything in the folder but the program and what it carries, sorted.
     QStringList Names() const;
 

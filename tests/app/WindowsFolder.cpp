@@ -4,12 +4,6 @@
 
 #include <QProcess>
 
-QString WindowsFolder::NameOf(const QString& path)
-{
-    // Wine shows the whole system as one drive.
-    return u"Z:"_qs + QString(path).replace(u'/', u'\\');
-}
-
 WindowsFolder::Ended WindowsFolder::Run(const QStringList& command)
 {
     return RunHere(QStringList(u"wine"_qs) + command);

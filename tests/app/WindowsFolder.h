@@ -7,9 +7,6 @@
 /// A program for Windows under Wine, as a test on this system sees it.
 namespace WindowsFolder {
 
-/// @return what Windows programs call a path of this system
-QString NameOf(const QString& path);
-
 struct Ended
 {
     int code = -1; ///< -1 when it did not end by itself

@@ -172,7 +172,7 @@ void JornadaWindows::aFolderWithANameBeyondTheCodePage()
     Picture(u"principal"_qs);
     CloseTheForm();
     QCOMPARE(Installation::Content(m_program->Configuration()),
-             "[BANCO]\r\nEndereco=" + WindowsFolder::NameOf(m_program->Catalogue()).toUtf8());
+             "[BANCO]\r\nEndereco=" + Installation::NameOf(m_program->Catalogue()).toUtf8());
     QCOMPARE(m_program->Names(), QStringList({u"Melodario.mdb"_qs, u"config.ini"_qs}));
     // Moved as it is, the folder still names its catalogue.
     StartToTheForm();
@@ -222,7 +222,7 @@ void JornadaWindows::songsLeaveAndComeBack()
     Wait(u"^Salvar Arquivo$"_qs);
     Picture(u"exportar-arquivo"_qs);
     m_screen->Press({u"ctrl+a"_qs});
-    m_screen->Type(WindowsFolder::NameOf(file));
+    m_screen->Type(Installation::NameOf(file));
     m_screen->Press({u"Return"_qs});
     Wait(Box);
     QTRY_VERIFY(Installation::Content(file).endsWith("\r\n</musicas>"));
@@ -238,7 +238,7 @@ void JornadaWindows::songsLeaveAndComeBack()
     Wait(u"^Importar\\.\\.\\.$"_qs);
     Picture(u"importar-arquivo"_qs);
     m_screen->Press({u"ctrl+a"_qs});
-    m_screen->Type(WindowsFolder::NameOf(file));
+    m_screen->Type(Installation::NameOf(file));
     m_screen->Press({u"Return"_qs});
     Wait(Box);
     QTRY_COMPARE(Songs(u"Canção da Água"_qs), 1);
@@ -282,7 +282,7 @@ void JornadaWindows::bothSystemsUseTheSameCatalogue()
     const auto here =
         WindowsFolder::RunHere({QStringLiteral(MELODARIO_VERIFICA), m_program->Catalogue()});
     const auto there = WindowsFolder::Run(
-        {Tool(u"melodario-verifica"_qs), WindowsFolder::NameOf(m_program->Catalogue())});
+        {Tool(u"melodario-verifica"_qs), Installation::NameOf(m_program->Catalogue())});
     QCOMPARE(there.code, here.code);
     const auto findings = [](const QByteArray& out) {
         return out.mid(out.indexOf(".mdb: ")).replace("\r", "");
@@ -301,7 +301,7 @@ void JornadaWindows::aCatalogueInADeepFolder()
     const QString place = deep + u"/Melodario.mdb";
     QVERIFY(QFile::rename(m_program->Catalogue(), place));
     QVERIFY(Installation::Put(m_program->Configuration(),
-                              "[BANCO]\r\nEndereco=" + WindowsFolder::NameOf(place).toUtf8()));
+                              "[BANCO]\r\nEndereco=" + Installation::NameOf(place).toUtf8()));
     StartToTheForm();
     OpenTheFish();
     m_screen->Press({u"shift+e"_qs});
@@ -332,8 +332,8 @@ void JornadaWindows::bothSystemsConvertAlike()
                      .code,
                  0);
         const auto ended = WindowsFolder::Run({Tool(u"melodario-converte"_qs),
-                                               WindowsFolder::NameOf(m_program->Catalogue()),
-                                               WindowsFolder::NameOf(there)});
+                                               Installation::NameOf(m_program->Catalogue()),
+                                               Installation::NameOf(there)});
         QVERIFY2(ended.code == 0, ended.err.constData());
         const QByteArray content = Installation::Content(there);
         QVERIFY(content.size() > 1000);
@@ -341,13 +341,13 @@ void JornadaWindows::bothSystemsConvertAlike()
         // Through the standard output the bytes are the same.
         const auto piped =
             WindowsFolder::Run({Tool(u"melodario-converte"_qs), u"--formato"_qs, ending,
-                                WindowsFolder::NameOf(m_program->Catalogue()), u"-"_qs});
+                                Installation::NameOf(m_program->Catalogue()), u"-"_qs});
         QCOMPARE(piped.out, content);
     }
     const QString book = m_program->Path(u"cancioneiro.pdf"_qs);
     const auto made = WindowsFolder::Run({Tool(u"melodario-converte"_qs),
-                                          WindowsFolder::NameOf(m_program->Catalogue()),
-                                          WindowsFolder::NameOf(book)});
+                                          Installation::NameOf(m_program->Catalogue()),
+                                          Installation::NameOf(book)});
     QVERIFY2(made.code == 0, made.err.constData());
     // With the fonts that the program carries, not with whatever is installed.
     const auto fonts = WindowsFolder::RunHere({u"pdffonts"_qs, book});
@@ -357,8 +357,8 @@ void JornadaWindows::bothSystemsConvertAlike()
     QVERIFY(QFile::copy(QStringLiteral(MELODARIO_SOURCE_DIR "/tests/jet/dados/catalogo-antigo.mdb"),
                         m_program->Path(u"antigo.mdb"_qs)));
     const auto refused = WindowsFolder::Run(
-        {Tool(u"melodario-converte"_qs), WindowsFolder::NameOf(m_program->Path(u"antigo.mdb"_qs)),
-         WindowsFolder::NameOf(m_program->Path(u"novo.mdb"_qs))});
+        {Tool(u"melodario-converte"_qs), Installation::NameOf(m_program->Path(u"antigo.mdb"_qs)),
+         Installation::NameOf(m_program->Path(u"novo.mdb"_qs))});
     QCOMPARE(refused.code, 2);
     QVERIFY2(refused.err.contains("não convertido: Falta o programa melodario-jet"),
              refused.err.constData());
@@ -387,7 +387,7 @@ void JornadaWindows::aFileIsOpenedAsRegistered()
     New(u"Música песни"_qs);
     const auto registered = WindowsFolder::Run({Tool(u"melodario-registra"_qs), u"--registrar"_qs});
     QCOMPARE(registered.code, 0);
-    QVERIFY2(registered.out.contains(WindowsFolder::NameOf(m_program->Program()).toUtf8()),
+    QVERIFY2(registered.out.contains(Installation::NameOf(m_program->Program()).toUtf8()),
              registered.out.constData());
     const auto entry = WindowsFolder::Run({u"reg"_qs, u"query"_qs, Classes + u"\\.mld"});
     QCOMPARE(entry.code, 0);
@@ -401,7 +401,7 @@ void JornadaWindows::aFileIsOpenedAsRegistered()
     QVERIFY2(command.out.contains(" \"%1\"") && command.out.contains("Melodario.exe\""),
              command.out.constData());
     QProcess explorer;
-    explorer.start(u"wine"_qs, {m_program->Program(), WindowsFolder::NameOf(file)});
+    explorer.start(u"wine"_qs, {m_program->Program(), Installation::NameOf(file)});
     Wait(Box);
     QTRY_COMPARE(Songs(u"Luz"_qs), 1);
     Picture(u"arquivo-aberto"_qs);

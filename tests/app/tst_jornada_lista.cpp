@@ -17,7 +17,8 @@ private slots:
 private:
     void Answer(const QString& box, const QStringList& keys) const
     {
-        QVERIFY2(!m_screen.WaitForFocus(box).isEmpty(), qPrintable(box));
+        QVERIFY2(!m_screen.WaitForFocus(box).isEmpty(),
+                 qPrintable(box + u'\n' + m_screen.Report()));
         m_screen.Press(keys);
     }
     QList<QStringList> Rows(const QString& sql) const

@@ -40,7 +40,7 @@ private:
     void ChooseFile(const QString& picker)
     {
         Answer(picker, {u"ctrl+a"_qs});
-        m_screen.Type(m_program.Path(u"three.mld"_qs));
+        m_screen.Type(Installation::NameOf(m_program.Path(u"three.mld"_qs)));
         m_screen.Press({u"Return"_qs});
     }
     QList<QStringList> Rows(const QString& sql) const
