@@ -44,6 +44,7 @@ private slots:
     void sortingIgnoresItsErrors();
     void datesWrittenInAnotherWay();
     void setlistsOfTheSameDay();
+    void setlistsOfTheSameNameKeepTheirOrder();
     void twoConversions_data();
     void twoConversions();
 
@@ -507,6 +508,23 @@ void tst_lista_grade::setlistsOfTheSameDay()
     for (int i = 0; i < 3; ++i) {
         Responde(i, "cmdEditar");
         QCOMPARE(Texto("txtNome") + u"|2009-03-05", Grade().at(i));
+    }
+}
+
+void tst_lista_grade::setlistsOfTheSameNameKeepTheirOrder()
+{
+    constexpr int Semanas = 60;
+    QStringList recentesPrimeiro;
+    for (int i = 0; i < Semanas; ++i) {
+        const QDate domingo = QDate(2009, 3, 1).addDays(7 * i);
+        m_catalogo->AddSetlist(u"Missa"_qs, domingo);
+        recentesPrimeiro.prepend(u"Missa|"_qs + domingo.toString(Qt::ISODate));
+    }
+    Carrega();
+    QCOMPARE(Grade(), recentesPrimeiro);
+    for (int i = 0; i < 2; ++i) {
+        Cabecalho(0);
+        QCOMPARE(Grade(), recentesPrimeiro);
     }
 }
 
