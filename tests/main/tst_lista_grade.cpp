@@ -516,7 +516,7 @@ void tst_lista_grade::setlistsOfTheSameNameKeepTheirOrder()
     constexpr int Semanas = 60;
     QStringList recentesPrimeiro;
     for (int i = 0; i < Semanas; ++i) {
-        const QDate domingo = QDate(2009, 3, 1).addDays(7 * i);
+        const QDate domingo = QDate(2009, 3, 1).addDays(qint64{7} * i);
         m_catalogo->AddSetlist(u"Missa"_qs, domingo);
         recentesPrimeiro.prepend(u"Missa|"_qs + domingo.toString(Qt::ISODate));
     }
