@@ -1,12 +1,12 @@
 // melodario-verifica: tells what is wrong with a catalogue, and repairs it into a new one.
 
-#include "runtime/FileTrouble.h"
 #include "runtime/RuntimeError.h"
 #include "tools/CatalogueRepair.h"
 #include "tools/CheckedCatalogue.h"
 #include "tools/Console.h"
 #include "tools/Messages.h"
 #include "tools/RepairedFile.h"
+#include "tools/StandardInput.h"
 #include "tools/VerificationOrder.h"
 
 #include <QCoreApplication>
@@ -131,29 +131,11 @@ int Repair(const CheckedCatalogue& catalogue, const VerificationOrder& order, QT
     return outcome.lost.isEmpty() && outcome.after.findings.isEmpty() ? AllWell : SomethingFound;
 }
 
-/// SQLite reads files, so what comes through a pipe becomes one.
 QString FromStandardInput(QTemporaryFile& file)
 {
-    const auto noPlace = [&file] {
-        throw RuntimeError(RuntimeError::FileFailure,
-                           u"não há lugar para o catálogo que veio da entrada padrão"_qs,
-                           FileTrouble(file));
-    };
-    QFile in;
-    if (!file.open())
-        noPlace();
-    bool read = in.open(stdin, QIODevice::ReadOnly);
-    constexpr qint64 Block = 1 << 20;
-    for (QByteArray block = in.read(Block); !block.isEmpty(); block = in.read(Block)) {
-        if (file.write(block) != block.size())
-            noPlace();
-    }
-    read = read && in.error() == QFileDevice::NoError;
-    if (!read) // it may be closed, and need not be a file
-        throw RuntimeError(RuntimeError::FileFailure, u"a entrada padrão não pôde ser lida"_qs,
-                           QString());
-    if (!file.flush())
-        noPlace();
+    const QString notKept = KeepInput(file);
+    if (!notKept.isEmpty())
+        throw RuntimeError(RuntimeError::FileFailure, notKept, QString());
     file.close();
     return file.fileName();
 }

@@ -333,7 +333,7 @@ void tst_verifica::closedInputIsTold()
 {
     for (const QString& input : {u"<&-"_qs, u"</"_qs}) {
         const Outcome outcome = RunTool(u"/bin/sh"_qs, {u"-c"_qs, u"exec \"$0\" - " + input, Tool});
-        QCOMPARE(outcome.err, u"a entrada padrão não pôde ser lida\n"_qs);
+        QCOMPARE(outcome.err, u"a entrada padrão não pode ser lida\n"_qs);
         QCOMPARE(outcome.code, 2);
     }
 }
