@@ -4,9 +4,9 @@
 #include "runtime/RuntimeError.h"
 #include "store/CatalogueFile.h"
 #include "store/sqlite/Failure.h"
+#include "store/sqlite/FileName.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QLockFile>
 
 #include <sqlite3.h>
@@ -90,8 +90,7 @@ void CatalogueDraft::Lock()
 
 void CatalogueDraft::Open(int flags)
 {
-    const QByteArray name =
-        m_path.isEmpty() ? QByteArray(":memory:") : QFileInfo(m_path).absoluteFilePath().toUtf8();
+    const QByteArray name = m_path.isEmpty() ? QByteArray(":memory:") : SqliteFileName(m_path);
     sqlite3* handle = nullptr;
     const int result = sqlite3_open_v2(
         name.constData(), &handle, flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);

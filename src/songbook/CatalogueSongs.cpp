@@ -7,9 +7,9 @@
 #include "store/StoredDate.h"
 #include "store/dialect/Schema.h"
 #include "store/sqlite/Failure.h"
+#include "store/sqlite/FileName.h"
 #include "store/sqlite/Statement.h"
 
-#include <QFileInfo>
 #include <QSet>
 
 #include <sqlite3.h>
@@ -59,8 +59,7 @@ void CatalogueSongs::CloseHandle::operator()(sqlite3* handle) const noexcept
 CatalogueSongs::CatalogueSongs(const QString& path)
 {
     CatalogueFile::CheckHeader(path);
-    // An absolute path is never taken for one of SQLite's special names.
-    const QByteArray name = QFileInfo(path).absoluteFilePath().toUtf8();
+    const QByteArray name = SqliteFileName(path);
     sqlite3* handle = nullptr;
     const int result = sqlite3_open_v2(name.constData(), &handle, SQLITE_OPEN_READONLY, nullptr);
     m_handle.reset(handle);

@@ -8,10 +8,9 @@
 #include "store/dialect/Writer.h"
 #include "store/shelf/SongShelf.h"
 #include "store/sqlite/Failure.h"
+#include "store/sqlite/FileName.h"
 #include "store/sqlite/LockPatience.h"
 #include "store/sqlite/SqlFunctions.h"
-
-#include <QFileInfo>
 
 #include <sqlite3.h>
 
@@ -94,8 +93,7 @@ Connection::Database::~Database()
 
 void Connection::Database::OpenHandle(const QString& path)
 {
-    // An absolute path is never taken for one of SQLite's special names.
-    const QByteArray name = QFileInfo(path).absoluteFilePath().toUtf8();
+    const QByteArray name = SqliteFileName(path);
     sqlite3* handle = nullptr;
     const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
     const int result = sqlite3_open_v2(name.constData(), &handle, flags, nullptr);

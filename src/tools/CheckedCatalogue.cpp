@@ -3,10 +3,9 @@
 #include "runtime/RuntimeError.h"
 #include "store/CatalogueFile.h"
 #include "store/sqlite/Failure.h"
+#include "store/sqlite/FileName.h"
 #include "store/sqlite/Statement.h"
 #include "tools/ExcerptFunction.h"
-
-#include <QFileInfo>
 
 #include <sqlite3.h>
 
@@ -48,8 +47,7 @@ CheckedCatalogue::CheckedCatalogue(const QString& path)
 
 void CheckedCatalogue::Open()
 {
-    // An absolute path is never taken for one of SQLite's special names.
-    const QByteArray name = QFileInfo(m_path).absoluteFilePath().toUtf8();
+    const QByteArray name = SqliteFileName(m_path);
     sqlite3* raw = nullptr;
     const int opened = sqlite3_open_v2(name.constData(), &raw, SQLITE_OPEN_READONLY, nullptr);
     m_handle.reset(raw);

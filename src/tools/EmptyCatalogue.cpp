@@ -2,10 +2,10 @@
 
 #include "runtime/RuntimeError.h"
 #include "store/sqlite/Failure.h"
+#include "store/sqlite/FileName.h"
 #include "store/sqlite/Statement.h"
 #include "tools/DeliveredSchema.h"
 
-#include <QFileInfo>
 #include <QString>
 
 #include <sqlite3.h>
@@ -42,9 +42,7 @@ void EmptyCatalogue::CloseHandle::operator()(sqlite3* handle) const noexcept
 
 EmptyCatalogue::Handle EmptyCatalogue::Make(const QString& path)
 {
-    // An absolute path is never taken for one of SQLite's special names.
-    const QByteArray name =
-        path.isEmpty() ? QByteArray(":memory:") : QFileInfo(path).absoluteFilePath().toUtf8();
+    const QByteArray name = path.isEmpty() ? QByteArray(":memory:") : SqliteFileName(path);
     sqlite3* raw = nullptr;
     const int result = sqlite3_open_v2(name.constData(), &raw,
                                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);

@@ -1,6 +1,7 @@
 #include "tools/NewCatalogue.h"
 
 #include "runtime/RuntimeError.h"
+#include "store/sqlite/FileName.h"
 #include "tools/SeedFiles.h"
 
 #include <QDir>
@@ -25,8 +26,7 @@ public:
     {
         QFile::remove(m_path);
         sqlite3* db = nullptr;
-        // An absolute path is never taken for one of SQLite's special names.
-        const QByteArray name = QFileInfo(m_path).absoluteFilePath().toUtf8();
+        const QByteArray name = SqliteFileName(m_path);
         const int rc = sqlite3_open_v2(name.constData(), &db,
                                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
         m_db.reset(db);
